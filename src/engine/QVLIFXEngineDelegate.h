@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace lumeroom {
+
+/// A modal message: what it says and the buttons that close it.
+struct Alert {
+    std::string title;
+    std::string text;
+    std::vector<std::string> buttons;
+};
+
+/// The engine's one observer. Every call comes on the main thread.
+class QVLIFXEngineDelegate {
+public:
+    virtual ~QVLIFXEngineDelegate() = default;
+
+    /// A lamp's label changed, its first included, or its tags were reported.
+    virtual void newLampsAdded() = 0;
+    /// A lamp's colour, power, group or location changed, or a group or location became known.
+    virtual void lampStatesChanged() = 0;
+    virtual void lampZoneStatesChanged() = 0;
+    virtual void newZoneAdded() = 0;
+    virtual void engineIsSsearching(bool searching) = 0;
+    /// Shows the alert and returns once it is dismissed, with the index of the button pressed.
+    virtual int runModal(const Alert& alert) = 0;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,166 @@
+#pragma once
+
+#include "base/Value.h"
+
+#include <array>
+#include <memory>
+#include <span>
+
+namespace lumeroom {
+
+class UdpSocket;
+
+/// The keys by which records and settings are known to the rest of the program and its files.
+namespace keys {
+inline constexpr std::string_view kAddress = "address";
+inline constexpr std::string_view kId = "id";
+inline constexpr std::string_view kLabel = "label";
+inline constexpr std::string_view kMac = "MAC";
+inline constexpr std::string_view kSocket = "socket";
+inline constexpr std::string_view kService = "service";
+inline constexpr std::string_view kPort = "port";
+inline constexpr std::string_view kColour = "colour";
+inline constexpr std::string_view kSaturation = "saturation";
+inline constexpr std::string_view kBrightness = "brightness";
+inline constexpr std::string_view kWarmth = "warmth";
+inline constexpr std::string_view kOnOff = "onoff";
+inline constexpr std::string_view kDuration = "duration";
+inline constexpr std::string_view kGroup = "group";
+inline constexpr std::string_view kLocation = "location";
+inline constexpr std::string_view kTags = "tags";
+inline constexpr std::string_view kProduct = "product";
+inline constexpr std::string_view kVendor = "vendor";
+inline constexpr std::string_view kVersion = "version";
+inline constexpr std::string_view kCapabilities = "capabilities";
+inline constexpr std::string_view kZoneCount = "zonecount";
+inline constexpr std::string_view kZones = "zones";
+inline constexpr std::string_view kZone = "zone";
+inline constexpr std::string_view kGroupGuid = "groupguid";
+inline constexpr std::string_view kLocationGuid = "locationguid";
+inline constexpr std::string_view kUpdatedAt = "updated_at";
+inline constexpr std::string_view kIntegerId = "integerId";
+inline constexpr std::string_view kTag = "tag";
+} // namespace keys
+
+/// The ID that stands for all lamps.
+inline constexpr std::string_view kAllLampsId = "0";
+
+/// Capability bits of a lamp.
+inline constexpr int kCapabilityColour = 1;
+inline constexpr int kCapabilityVariableWhite = 4;
+inline constexpr int kCapabilitiesColourLamp = 7;
+inline constexpr int kCapabilitiesWhiteLamp = 2;
+
+/// Colour in lamp units, each member absent when not known: colour (hue) 0 to 65535; saturation 0
+/// to 255 and inverted, 0 being full colour and 255 white; brightness 0 to 255; warmth 9000 minus
+/// kelvin.
+struct LampColour {
+    std::optional<double> colour;
+    std::optional<double> saturation;
+    std::optional<double> brightness;
+    std::optional<double> warmth;
+
+    /// Any, or all, of the four are present.
+    bool hasAny() const;
+    bool hasAll() const;
+    /// Copies the members that `other` has.
+    void adopt(const LampColour& other);
+    void writeTo(Value::Dictionary& dictionary) const;
+    bool operator==(const LampColour&) const = default;
+};
+
+/// What to change, or a summary of what is. An absent member means: leave that property alone.
+struct Settings : LampColour {
+    std::optional<bool> onoff;
+    std::optional<double> duration; ///< transition, in seconds
+
+    static Settings fromDictionary(const Value::Dictionary& dictionary);
+    Value::Dictionary toDictionary() const;
+    std::optional<Value> valueForKey(std::string_view key) const;
+    bool operator==(const Settings&) const = default;
+};
+
+/// One zone of a multizone lamp.
+struct Zone : LampColour {
+    int zone = 0; ///< 0 to 255
+
+    Value::Dictionary toDictionary() const;
+    std::optional<Value> valueForKey(std::string_view key) const;
+};
+
+using Target = std::array<std::uint8_t, 8>;
+using Guid = std::array<std::uint8_t, 16>;
+
+/// A group or a location: a guid, label and update time that lamps store.
+struct Grouping {
+    Guid guid{};
+    std::string label;
+    std::optional<std::uint64_t> updatedAt; ///< nanoseconds since 1970
+    std::string id; ///< the guid in 32 hexadecimal digits
+    std::int64_t integerId = 0; ///< nanoseconds since 1970 when the record was built; its menu tag
+
+    bool operator==(const Grouping&) const = default;
+};
+
+struct Group : Grouping {
+    Value::Dictionary toDictionary() const;
+    std::optional<Value> valueForKey(std::string_view key) const;
+};
+
+struct Location : Grouping {
+    Value::Dictionary toDictionary() const;
+    std::optional<Value> valueForKey(std::string_view key) const;
+};
+
+/// A tag of the older scheme: one bit of each lamp's 64-bit field, and a name.
+struct Tag {
+    std::uint64_t tag = 0;
+    std::string label;
+    std::string id; ///< the same text as the label
+
+    Value::Dictionary toDictionary() const;
+    std::optional<Value> valueForKey(std::string_view key) const;
+    bool operator==(const Tag&) const = default;
+};
+
+/// A lamp's report that it serves the protocol.
+struct LampService {
+    TimePoint updatedAt;
+    std::uint32_t port = 0;
+};
+
+/// All that is known of one lamp. Members beyond the first three come with the lamp's replies.
+struct Lamp : LampColour {
+    std::string address; ///< IP address; the record's identity when it was made
+    std::string id; ///< the target in 16 hexadecimal digits
+    std::string label;
+    std::optional<Target> mac;
+    std::shared_ptr<UdpSocket> socket;
+    std::optional<LampService> service;
+    std::optional<bool> onoff;
+    std::shared_ptr<Group> group;
+    std::shared_ptr<Location> location;
+    std::optional<std::vector<std::shared_ptr<const Tag>>> tags;
+    std::optional<std::string> product;
+    std::optional<std::string> vendor;
+    std::optional<std::string> version;
+    std::optional<int> capabilities;
+    std::optional<int> zonecount; ///< 0 to 255
+    std::optional<std::vector<Zone>> zones; ///< in order of arrival
+
+    /// The colour, power and label as one dictionary entry each, with every other key that is set.
+    Value::Dictionary toDictionary() const;
+    std::optional<Value> valueForKey(std::string_view key) const;
+    /// The record's zones by ascending number; empty without zones.
+    std::vector<Zone> zonesInOrder() const;
+};
+
+using Lamps = std::vector<std::shared_ptr<Lamp>>;
+using Groups = std::vector<std::shared_ptr<Group>>;
+using Locations = std::vector<std::shared_ptr<Location>>;
+using Tags = std::vector<std::shared_ptr<const Tag>>;
+
+/// Two lower-case hexadecimal digits per byte: the ID of a lamp's target or a guid.
+std::string getIDFromMAC(std::span<const std::uint8_t> bytes);
+
+} // namespace lumeroom

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "engine/UdpSocket.h"
+
+#include <mutex>
+#include <utility>
+
+namespace lumeroom::test {
+
+struct SentDatagram {
+    const UdpSocket* socket = nullptr;
+    Datagram data;
+    std::string host;
+    std::uint16_t port = 0;
+
+    unsigned type() const { return data.size() < 34 ? 0u : data[32] + 256u * data[33]; }
+};
+
+/// Sockets that keep what is sent, in the order of all sends.
+class FakeSockets {
+public:
+    SocketFactory factory()
+    {
+        return [this](UdpSocketDelegate& delegate) {
+            return std::make_shared<Socket>(*this, delegate);
+        };
+    }
+
+    std::vector<SentDatagram> sent() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_sent;
+    }
+    std::vector<SentDatagram> take()
+    {
+        const std::lock_guard lock(m_mutex);
+        return std::exchange(m_sent, {});
+    }
+    /// Those of one message type.
+    std::vector<SentDatagram> takeOfType(unsigned type)
+    {
+        std::vector<SentDatagram> all = take();
+        std::erase_if(
+            all, [type](const SentDatagram& datagram) { return datagram.type() != type; });
+        return all;
+    }
+    int made() const { return m_made; }
+    int closed() const { return m_closed; }
+
+private:
+    class Socket : public UdpSocket {
+    public:
+        Socket(FakeSockets& owner, UdpSocketDelegate&)
+            : m_owner(owner)
+        {
+            ++m_owner.m_made;
+        }
+        std::optional<SocketError> enableBroadcast(bool) override { return {}; }
+        void sendDataToHost(Datagram data, const std::string& host, std::uint16_t port) override
+        {
+            const std::lock_guard lock(m_owner.m_mutex);
+            m_owner.m_sent.push_back({this, std::move(data), host, port});
+        }
+        std::optional<SocketError> beginReceiving() override { return {}; }
+        void close() override { ++m_owner.m_closed; }
+
+    private:
+        FakeSockets& m_owner;
+    };
+
+    mutable std::mutex m_mutex;
+    std::vector<SentDatagram> m_sent;
+    int m_made = 0;
+    int m_closed = 0;
+};
+
+} // namespace lumeroom::test
