@@ -1,0 +1,30 @@
+#pragma once
+
+#include "engine/QVLIFXEngineDelegate.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lumeroom {
+
+class LampControlStrip;
+using Strips = std::vector<std::shared_ptr<LampControlStrip>>;
+
+/// The control panel's window, as its controller sees it.
+class PanelView {
+public:
+    virtual ~PanelView() = default;
+
+    virtual void setTitle(const std::string& title) = 0;
+    /// The search indication in the middle of the panel.
+    virtual void startThrobber() = 0;
+    virtual void stopThrobber() = 0;
+    /// Shows just these strips, in this order. A strip that was shown before keeps its view.
+    virtual void showStrips(const Strips& strips) = 0;
+    /// Brings the window to the front with the keyboard focus.
+    virtual void makeKeyAndFront() = 0;
+    virtual int runModal(const Alert& alert) = 0;
+};
+
+} // namespace lumeroom
