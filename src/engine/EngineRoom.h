@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/LampReference.h"
 #include "engine/Records.h"
 #include "engine/UdpSocket.h"
 
@@ -7,33 +8,13 @@
 
 namespace lumeroom {
 
-class Discovery;
-class GroupingCommands;
-class Heartbeat;
-class LampCommands;
-class LampRegistry;
-class LampSockets;
+class ArpTable;
+class EngineNotifier;
 class Log;
 class Pacer;
-class PollingEmbargo;
-class ProductCatalogue;
 class QVLIFXEngineDelegate;
-class ReceiveDispatcher;
 class RunLoop;
-class SendQueue;
-class TagCommands;
 class UserDefaults;
-class ArpTable;
-class Polls;
-
-/// A control strip as the engine's dialogs hand it over: something with a lamp's or a group's ID.
-class LampReference {
-public:
-    virtual ~LampReference() = default;
-    virtual bool isGroup() const = 0;
-    virtual std::string getID() const = 0;
-};
-using LampReferences = std::vector<const LampReference*>;
 
 /// What the engine stands on.
 struct EngineEnvironment {
@@ -49,14 +30,19 @@ struct EngineEnvironment {
 };
 
 /// Finds the lamps, keeps a live record of each, and sends them commands. Main thread only.
-class EngineRoom {
+/// This is the engine's face; each concern behind it has a class of its own.
+class EngineRoom : public UdpSocketDelegate {
 public:
     explicit EngineRoom(const EngineEnvironment& environment);
-    ~EngineRoom();
+    ~EngineRoom() override;
     EngineRoom(const EngineRoom&) = delete;
     EngineRoom& operator=(const EngineRoom&) = delete;
 
     void setDelegate(QVLIFXEngineDelegate* delegate);
+
+    /// Takes in a datagram, as the sockets deliver it.
+    void udpSocketDidReceiveData(
+        UdpSocket& socket, std::span<const std::uint8_t> data, const SocketAddress& from) override;
 
     // Rhythm
     void startHeartbeat();
@@ -136,9 +122,9 @@ public:
     std::string saveCurrentLightStatesAsSceneWithName() const;
 
 private:
-    EngineEnvironment m_environment;
-    std::unique_ptr<LampRegistry> m_registry;
-    // The rest is made in the order of its needs; see the constructor.
+    struct Machinery;
+
+    std::unique_ptr<Machinery> m;
 };
 
 } // namespace lumeroom

@@ -1,0 +1,132 @@
+#include "engine/Discovery.h"
+
+#include "base/DefaultsKeys.h"
+#include "base/Log.h"
+#include "base/UserDefaults.h"
+#include "engine/ArpOutput.h"
+#include "engine/EngineNotifier.h"
+#include "engine/Polls.h"
+#include "engine/WireFormat.h"
+
+namespace lumeroom {
+
+Discovery::Discovery(UserDefaults& defaults, Log& log, const EngineNotifier& notifier, Polls& polls,
+    ArpTable& arpTable)
+    : m_defaults(defaults)
+    , m_log(log)
+    , m_notifier(notifier)
+    , m_polls(polls)
+    , m_arpTable(arpTable)
+{
+}
+
+std::set<std::string> Discovery::getManualIPs() const
+{
+    constexpr std::string_view kSeparators = "\n\r\t, ";
+    constexpr std::string_view kWhiteSpace = "\n\r\t\v\f ";
+
+    const std::string text = m_defaults.stringForKey(keys::kManualIPAddresses);
+    std::set<std::string> addresses;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find_first_of(kSeparators, start), text.size());
+        std::string piece = text.substr(start, end - start);
+        piece.erase(0, piece.find_first_not_of(kWhiteSpace));
+        piece.erase(piece.find_last_not_of(kWhiteSpace) + 1);
+        if (piece.find('.') != std::string::npos)
+            addresses.insert(std::move(piece));
+        start = end + 1;
+    }
+    return addresses;
+}
+
+bool Discovery::noBroadcastSupport() const
+{
+    return m_defaults.boolForKey(keys::kNoBroadcastSupport);
+}
+
+void Discovery::broadcastGetService()
+{
+    const auto manual = getManualIPs();
+    if (!manual.empty()) {
+        for (const auto& address : manual)
+            m_polls.sendGetServiceToAddress(address);
+    } else if (noBroadcastSupport()) {
+        sendToKnownIPs(&Polls::sendGetServiceToAddress);
+    } else {
+        m_polls.sendGetServiceToAddress(std::string(wire::kBroadcastAddress));
+    }
+    m_polls.sendGetStateToAllLamps();
+}
+
+void Discovery::broadcastGetTagLabelsToLamps()
+{
+    askForDetails(&Polls::sendGetTagLabelsToLamp);
+}
+
+void Discovery::broadcastGetInfoToLamps()
+{
+    askForDetails(&Polls::sendGetInfoToLamp);
+}
+
+// Without broadcasts the details come from every address that ever answered, even where the user
+// has listed some: a listed lamp is among them as soon as it has answered.
+void Discovery::askForDetails(SendToAddress send)
+{
+    if (noBroadcastSupport()) {
+        sendToKnownIPs(send);
+        return;
+    }
+    const auto manual = getManualIPs();
+    if (manual.empty()) {
+        (m_polls.*send)(std::string(wire::kBroadcastAddress));
+        return;
+    }
+    for (const auto& address : manual)
+        (m_polls.*send)(address);
+}
+
+void Discovery::sendToKnownIPs(SendToAddress send)
+{
+    if (!m_knownIPs)
+        return;
+    for (const auto& address : *m_knownIPs)
+        (m_polls.*send)(address);
+}
+
+void Discovery::findLIFXDevices()
+{
+    m_notifier.sendEngineIsSsearchingToDelegate(true);
+    m_arpTable.read([this](const ArpTable::Result& result) {
+        m_notifier.sendEngineIsSsearchingToDelegate(false);
+        if (result.exitStatus != 0)
+            m_log.line("arp error - exit code: {}\n", result.exitStatus);
+        else
+            m_log.line("arp completed successfully\n");
+        readCompleted(result.output);
+    });
+}
+
+void Discovery::readCompleted(const std::string& output)
+{
+    m_log.line("arp read completed");
+    const auto addresses = lifxAddresses(output);
+    std::string list;
+    for (const auto& address : addresses)
+        list += (list.empty() ? "" : ", ") + address;
+    m_log.line("arp says IPs are: ({})", list);
+    addIPsToKnownIPs(addresses);
+}
+
+void Discovery::addIPsToKnownIPs(const std::vector<std::string>& addresses)
+{
+    if (!m_knownIPs)
+        m_knownIPs.emplace();
+    for (const auto& stored : m_defaults.arrayForKey(keys::kKnownIPs).value_or(Value::Array())) {
+        if (const auto* address = stored.as<std::string>())
+            m_knownIPs->insert(*address);
+    }
+    m_knownIPs->insert(addresses.begin(), addresses.end());
+    m_defaults.setObject(keys::kKnownIPs, Value::Array(m_knownIPs->begin(), m_knownIPs->end()));
+}
+
+} // namespace lumeroom

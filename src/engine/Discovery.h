@@ -1,0 +1,55 @@
+#pragma once
+
+#include "engine/ArpTable.h"
+
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumeroom {
+
+class EngineNotifier;
+class Log;
+class Polls;
+class UserDefaults;
+
+/// Chooses the addresses that are asked for lamps: everyone by broadcast, the user's own list, or
+/// what the ARP table and earlier runs know.
+class Discovery {
+public:
+    Discovery(UserDefaults& defaults, Log& log, const EngineNotifier& notifier, Polls& polls,
+        ArpTable& arpTable);
+
+    /// The user's list of addresses: whatever holds a full stop between blanks, commas and line
+    /// ends.
+    std::set<std::string> getManualIPs() const;
+    bool noBroadcastSupport() const;
+
+    // One pass each over the addresses
+    void broadcastGetService();
+    void broadcastGetTagLabelsToLamps();
+    void broadcastGetInfoToLamps();
+
+    /// Reads the ARP table once, in the background.
+    void findLIFXDevices();
+    void addIPsToKnownIPs(const std::vector<std::string>& addresses);
+
+private:
+    using SendToAddress = void (Polls::*)(const std::string& address);
+
+    void askForDetails(SendToAddress send);
+    void sendToKnownIPs(SendToAddress send);
+    void readCompleted(const std::string& output);
+
+    UserDefaults& m_defaults;
+    Log& m_log;
+    const EngineNotifier& m_notifier;
+    Polls& m_polls;
+    ArpTable& m_arpTable;
+    /// Nothing until the first addition, which takes in the addresses of earlier runs.
+    std::optional<std::set<std::string>> m_knownIPs;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "engine/Records.h"
+
+namespace lumeroom {
+
+class LampRegistry;
+class LampSockets;
+class Log;
+class UserDefaults;
+
+/// Sends power and colour to lamps and collections of them, at once and without waiting for a
+/// reply. What names no lamp, or a lamp without an address, does nothing.
+class LampCommands {
+public:
+    LampCommands(
+        LampRegistry& registry, LampSockets& sockets, const UserDefaults& defaults, Log& log);
+
+    void allOn(bool on);
+    void lampOn(std::string_view id, bool on);
+    void groupOn(std::string_view id, bool on);
+    void tagOn(std::string_view id, bool on);
+    void locationOn(std::string_view id, bool on);
+
+    void sendSettingsToLamp(const Settings& settings, std::string_view id);
+    void sendSettingsToGroup(const Settings& settings, std::string_view id);
+    void sendSettingsToTag(const Settings& settings, std::string_view id);
+    void sendSettingsToLocation(const Settings& settings, std::string_view id);
+
+    /// One LIGHT_SETPOWER. The record's power changes only when the lamp reports it.
+    void sendPowerToLamp(bool on, Lamp& lamp);
+    /// One LIGHT_SETCOLOR, or for a part of the colour of a multizone lamp one
+    /// MULTIZONE_SETCOLORZONES for each zone, so that the zones keep what is not set.
+    void sendColourToLamp(const Settings& settings, Lamp& lamp);
+    void sendColourToLampZone(const Settings& settings, Lamp& lamp, int zone);
+
+private:
+    void sendSettings(const Settings& settings, Lamp& lamp);
+    void sendSettings(const Settings& settings, const Lamps& lamps);
+    void sendPower(bool on, const Lamps& lamps);
+    /// Calls `send` for every record with this ID in its 16- or 12-digit form.
+    template <typename Send> void forLampsWithEitherID(std::string_view id, Send send);
+    /// The settings over what the lamp or zone has over the fallbacks.
+    Settings merged(const Settings& settings, const LampColour& present) const;
+
+    LampRegistry& m_registry;
+    LampSockets& m_sockets;
+    const UserDefaults& m_defaults;
+    Log& m_log;
+};
+
+} // namespace lumeroom

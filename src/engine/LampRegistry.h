@@ -1,0 +1,94 @@
+#pragma once
+
+#include "engine/Records.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+namespace lumeroom {
+
+class Log;
+
+/// Every lamp heard from, and the groups, locations and tags they carry, in order of arrival.
+/// Nothing leaves because a lamp went silent.
+class LampRegistry {
+public:
+    explicit LampRegistry(Log& log)
+        : m_log(log)
+    {
+    }
+
+    const Lamps& lamps() const { return m_lamps; }
+    Groups& groups() { return m_groups; }
+    const Groups& groups() const { return m_groups; }
+    Locations& locations() { return m_locations; }
+    const Locations& locations() const { return m_locations; }
+    Tags& tags() { return m_tags; }
+    const Tags& tags() const { return m_tags; }
+
+    /// A new record with this address, or null when some record has it already.
+    std::shared_ptr<Lamp> addLamp(const std::string& address);
+    /// Gives a lamp its "MAC" and with it its ID. A lamp that comes back at a new address has a
+    /// second record with the same ID; look-ups find the older.
+    void identify(const std::shared_ptr<Lamp>& lamp, const Target& target);
+
+    Lamp* lampWithTarget(const Target& target) const;
+    std::shared_ptr<Lamp> lampWithID(std::string_view id) const;
+    /// Every record with this ID, oldest first.
+    const Lamps& lampsWithID(std::string_view id) const;
+    std::shared_ptr<Group> groupWithID(std::string_view id) const;
+    std::shared_ptr<Location> locationWithID(std::string_view id) const;
+    std::shared_ptr<const Tag> tagNamed(std::string_view name) const;
+
+    /// The lamps of a group, else of a location, else of a tag with this ID; "0" means all.
+    Lamps lampsForGroup(std::string_view id) const;
+    Lamps lampsForLocation(std::string_view id) const;
+    Lamps lampsForTag(std::string_view id) const;
+
+    /// The known tags that share a bit with the field.
+    Tags tagArrayForTags(std::uint64_t field) const;
+
+    // One integer for each thing, for menus and schedules
+    std::int64_t integerTagForLamp(const Lamp& lamp) const;
+    std::shared_ptr<Lamp> lampForIntegerTag(std::int64_t tag) const;
+    std::shared_ptr<Group> groupForIntegerTag(std::int64_t tag) const;
+    std::shared_ptr<Location> locationForIntegerTag(std::int64_t tag) const;
+    std::shared_ptr<const Tag> tagForIntegerTag(std::int64_t tag) const;
+    /// The ID of the lamp, group, location or tag with this integer, tried in that order; "0" for
+    /// 0; nothing if it names none.
+    std::optional<std::string> stripStyleIDforIntTag(std::int64_t tag) const;
+
+private:
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const
+        {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+
+    Log& m_log;
+    Lamps m_lamps;
+    Groups m_groups;
+    Locations m_locations;
+    Tags m_tags;
+    std::unordered_set<std::string> m_addresses;
+    std::unordered_map<std::uint64_t, Lamp*> m_firstByTarget;
+    std::unordered_map<std::string, Lamps, TextHash, std::equal_to<>> m_byID;
+};
+
+/// The integer tags of the other kinds of record.
+inline std::int64_t integerTagForGroup(const Group& group)
+{
+    return group.integerId;
+}
+inline std::int64_t integerTagForLocation(const Location& location)
+{
+    return location.integerId;
+}
+inline std::int64_t integerTagForTag(const Tag& tag)
+{
+    return static_cast<std::int64_t>(tag.tag);
+}
+
+} // namespace lumeroom

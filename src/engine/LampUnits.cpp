@@ -1,0 +1,69 @@
+#include "engine/LampUnits.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr int kWarmthOrigin = 9000;
+constexpr int kByteRange = 255;
+
+// Nearly 1/257. Reading is not the inverse of writing, which multiplies by 255.
+constexpr double kByteFromWire = 0.003891050583658;
+
+std::uint16_t lowBits(std::int64_t value)
+{
+    return static_cast<std::uint16_t>(static_cast<std::uint64_t>(value) & 0xFFFFU);
+}
+
+int byteFromWire(std::uint16_t value)
+{
+    return static_cast<int>(static_cast<double>(static_cast<float>(value)) * kByteFromWire);
+}
+
+} // namespace
+
+std::int64_t integerPart(double value)
+{
+    // Beyond this a double has no exact neighbours and the cast would be undefined.
+    constexpr double kLargest = 9.0e15;
+    if (std::isnan(value))
+        return 0;
+    return static_cast<std::int64_t>(std::clamp(value, -kLargest, kLargest));
+}
+
+WireColour toWire(const LampColour& colour)
+{
+    return {
+        .hue = lowBits(integerPart(colour.colour.value_or(0))),
+        .saturation
+        = lowBits((kByteRange - integerPart(colour.saturation.value_or(0))) * kByteRange),
+        .brightness = lowBits(integerPart(colour.brightness.value_or(0)) * kByteRange),
+        .kelvin = lowBits(kWarmthOrigin - integerPart(colour.warmth.value_or(0))),
+    };
+}
+
+LampColour fromWire(const WireColour& colour)
+{
+    return {
+        .colour = colour.hue,
+        .saturation = kByteRange - byteFromWire(colour.saturation),
+        .brightness = byteFromWire(colour.brightness),
+        .warmth = lowBits(kWarmthOrigin - static_cast<std::int64_t>(colour.kelvin)),
+    };
+}
+
+std::uint32_t millisecondsFromSeconds(double seconds)
+{
+    return static_cast<std::uint32_t>(
+        static_cast<std::uint64_t>(integerPart(seconds * 1000.0)) & 0xFFFFFFFFU);
+}
+
+std::uint32_t colourDurationMilliseconds(double seconds)
+{
+    return std::max<std::uint32_t>(millisecondsFromSeconds(seconds), 100);
+}
+
+} // namespace lumeroom

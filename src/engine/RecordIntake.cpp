@@ -1,0 +1,222 @@
+#include "engine/RecordIntake.h"
+
+#include "base/Log.h"
+#include "engine/Discovery.h"
+#include "engine/EngineNotifier.h"
+#include "engine/LampRegistry.h"
+#include "engine/Polls.h"
+#include "engine/ProductCatalogue.h"
+#include "engine/Summaries.h"
+
+#include <algorithm>
+
+namespace lumeroom {
+
+namespace {
+
+bool sameInteger(const std::optional<double>& known, const std::optional<double>& reported)
+{
+    return integerPart(known.value_or(0)) == integerPart(reported.value_or(0));
+}
+
+bool sameColour(const LampColour& known, const LampColour& reported)
+{
+    return sameInteger(known.colour, reported.colour)
+        && sameInteger(known.saturation, reported.saturation)
+        && sameInteger(known.brightness, reported.brightness)
+        && sameInteger(known.warmth, reported.warmth);
+}
+
+/// Replaces a lamp's group or location if it differs in guid or label; whether it did.
+template <typename Record>
+bool assign(std::shared_ptr<Record>& current, const std::shared_ptr<Record>& reported)
+{
+    if (current && current->guid == reported->guid && current->label == reported->label)
+        return false;
+    current = reported;
+    return true;
+}
+
+/// Appends a record whose guid is not known yet; whether it did.
+template <typename Record>
+bool addToKnown(std::vector<std::shared_ptr<Record>>& known,
+    const std::shared_ptr<Record>& reported, std::string_view conflict, Log& log)
+{
+    for (const auto& record : known) {
+        if (record->guid != reported->guid)
+            continue;
+        if (record->label != reported->label)
+            log.line("{}", conflict);
+        return false;
+    }
+    known.push_back(reported);
+    return true;
+}
+
+constexpr std::string_view kGroupConflict
+    = "groups found on bulbs with matching guid's but not matching labels. (We may be in the "
+      "middle of updating groups which would explain this ) Lumeroom should check the updated "
+      "dates and update the older one. This functionality is not implemented yet. You may see "
+      "both groups or one.";
+constexpr std::string_view kLocationConflict
+    = "Locations found on bulbs with matching guid's but not matching labels. Lumeroom should "
+      "check the updated dates and update the older one. This functionality is not implemented "
+      "yet. You may see both Locations or one.";
+
+} // namespace
+
+RecordIntake::RecordIntake(LampRegistry& registry, const EngineNotifier& notifier,
+    Discovery& discovery, Polls& polls, ProductCatalogue& catalogue, Log& log)
+    : m_registry(registry)
+    , m_notifier(notifier)
+    , m_discovery(discovery)
+    , m_polls(polls)
+    , m_catalogue(catalogue)
+    , m_log(log)
+{
+}
+
+Lamp* RecordIntake::lampFor(const Target& target) const
+{
+    Lamp* lamp = m_registry.lampWithTarget(target);
+    if (!lamp)
+        m_log.line("don't have responding lamp id {}", getIDFromMAC(target));
+    return lamp;
+}
+
+std::shared_ptr<Lamp> RecordIntake::addLampToRespondingLamps(const std::string& address)
+{
+    auto lamp = m_registry.addLamp(address);
+    if (lamp)
+        m_discovery.addIPsToKnownIPs({address});
+    return lamp;
+}
+
+void RecordIntake::addLabelForLamp(const std::string& label, const Target& target)
+{
+    Lamp* lamp = lampFor(target);
+    if (!lamp || lamp->label == label)
+        return;
+    lamp->label = label;
+    m_notifier.sendNewLampsNotificationToDelegate();
+}
+
+void RecordIntake::addTagsToLamp(std::uint64_t field, const Target& target)
+{
+    Lamp* lamp = lampFor(target);
+    if (!lamp)
+        return;
+    if (Tags tags = m_registry.tagArrayForTags(field); !tags.empty())
+        lamp->tags = std::move(tags);
+    m_notifier.sendNewLampsNotificationToDelegate();
+}
+
+void RecordIntake::addVendorVersionToLamp(
+    std::uint32_t vendor, std::uint32_t product, std::uint32_t version, const Target& target)
+{
+    Lamp* lamp = lampFor(target);
+    if (!lamp)
+        return;
+    lamp->product = m_catalogue.productDescriptionFromProductID(product);
+    lamp->vendor = m_catalogue.vendorDescriptionFromVendorID(vendor);
+    lamp->version = std::to_string(version);
+    lamp->capabilities = m_catalogue.ProductIDHasColour(product) ? kCapabilitiesColourLamp
+                                                                 : kCapabilitiesWhiteLamp;
+    if (m_catalogue.ProductIDHasMultizone(product))
+        m_polls.sendGetColorZonesToLamp(*lamp);
+}
+
+void RecordIntake::addHuePowerToLamp(
+    const WireColour& colour, std::uint16_t power, const Target& target)
+{
+    Lamp* lamp = lampFor(target);
+    if (!lamp)
+        return;
+    const LampColour reported = fromWire(colour);
+    const auto on = static_cast<std::uint8_t>(power & 0xFFU); // only the low byte counts
+    if (sameColour(*lamp, reported) && bool1IsEqualToBool2(lamp->onoff.value_or(false), on))
+        return;
+    lamp->adopt(reported);
+    lamp->onoff = on != 0;
+    if (lamp->zones) {
+        // A multizone lamp shows its zones' mean; the zone notifications tell of changes.
+        lamp->adopt(settingsForMultiZoneLamp(*lamp));
+        return;
+    }
+    m_notifier.sendLampsStateChangedNotificationToDelegate();
+}
+
+void RecordIntake::addGroupToLamp(const std::shared_ptr<Group>& group, const Target& target)
+{
+    Lamp* lamp = lampFor(target);
+    if (lamp && assign(lamp->group, group))
+        m_notifier.sendLampsStateChangedNotificationToDelegate();
+}
+
+void RecordIntake::addLocationToLamp(
+    const std::shared_ptr<Location>& location, const Target& target)
+{
+    Lamp* lamp = lampFor(target);
+    if (lamp && assign(lamp->location, location))
+        m_notifier.sendLampsStateChangedNotificationToDelegate();
+}
+
+void RecordIntake::addGroupToKnownGroups(const std::shared_ptr<Group>& group)
+{
+    if (addToKnown(m_registry.groups(), group, kGroupConflict, m_log))
+        m_notifier.sendLampsStateChangedNotificationToDelegate();
+}
+
+void RecordIntake::addLocationToKnownLocations(const std::shared_ptr<Location>& location)
+{
+    if (addToKnown(m_registry.locations(), location, kLocationConflict, m_log))
+        m_notifier.sendLampsStateChangedNotificationToDelegate();
+}
+
+void RecordIntake::addTagLabelToKnownTags(const std::string& label, std::uint64_t tag)
+{
+    if (!m_registry.tagArrayForTags(tag).empty())
+        return;
+    m_registry.tags().push_back(std::make_shared<const Tag>(Tag{tag, label, label}));
+    m_polls.sendGetTagsToAllLamps();
+}
+
+void RecordIntake::addZoneCountToLamp(std::uint8_t count, const Target& target)
+{
+    if (Lamp* lamp = lampFor(target))
+        lamp->zonecount = count;
+}
+
+void RecordIntake::addHueZoneToLamp(
+    const WireColour& colour, const Target& target, std::uint8_t number)
+{
+    Lamp* lamp = lampFor(target);
+    if (!lamp)
+        return;
+    if (!lamp->zones)
+        lamp->zones.emplace();
+    const LampColour reported = fromWire(colour);
+    const Zone* known = getZoneFromLamp(number, *lamp);
+    if (known && sameColour(*known, reported))
+        return;
+
+    const bool changed = known != nullptr;
+    if (changed)
+        lamp->zones->erase(lamp->zones->begin() + (known - lamp->zones->data()));
+    lamp->zones->push_back({reported, number}); // a changed zone moves to the end
+    if (changed)
+        m_notifier.sendLampsZoneStateChangedNotificationToDelegate();
+    else
+        m_notifier.sendZoneAddedNotificationToDelegate();
+}
+
+Zone* getZoneFromLamp(int number, Lamp& lamp)
+{
+    if (!lamp.zones)
+        return nullptr;
+    const auto found = std::find_if(lamp.zones->begin(), lamp.zones->end(),
+        [number](const Zone& zone) { return zone.zone == number; });
+    return found == lamp.zones->end() ? nullptr : &*found;
+}
+
+} // namespace lumeroom

@@ -1,0 +1,93 @@
+#include "engine/Summaries.h"
+
+#include "engine/LampUnits.h"
+
+#include <algorithm>
+
+namespace lumeroom {
+
+namespace {
+
+class RunningMean {
+public:
+    void add(const LampColour& colour)
+    {
+        const auto warmth = integerPart(colour.warmth.value_or(0));
+        if (m_first) {
+            m_first = false;
+            m_colour = value(colour.colour);
+            m_saturation = value(colour.saturation);
+            m_brightness = value(colour.brightness);
+            m_warmth = warmth;
+            return;
+        }
+        m_colour = halfway(m_colour, value(colour.colour));
+        m_saturation = halfway(m_saturation, value(colour.saturation));
+        m_brightness = halfway(m_brightness, value(colour.brightness));
+        // Cut to a whole number at each step.
+        m_warmth = static_cast<std::int64_t>(
+            halfway(static_cast<float>(m_warmth), static_cast<float>(warmth)));
+    }
+
+    LampColour result() const
+    {
+        return {m_colour, m_saturation, m_brightness, static_cast<double>(m_warmth)};
+    }
+
+private:
+    static float value(const std::optional<double>& member)
+    {
+        return static_cast<float>(member.value_or(0));
+    }
+    static float halfway(float running, float next) { return (running + next) * 0.5F; }
+
+    bool m_first = true;
+    float m_colour = 0;
+    float m_saturation = 0;
+    float m_brightness = 0;
+    std::int64_t m_warmth = 0;
+};
+
+} // namespace
+
+Settings settingsOfUnknownLamps()
+{
+    return {{.colour = 0, .saturation = 200, .brightness = 200, .warmth = 3500}, true, {}};
+}
+
+Settings summaryOfLamps(const Lamps& lamps)
+{
+    RunningMean mean;
+    for (const auto& lamp : lamps)
+        mean.add(*lamp);
+    return {mean.result(), !lamps.empty() && lamps.back()->onoff.value_or(false), {}};
+}
+
+Settings settingsForMultiZoneLamp(const Lamp& lamp)
+{
+    if (!lamp.zones)
+        return settingsOfUnknownLamps();
+    RunningMean mean;
+    for (const Zone& zone : *lamp.zones)
+        mean.add(zone);
+    return {mean.result(), {}, {}};
+}
+
+bool groupIsOn(const Lamps& lamps, std::int64_t basedOn)
+{
+    const auto on = std::count_if(
+        lamps.begin(), lamps.end(), [](const auto& lamp) { return lamp->onoff.value_or(false); });
+    const auto all = static_cast<std::ptrdiff_t>(lamps.size());
+    switch (basedOn) {
+    case 0:
+        return on > 0;
+    case 1:
+        return on * 2 > all;
+    case 2:
+        return on == all;
+    default:
+        return false;
+    }
+}
+
+} // namespace lumeroom

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "base/Log.h"
+#include "base/ManualRunLoop.h"
+#include "base/Pacer.h"
+#include "base/RegisteredDefaults.h"
+#include "base/UserDefaults.h"
+#include "engine/ArpTable.h"
+#include "engine/EngineRoom.h"
+#include "engine/QVLIFXEngineDelegate.h"
+#include "support/FakeSockets.h"
+#include "support/LampReplies.h"
+
+#include <gtest/gtest.h>
+
+namespace lumeroom::test {
+
+class FakeArpTable : public ArpTable {
+public:
+    void read(std::function<void(Result)> done) override
+    {
+        ++runs;
+        pending = std::move(done);
+    }
+    int runs = 0;
+    std::function<void(Result)> pending;
+};
+
+/// Counts what the engine tells it.
+class RecordingDelegate : public QVLIFXEngineDelegate {
+public:
+    void newLampsAdded() override { ++newLamps; }
+    void lampStatesChanged() override { ++states; }
+    void lampZoneStatesChanged() override { ++zoneStates; }
+    void newZoneAdded() override { ++newZones; }
+    void engineIsSsearching(bool now) override { searching.push_back(now); }
+    int runModal(const Alert& alert) override
+    {
+        alerts.push_back(alert);
+        return 0;
+    }
+
+    int newLamps = 0;
+    int states = 0;
+    int zoneStates = 0;
+    int newZones = 0;
+    std::vector<bool> searching;
+    std::vector<Alert> alerts;
+};
+
+/// An engine with the clock in hand, sockets that keep what is sent, and the log as lines.
+struct EngineHarness : ::testing::Test {
+    EngineHarness()
+    {
+        log.setVerbositySource(
+            [this] { return static_cast<int>(defaults.integerForKey("verbosity")); });
+        defaults.registerDefaults(registeredDefaults());
+    }
+
+    EngineRoom& engine()
+    {
+        if (!m_engine) {
+            m_engine = std::make_unique<EngineRoom>(EngineEnvironment{
+                loop, pacer, defaults, log, sockets.factory(), [] { return kProducts; }, arp});
+            m_engine->setDelegate(&delegate);
+        }
+        return *m_engine;
+    }
+
+    void receive(
+        const Datagram& datagram, const std::string& from = "127.0.9.1", std::uint16_t port = 56700)
+    {
+        const auto socket = sockets.factory()(engine());
+        engine().udpSocketDidReceiveData(*socket, datagram, socketAddress(from, port));
+    }
+    /// Makes the n-th lamp known, with its state, as if it had answered.
+    std::shared_ptr<Lamp> addLamp(unsigned n, const LightState& state = {})
+    {
+        receive(stateService(n), lampAddress(n));
+        receive(lightState(n, state), lampAddress(n));
+        return engine().lampWithID(lampID(n));
+    }
+    /// A multizone lamp of `zones` zones whose hues count up from 100.
+    std::shared_ptr<Lamp> addStrip(unsigned n, unsigned zones)
+    {
+        auto lamp = addLamp(n);
+        receive(stateVersion(n, 31));
+        receive(stateZone(n, zones, 0, 100));
+        for (unsigned first = 0; first < zones; first += 8)
+            receive(stateMultizone(n, zones, first, 100 + first));
+        return lamp;
+    }
+
+    /// Sends everything that waits, and forgets it.
+    void drainQueue()
+    {
+        loop.advance(Seconds(30));
+        sockets.take();
+    }
+
+    int linesWith(std::string_view text) const
+    {
+        return static_cast<int>(std::count_if(lines.begin(), lines.end(),
+            [text](const std::string& line) { return line.find(text) != std::string::npos; }));
+    }
+
+    static constexpr const char* kProducts = R"([{"products": [
+        {"pid": 1, "name": "Colour lamp", "features": {"color": true, "multizone": false}},
+        {"pid": 10, "name": "White lamp", "features": {"color": false, "multizone": false}},
+        {"pid": 31, "name": "Strip", "features": {"color": true, "multizone": true}}]}])";
+
+    std::vector<std::string> lines;
+    Log log{[this](std::string_view line) { lines.emplace_back(line); }};
+    ManualRunLoop loop;
+    RunLoopPacer pacer{loop};
+    UserDefaults defaults;
+    FakeArpTable arp;
+    FakeSockets sockets;
+    RecordingDelegate delegate;
+
+private:
+    std::unique_ptr<EngineRoom> m_engine;
+};
+
+} // namespace lumeroom::test
