@@ -2,6 +2,7 @@
 
 #include "base/LocalTime.h"
 #include "base/Log.h"
+#include "base/Utf8.h"
 #include "engine/AsyncUdpSocket.h"
 #include "engine/EngineNotifier.h"
 #include "engine/LabelText.h"

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace lumeroom {
+
+/// Whether the bytes are well-formed UTF-8 as RFC 3629 has it: no overlong forms, no surrogates,
+/// nothing above U+10FFFF.
+bool isValidUtf8(std::span<const std::uint8_t> bytes);
+bool isValidUtf8(std::string_view text);
+
+/// The text with each byte that is not well-formed replaced by U+FFFD.
+std::string wellFormedUtf8(std::string_view text);
+
+/// The number of bytes at the end that begin a character which is still incomplete.
+std::size_t incompleteTail(std::string_view text);
+
+} // namespace lumeroom

@@ -1,0 +1,255 @@
+#include "support/EngineHarness.h"
+
+namespace lumeroom::test {
+
+namespace {
+
+Settings settings(const Value::Dictionary& dictionary)
+{
+    return Settings::fromDictionary(dictionary);
+}
+
+unsigned u16(const SentDatagram& sent, std::size_t offset)
+{
+    return sent.data.at(offset) + 256U * sent.data.at(offset + 1);
+}
+
+/// A colour command's hue, saturation, brightness, kelvin and milliseconds.
+std::vector<unsigned> fields(const SentDatagram& sent)
+{
+    const std::size_t at = sent.type() == 102 ? 37 : 38;
+    return {
+        u16(sent, at), u16(sent, at + 2), u16(sent, at + 4), u16(sent, at + 6), u16(sent, at + 8)};
+}
+
+using Fields = std::vector<unsigned>;
+
+} // namespace
+
+struct Commands : EngineHarness {
+    /// What was sent at once: type and host of each.
+    std::vector<std::string> sent()
+    {
+        std::vector<std::string> result;
+        for (const auto& datagram : sockets.take())
+            result.push_back(std::to_string(datagram.type()) + " " + datagram.host);
+        return result;
+    }
+};
+
+TEST_F(Commands, aPartialColourFillsUpFromTheLampAndTheFallbacks)
+{
+    receive(stateService(1), lampAddress(1));
+    const auto lamp = engine().lampWithID(lampID(1));
+    drainQueue();
+    engine().sendSettingsToLamp(settings({{"warmth", 5000}}), lampID(1));
+    EXPECT_EQ(fields(sockets.take().at(0)), (Fields{21845, 0, 65025, 4000, 400}));
+    EXPECT_EQ(lamp->warmth, 5000);
+    EXPECT_FALSE(lamp->colour); // only what was asked for is taken over
+
+    receive(lightState(1, {.hue = 7, .saturation = 65535, .brightness = 65535, .kelvin = 2500}));
+    engine().sendSettingsToLamp(settings({{"brightness", 100.9}, {"duration", 1.5}}), lampID(1));
+    EXPECT_EQ(fields(sockets.take().at(0)), (Fields{7, 65025, 25500, 2500, 1500}));
+    engine().sendSettingsToLamp(settings({{"colour", 9}}), lampID(1));
+    EXPECT_EQ(fields(sockets.take().at(0)), (Fields{9, 65025, 25500, 2500, 400})); // builds on it
+    EXPECT_EQ(delegate.states, 1); // by the report alone
+}
+
+TEST_F(Commands, transitionTimes)
+{
+    addLamp(1);
+    drainQueue();
+    const struct {
+        Value transition;
+        Value::Dictionary extra;
+        unsigned colourMilliseconds;
+        unsigned powerMilliseconds;
+    } cases[] = {
+        {0.4, {}, 400, 400},
+        {0, {}, 100, 0},
+        {0.4, {{"duration", 0}}, 100, 400},
+        {"2.5", {{"duration", 0.05}}, 100, 2500},
+        {"2.5", {}, 2500, 2500},
+    };
+    for (const auto& c : cases) {
+        defaults.setObject("defaultTransition", c.transition);
+        Value::Dictionary colour{{"brightness", 1}};
+        colour.insert(c.extra.begin(), c.extra.end());
+        engine().sendSettingsToLamp(settings(colour), lampID(1));
+        EXPECT_EQ(fields(sockets.take().at(0))[4], c.colourMilliseconds);
+        engine().lampOn(lampID(1), false);
+        EXPECT_EQ(u16(sockets.take().at(0), 38), c.powerMilliseconds);
+    }
+    UserDefaults bare; // nothing registered, nothing stored
+    EXPECT_FALSE(bare.objectForKey("defaultTransition"));
+}
+
+TEST_F(Commands, powerGoesFirstAndOnlyIfItDiffers)
+{
+    const auto lamp = addLamp(1);
+    drainQueue();
+    engine().sendSettingsToLamp(settings({{"onoff", true}}), lampID(1));
+    EXPECT_TRUE(sent().empty());
+    engine().sendSettingsToLamp(settings({{"duration", 3}}), lampID(1));
+    EXPECT_TRUE(sent().empty());
+    engine().sendSettingsToLamp(settings({{"onoff", false}, {"colour", 5}}), lampID(1));
+    EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.1", "102 127.0.9.1"}));
+    EXPECT_EQ(lamp->onoff, true); // until the lamp says so
+    engine().lampOn(lampID(1), true); // asked for outright it is sent in any case
+    EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.1"}));
+}
+
+TEST_F(Commands, idsInEitherForm)
+{
+    addLamp(1);
+    drainQueue();
+    const Settings dim = settings({{"brightness", 9}});
+    const struct {
+        std::string id;
+        std::size_t datagrams;
+    } cases[] = {{lampID(1), 1}, {"d073d5000001", 1}, {"d073d50000", 0}, {"", 0}, {"-", 0},
+        {"0", 0}, {lampID(2), 0}};
+    for (const auto& c : cases) {
+        engine().sendSettingsToLamp(dim, c.id);
+        EXPECT_EQ(sockets.take().size(), c.datagrams) << c.id;
+    }
+    // A lamp heard at two addresses is told at both.
+    receive(stateService(1), "127.0.9.88");
+    sockets.take();
+    engine().sendSettingsToLamp(dim, lampID(1));
+    EXPECT_EQ(sent(), (std::vector<std::string>{"102 127.0.9.1", "102 127.0.9.88"}));
+}
+
+TEST_F(Commands, zonesKeepWhatIsNotSet)
+{
+    const auto lamp = addStrip(1, 8);
+    receive(stateZone(1, 8, 2, 9000)); // now last in the array
+    drainQueue();
+    engine().sendSettingsToLamp(settings({{"brightness", 10}}), lampID(1));
+    const auto each = sockets.take();
+    ASSERT_EQ(each.size(), 8U);
+    for (unsigned n = 0; n < 8; ++n) {
+        EXPECT_EQ(each[n].type(), 501U);
+        EXPECT_EQ(each[n].data[36], n); // in the order of the zones
+        EXPECT_EQ(each[n].data[37], n);
+        EXPECT_EQ(fields(each[n]), (Fields{n == 2 ? 9000 : 100 + n, 65025, 2550, 3500, 400}));
+    }
+    EXPECT_EQ(lamp->zonesInOrder()[2].brightness, 10);
+
+    const Settings whole
+        = settings({{"colour", 1}, {"saturation", 0}, {"brightness", 255}, {"warmth", 0}});
+    engine().sendSettingsToLamp(whole, lampID(1));
+    EXPECT_EQ(sent(), (std::vector<std::string>{"102 127.0.9.1"}));
+    EXPECT_EQ(lamp->zonesInOrder()[2].colour, 9000); // stale until the next report
+    receive(stateMultizone(1, 8, 0, 1));
+    EXPECT_GE(delegate.zoneStates, 8);
+
+    // One zone by its ID, in both forms of the lamp's.
+    engine().sendSettingsToLamp(settings({{"colour", 77}, {"onoff", false}}), lampID(1) + "-3");
+    engine().sendSettingsToLamp(settings({{"colour", 77}}), "d073d5000001-3");
+    EXPECT_EQ(sent(), (std::vector<std::string>{"501 127.0.9.1", "501 127.0.9.1"}));
+    EXPECT_EQ(lamp->zonesInOrder()[3].colour, 77);
+    engine().sendSettingsToLamp(settings({{"onoff", false}}), lampID(1) + "-3");
+    engine().sendSettingsToLamp(settings({{"colour", 1}}), lampID(1) + "-99");
+    EXPECT_TRUE(sent().empty());
+    EXPECT_EQ(linesWith("instruction sent to engineRoom addressed to lamp Lamp zone 99 but such a "
+                        "zone doesn't exist"),
+        1);
+}
+
+struct Collections : Commands {
+    Collections()
+    {
+        for (unsigned n = 1; n <= 4; ++n)
+            addLamp(n, {.hue = n * 1000, .brightness = n * 10000, .power = n % 2 ? 65535U : 0U});
+        for (const unsigned n : {1U, 2U})
+            receive(stateGrouping(53, n, 0xAA, "Den"));
+        for (const unsigned n : {2U, 3U})
+            receive(stateGrouping(50, n, 0xBB, "Home"));
+        receive(stateTagLabels(1, 1, "Den"));
+        receive(stateTagLabels(1, 2, std::string(32, 'b')));
+        receive(stateTags(4, 1));
+        receive(stateTags(1, 2));
+        drainQueue();
+    }
+    const std::string group = std::string(32, 'a');
+    const std::string location = std::string(32, 'b');
+};
+
+TEST_F(Collections, onAndOff)
+{
+    using List = std::vector<std::string>;
+    engine().allOn(true);
+    EXPECT_EQ(sockets.take().size(), 4U);
+    engine().groupOn("0", false);
+    EXPECT_EQ(sockets.take().size(), 4U);
+    engine().groupOn(group, true);
+    EXPECT_EQ(sent(), (List{"117 127.0.9.1", "117 127.0.9.2"}));
+    // A tag is named just as the location's ID: both apply.
+    engine().groupOn(location, true);
+    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3", "117 127.0.9.1"}));
+    engine().locationOn(location, true);
+    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3"}));
+    engine().tagOn("Den", false);
+    EXPECT_EQ(sent(), (List{"117 127.0.9.4"}));
+    engine().groupOn("nobody", true);
+    engine().lampOn("nobody", true);
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(Collections, settingsReachTheRightKind)
+{
+    using List = std::vector<std::string>;
+    const Settings dim = settings({{"brightness", 3}});
+    engine().sendSettingsToGroup(dim, "0");
+    EXPECT_EQ(sockets.take().size(), 4U);
+    engine().sendSettingsToGroup(dim, group);
+    EXPECT_EQ(sent(), (List{"102 127.0.9.1", "102 127.0.9.2"}));
+    engine().sendSettingsToGroup(dim, location); // the tag of that name comes last and wins
+    EXPECT_EQ(sent(), (List{"102 127.0.9.1"}));
+    engine().sendSettingsToLocation(dim, location);
+    EXPECT_EQ(sent(), (List{"102 127.0.9.2", "102 127.0.9.3"}));
+    engine().sendSettingsToTag(dim, "Den");
+    EXPECT_EQ(sent(), (List{"102 127.0.9.4"}));
+    engine().sendSettingsToGroup(dim, "nobody");
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(Collections, summariesAreRunningMeans)
+{
+    const Settings all = engine().settingsForGroup("0");
+    EXPECT_EQ(all.colour, 3125); // ((1000 + 2000) / 2 + 3000) / 2, and 4000 for one half
+    EXPECT_EQ(all.warmth, 5500);
+    const Settings den = engine().settingsForGroup(group);
+    EXPECT_EQ(den.colour, 1500);
+    EXPECT_EQ(den.brightness, (38 + 77) * 0.5);
+    EXPECT_EQ(engine().settingsForLocation(location).onoff, true); // the last lamp's
+    EXPECT_EQ(engine().settingsForTag("Den").onoff, false);
+    EXPECT_EQ(engine().settingsForTag("nobody").colour, 0);
+
+    const struct {
+        Value rule;
+        bool oneOfTwo;
+        bool empty;
+    } cases[] = {{0, true, false}, {1, false, false}, {2, false, true}, {3, false, false}};
+    receive(stateGrouping(53, 4, 0xCC, "Empty"));
+    receive(stateGrouping(53, 4, 0xDD, "Other"));
+    for (const auto& c : cases) {
+        defaults.setObject("groupPowerStateBasedOn", c.rule);
+        EXPECT_EQ(engine().settingsForGroup(group).onoff, c.oneOfTwo);
+        EXPECT_EQ(engine().settingsForGroup(std::string(32, 'c')).onoff, c.empty);
+        EXPECT_EQ(engine().settingsForGroup(std::string(32, 'c')).brightness, 0);
+    }
+}
+
+TEST_F(Commands, summariesBeforeAnyLampAreFixed)
+{
+    const Settings all = engine().settingsForGroup("0");
+    EXPECT_EQ(all,
+        settings({{"colour", 0}, {"saturation", 200}, {"brightness", 200}, {"warmth", 3500},
+            {"onoff", true}}));
+    EXPECT_EQ(engine().settingsForMultiZoneLamp(Lamp()), all);
+    EXPECT_EQ(engine().saveCurrentLightStatesAsSceneWithName().size(), 14U);
+}
+
+} // namespace lumeroom::test

@@ -1,0 +1,326 @@
+#include "engine/RecordIntake.h"
+
+#include "support/EngineHarness.h"
+
+namespace lumeroom::test {
+
+using Dispatcher = EngineHarness;
+
+TEST_F(Dispatcher, shortPayloadsAreReportedAndDropped)
+{
+    const struct {
+        unsigned type;
+        std::size_t minimum;
+        std::string line;
+    } cases[] = {
+        {3, 5, "payload of DEVICE_STATESERVICE has length less than 5"},
+        {25, 32, "payload of DEVICE_STATELABEL has length less than 32"},
+        {28, 8, "payload of DEVICE_STATETAGS has length less than 8"},
+        {31, 40, "payload of DEVICE_STATETAGLABELS has length less than 40"},
+        {33, 12, "payload of DEVICE_STATEVERSION has length less than 12"},
+        {50, 56, "payload of DEVICE_STATELOCATION has length less than 56"},
+        {53, 56, "payload of DEVICE_STATEGROUP has length less than 56"},
+        {107, 32, "payload of LIGHT_STATE has length less than 32"},
+        {503, 10, "payload of MULTIZONE_STATEZONE has length less than 10"},
+        {506, 66, "payload of MULTIZONE_STATEMULTIZONE has length less than 66"},
+    };
+    addLamp(1);
+    const auto before = engine().lampWithID(lampID(1))->toDictionary();
+    for (const auto& c : cases) {
+        for (const std::size_t length : {std::size_t(0), c.minimum - 1}) {
+            lines.clear();
+            receive(reply(c.type, 1, Bytes().text("", length)));
+            EXPECT_EQ(lines, std::vector<std::string>{c.line});
+        }
+        lines.clear();
+        receive(reply(c.type, 1, Bytes().text("", c.minimum)));
+        EXPECT_EQ(linesWith(c.line), 0) << c.type;
+    }
+    EXPECT_EQ(before.at("id"), engine().lampWithID(lampID(1))->toDictionary().at("id"));
+    lines.clear();
+    receive(reply(45, 1, Bytes())); // an acknowledgement needs no payload
+    receive(Datagram(35)); // nor is a fragment worth a word
+    EXPECT_TRUE(lines.empty());
+}
+
+TEST_F(Dispatcher, unknownTypesAreLogged)
+{
+    receive(reply(999, 1, Bytes()));
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0], "messageType 999 received and not understood");
+    EXPECT_EQ(lines[1], "message is (null)"); // its target is no valid text
+}
+
+TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
+{
+    receive(stateService(1), "127.0.9.1");
+    const auto lamp = engine().lampWithID(lampID(1));
+    ASSERT_TRUE(lamp);
+    EXPECT_EQ(lamp->address, "127.0.9.1");
+    EXPECT_EQ(lamp->label, "");
+    EXPECT_EQ(*lamp->mac, target(1));
+    EXPECT_EQ(lamp->service->port, 56700U);
+    EXPECT_EQ(defaults.arrayForKey("knownIPs"), (Value::Array{"127.0.9.1"}));
+    EXPECT_EQ(delegate.searching, std::vector<bool>{false});
+    EXPECT_EQ(delegate.newLamps, 0); // it shows with its first label
+
+    receive(stateService(1), "127.0.9.1"); // again: still one, and not asked anew
+    EXPECT_EQ(engine().lightsArray().size(), 1U);
+    EXPECT_EQ(delegate.searching.size(), 2U);
+    loop.advance(Seconds(0.95));
+    EXPECT_EQ(sockets.takeOfType(101).size(), 1U);
+
+    receive(lightState(1, {.label = "Desk"}));
+    EXPECT_EQ(delegate.newLamps, 1);
+    EXPECT_EQ(delegate.states, 1);
+    receive(lightState(1, {.label = "Desk"})); // nothing new
+    EXPECT_EQ(delegate.newLamps, 1);
+    EXPECT_EQ(delegate.states, 1);
+}
+
+TEST_F(Dispatcher, aLampThatMovesHasTwoRecordsAndTheOlderIsKept)
+{
+    const auto first = addLamp(1, {.label = "Desk"});
+    receive(stateService(1), "127.0.9.77");
+    ASSERT_EQ(engine().lightsArray().size(), 2U);
+    EXPECT_EQ(engine().lightsArray()[1]->address, "127.0.9.77");
+    receive(lightState(1, {.hue = 99, .label = "Desk"}), "127.0.9.77");
+    EXPECT_EQ(engine().lampWithID(lampID(1)), first);
+    EXPECT_EQ(first->colour, 99);
+    EXPECT_FALSE(engine().lightsArray()[1]->colour);
+}
+
+TEST_F(Dispatcher, serviceRepliesOfOtherKindsAddNothing)
+{
+    defaults.setObject("verbosity", 1);
+    receive(stateService(1, 1, 0));
+    receive(stateService(1, 5));
+    EXPECT_TRUE(engine().lightsArray().empty());
+    EXPECT_EQ(linesWith("we have a 'service temporarily available' from "), 1);
+    EXPECT_TRUE(delegate.searching.empty());
+
+    const auto lamp = addLamp(1);
+    receive(stateService(1, 1, 0));
+    EXPECT_EQ(lamp->service->port, 0U);
+    receive(stateService(2), lampAddress(2), 4000);
+    EXPECT_EQ(
+        linesWith("**** lamp responding on a port other than 56700 - please contact Support"), 1);
+    EXPECT_TRUE(engine().lampWithID(lampID(2)));
+}
+
+TEST_F(Dispatcher, statesAreTakenInRecordUnits)
+{
+    const auto lamp = addLamp(
+        1, {.hue = 21845, .saturation = 65535, .brightness = 65025, .kelvin = 2700, .power = 1});
+    EXPECT_EQ(lamp->colour, 21845);
+    EXPECT_EQ(lamp->saturation, 0);
+    EXPECT_EQ(lamp->brightness, 253);
+    EXPECT_EQ(lamp->warmth, 6300);
+    EXPECT_EQ(lamp->onoff, true);
+    receive(lightState(1, {.power = 0x0100})); // only the low byte counts
+    EXPECT_EQ(lamp->onoff, false);
+
+    // What a record that never had a state reads as brings no news.
+    receive(stateService(2), lampAddress(2));
+    delegate.states = 0;
+    receive(lightState(2, {.saturation = 65535, .kelvin = 9000, .power = 0}));
+    EXPECT_EQ(delegate.states, 0);
+    EXPECT_FALSE(engine().lampWithID(lampID(2))->colour);
+
+    // A report cut short before its label gives colour and power.
+    Datagram cut = lightState(1, {.hue = 4, .label = "Other"});
+    cut.resize(36 + 40);
+    receive(cut);
+    EXPECT_EQ(lamp->colour, 4);
+    EXPECT_EQ(lamp->label, "Lamp");
+}
+
+TEST_F(Dispatcher, repliesForUnknownLampsAreLogged)
+{
+    receive(lightState(7, {}));
+    EXPECT_EQ(lines, (std::vector<std::string>(2, "don't have responding lamp id " + lampID(7))));
+    for (const auto& datagram : {stateVersion(7, 1), stateTags(7, 1), stateZone(7, 8, 0, 0)}) {
+        lines.clear();
+        receive(datagram);
+        EXPECT_EQ(lines[0], "don't have responding lamp id " + lampID(7));
+    }
+    EXPECT_EQ(delegate.newLamps, 0);
+}
+
+TEST_F(Dispatcher, versionsNameTheProduct)
+{
+    const auto lamp = addLamp(1);
+    const struct {
+        std::uint32_t product;
+        std::uint32_t vendor;
+        std::string name;
+        std::string maker;
+        int capabilities;
+    } cases[] = {{1, 1, "Colour lamp", "LIFX", 7}, {10, 1, "White lamp", "LIFX", 2},
+        {4711, 2, "Unknown", "Unknown", 2}};
+    for (const auto& c : cases) {
+        receive(stateVersion(1, c.product, c.vendor));
+        EXPECT_EQ(lamp->product, c.name);
+        EXPECT_EQ(lamp->vendor, c.maker);
+        EXPECT_EQ(lamp->capabilities, c.capabilities);
+        EXPECT_EQ(lamp->version, "12");
+    }
+}
+
+TEST_F(Dispatcher, tagsComeInTwoSteps)
+{
+    const auto lamp = addLamp(1);
+    drainQueue();
+    receive(stateTags(1, 6)); // no known tag yet
+    EXPECT_FALSE(lamp->tags);
+    EXPECT_EQ(delegate.newLamps, 2); // told all the same
+
+    receive(stateTagLabels(1, 2, "Reading"));
+    receive(stateTagLabels(1, 4, "Night"));
+    receive(stateTagLabels(1, 2, "Renamed")); // the first label stays
+    receive(stateTagLabels(1, 0, "None"));
+    receive(stateTagLabels(1, std::uint64_t(1) << 63, "Top"));
+    ASSERT_EQ(engine().tagsArray().size(), 2U);
+    EXPECT_EQ(engine().tagNamed("Reading")->tag, 2U);
+    loop.advance(Seconds(5));
+    EXPECT_EQ(sockets.takeOfType(26).size(), 2U); // asked anew for each new label
+
+    receive(stateTags(1, 6));
+    EXPECT_EQ(lamp->tags->size(), 2U);
+    receive(stateTags(1, 8)); // matches none: the old tags stay
+    EXPECT_EQ(lamp->tags->size(), 2U);
+    EXPECT_EQ(engine().lightsArrayForTag("Night").size(), 1U);
+    EXPECT_EQ(engine().lightsArrayForGroup("Night").size(), 1U);
+}
+
+TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
+{
+    const auto lamp = addLamp(1);
+    delegate.states = 0;
+    receive(stateGrouping(53, 1, 0xAB, "Kitchen", 1234));
+    ASSERT_EQ(engine().groupsArray().size(), 1U);
+    const auto group = engine().groupsArray()[0];
+    EXPECT_EQ(group->id, "abababababababababababababababab");
+    EXPECT_EQ(group->updatedAt, 1234U);
+    EXPECT_EQ(group->integerId % 1000000000, 0);
+    EXPECT_EQ(lamp->group, group);
+    EXPECT_EQ(delegate.states, 2); // the lamp's group, and the list
+    receive(stateGrouping(53, 1, 0xAB, "Kitchen", 5678));
+    EXPECT_EQ(delegate.states, 2);
+    EXPECT_EQ(lamp->group, group); // an equal report leaves the record alone
+
+    receive(stateGrouping(53, 1, 0xAB, "Cuisine"));
+    EXPECT_EQ(linesWith("groups found on bulbs with matching guid's but not matching labels."), 1);
+    EXPECT_EQ(engine().groupsArray()[0]->label, "Kitchen");
+    EXPECT_EQ(lamp->group->label, "Cuisine");
+    receive(stateGrouping(53, 1, 0, "")); // in no group: nothing changes
+    EXPECT_EQ(lamp->group->label, "Cuisine");
+
+    receive(stateGrouping(50, 1, 0xCD, "Home"));
+    EXPECT_EQ(engine().locationssArray()[0]->label, "Home");
+    EXPECT_EQ(engine().lightsArrayForGroup(lamp->location->id).size(), 1U);
+    receive(stateGrouping(50, 1, 0xCD, "House"));
+    EXPECT_EQ(
+        linesWith("Locations found on bulbs with matching guid's but not matching labels."), 1);
+}
+
+TEST_F(Dispatcher, theEmbargoKeepsGroupsOutButNotLocations)
+{
+    const auto lamp = addLamp(1);
+    engine().imposeTemporaryEmbargo();
+    loop.advance(Seconds(10));
+    engine().imposeTemporaryEmbargo();
+    receive(stateGrouping(53, 1, 1, "Kitchen"));
+    receive(stateGrouping(50, 1, 2, "Home"));
+    EXPECT_FALSE(lamp->group);
+    EXPECT_TRUE(lamp->location);
+    loop.advance(Seconds(4.9));
+    EXPECT_TRUE(engine().embargoGroupsAndLocations());
+    loop.advance(Seconds(0.2)); // 15 seconds after the first, however many followed
+    EXPECT_FALSE(engine().embargoGroupsAndLocations());
+    receive(stateGrouping(53, 1, 1, "Kitchen"));
+    EXPECT_TRUE(lamp->group);
+}
+
+TEST_F(Dispatcher, zonesAreLearntOneReportAtATime)
+{
+    const auto lamp = addLamp(1);
+    receive(stateVersion(1, 31));
+    receive(stateZone(1, 12, 0, 100));
+    EXPECT_EQ(lamp->zonecount, 12);
+    EXPECT_EQ(delegate.newZones, 1);
+    receive(stateVersion(1, 31));
+    loop.advance(Seconds(10));
+    const auto asked = sockets.takeOfType(502);
+    ASSERT_EQ(asked.size(), 2U);
+    EXPECT_EQ(hex(std::span(asked[0].data).subspan(36)), "0000");
+    EXPECT_EQ(hex(std::span(asked[1].data).subspan(36)), "000b");
+
+    receive(stateMultizone(1, 40, 0, 100));
+    receive(stateMultizone(1, 40, 8, 200));
+    EXPECT_EQ(lamp->zones->size(), 16U); // eight at a time, past the last as well
+    EXPECT_EQ(lamp->zonecount, 12);
+    EXPECT_EQ(delegate.newZones, 16);
+    EXPECT_EQ(delegate.zoneStates, 0);
+    receive(stateMultizone(1, 40, 8, 200));
+    EXPECT_EQ(delegate.zoneStates, 0);
+    receive(stateZone(1, 12, 3, 5000));
+    EXPECT_EQ(delegate.zoneStates, 1);
+    EXPECT_EQ(lamp->zones->back().zone, 3); // a changed zone moves to the end
+    EXPECT_EQ(lamp->zonesInOrder()[3].colour, 5000);
+    receive(stateMultizone(1, 40, 252, 1)); // the numbers wrap
+    EXPECT_EQ(lamp->zonesInOrder().back().zone, 255);
+    EXPECT_EQ(lamp->zones->size(), 20U);
+
+    // The lamp's own record then shows the mean of its zones, and tells nobody.
+    delegate.states = 0;
+    receive(lightState(1, {.hue = 60000}));
+    EXPECT_EQ(delegate.states, 0);
+    EXPECT_EQ(lamp->colour, engine().settingsForMultiZoneLamp(*lamp).colour);
+    EXPECT_NE(lamp->colour, 60000);
+}
+
+TEST_F(Dispatcher, recordsAnswerByKey)
+{
+    const auto lamp = addLamp(1, {.hue = 5, .label = "Desk"});
+    receive(stateGrouping(53, 1, 0xAB, "Kitchen"));
+    EXPECT_EQ(lamp->valueForKey("label"), Value("Desk"));
+    EXPECT_EQ(lamp->valueForKey("colour"), Value(5));
+    EXPECT_EQ(lamp->valueForKey("onoff"), Value(true));
+    EXPECT_EQ(lamp->valueForKey("MAC")->as<Value::Data>()->size(), 8U);
+    EXPECT_EQ(*lamp->valueForKey("group")->find("label"), Value("Kitchen"));
+    EXPECT_FALSE(lamp->valueForKey("zones"));
+    EXPECT_FALSE(lamp->valueForKey("no such key"));
+    EXPECT_EQ(engine().groupsArray()[0]->valueForKey("groupguid")->as<Value::Data>()->size(), 16U);
+}
+
+TEST_F(Dispatcher, integerTagsNameEveryKind)
+{
+    const auto lamp = addLamp(1);
+    receive(stateTagLabels(1, 4, "Night"));
+    receive(stateGrouping(53, 1, 0xAB, "Kitchen"));
+    loop.advance(Seconds(2));
+    receive(stateGrouping(50, 1, 0xCD, "Home"));
+    EngineRoom& e = engine();
+    EXPECT_EQ(e.stripStyleIDforIntTag(0), "0");
+    EXPECT_EQ(e.stripStyleIDforIntTag(e.integerTagForLamp(*lamp)), lampID(1));
+    EXPECT_EQ(e.stripStyleIDforIntTag(e.groupsArray()[0]->integerId), e.groupsArray()[0]->id);
+    EXPECT_EQ(
+        e.stripStyleIDforIntTag(e.locationssArray()[0]->integerId), e.locationssArray()[0]->id);
+    EXPECT_EQ(e.stripStyleIDforIntTag(4), "Night");
+    EXPECT_FALSE(e.stripStyleIDforIntTag(12345));
+    EXPECT_EQ(e.integerTagForLamp(Lamp()), 0);
+    EXPECT_EQ(linesWith("problem making integerTag for lamp:"), 1);
+    EXPECT_EQ(e.IDForGroupNamed("Kitchen"), e.groupsArray()[0]->id);
+    EXPECT_FALSE(e.IDForLocationNamed("Kitchen"));
+    EXPECT_FALSE(e.groupWithID("0"));
+}
+
+TEST(TruthValues, compareByteByByte)
+{
+    EXPECT_TRUE(bool1IsEqualToBool2(1, 0x80));
+    EXPECT_TRUE(bool1IsEqualToBool2(0, 0));
+    EXPECT_FALSE(bool1IsEqualToBool2(2, 0));
+}
+
+} // namespace lumeroom::test

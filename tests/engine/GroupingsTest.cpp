@@ -1,0 +1,214 @@
+#include "support/EngineHarness.h"
+
+namespace lumeroom::test {
+
+namespace {
+
+struct Reference : LampReference {
+    Reference(std::string lamp, bool group = false)
+        : id(std::move(lamp))
+        , grouped(group)
+    {
+    }
+    bool isGroup() const override { return grouped; }
+    std::string getID() const override { return id; }
+    std::string id;
+    bool grouped;
+};
+
+std::string label(const SentDatagram& sent, std::size_t at)
+{
+    const auto* text = reinterpret_cast<const char*>(sent.data.data()) + at;
+    return {text, strnlen(text, 32)};
+}
+
+std::uint64_t u64(const SentDatagram& sent, std::size_t at)
+{
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; i < 8; ++i)
+        value |= std::uint64_t(sent.data.at(at + i)) << (8 * i);
+    return value;
+}
+
+} // namespace
+
+struct Groupings : EngineHarness {
+    Groupings()
+    {
+        for (unsigned n = 1; n <= 3; ++n)
+            addLamp(n, {.label = "Lamp " + std::to_string(n)});
+        drainQueue();
+    }
+    std::vector<SentDatagram> queued()
+    {
+        EXPECT_TRUE(sockets.take().empty()); // nothing leaves before its turn
+        loop.advance(Seconds(2));
+        return sockets.take();
+    }
+    static constexpr std::int64_t kNow = 1772452800; // the start of the manual clock
+    const Reference one{lampID(1)}, two{lampID(2)}, three{lampID(3)};
+    const Reference group{lampID(3), true}, stranger{lampID(9)};
+};
+
+TEST_F(Groupings, aGroupIsMadeOnItsLampsAtOnceInTheRecords)
+{
+    delegate.states = 0;
+    engine().makeGroupNamed({&one, &group, &stranger, &two}, "Den");
+    ASSERT_EQ(engine().groupsArray().size(), 1U);
+    const auto made = engine().groupsArray()[0];
+    EXPECT_EQ(engine().lampWithID(lampID(1))->group, made);
+    EXPECT_FALSE(engine().lampWithID(lampID(3))->group);
+    EXPECT_EQ(made->integerId % 1000000000, 0);
+    EXPECT_EQ(delegate.states, 1);
+    EXPECT_TRUE(engine().embargoGroupsAndLocations());
+
+    const auto sent = queued();
+    ASSERT_EQ(sent.size(), 2U);
+    EXPECT_EQ(sent[0].type(), 52U);
+    EXPECT_EQ(sent[1].host, lampAddress(2));
+    EXPECT_EQ(hex(std::span(sent[0].data).subspan(36, 16)), made->id);
+    EXPECT_EQ(label(sent[0], 52), "Den");
+    EXPECT_EQ(u64(sent[0], 84), static_cast<std::uint64_t>(made->integerId));
+
+    engine().makeLocationNamed({&one}, "Home");
+    EXPECT_EQ(queued().at(0).type(), 49U);
+    EXPECT_EQ(engine().lampWithID(lampID(1))->location, engine().locationssArray().at(0));
+    EXPECT_NE(engine().locationssArray()[0]->id, made->id);
+}
+
+TEST_F(Groupings, anEditMovesLampsInAndOut)
+{
+    const struct {
+        unsigned report;
+        unsigned set;
+        void (EngineRoom::*edit)(std::string_view, const LampReferences&);
+        std::string title;
+    } cases[] = {{53, 52, &EngineRoom::editGroupLamps, "Group"},
+        {50, 49, &EngineRoom::editLocationLamps, "Location"}};
+    for (const auto& c : cases) {
+        receive(stateGrouping(c.report, 1, 0xAA, "Den"));
+        receive(stateGrouping(c.report, 2, 0xAA, "Den"));
+        receive(stateGrouping(c.report, 3, 0xBB, "Other"));
+        (engine().*c.edit)(std::string(32, 'a'), {&two, &three});
+        const auto sent = queued();
+        ASSERT_EQ(sent.size(), 3U);
+        EXPECT_EQ(sent[0].host, lampAddress(2));
+        EXPECT_EQ(sent[1].host, lampAddress(3)); // moved in from the other, which is not touched
+        EXPECT_EQ(u64(sent[1], 84) % 1000000000, 0U);
+        EXPECT_EQ(sent[2].host, lampAddress(1));
+        EXPECT_EQ(sent[2].type(), c.set);
+        EXPECT_EQ(hex(std::span(sent[2].data).subspan(36, 48)), std::string(96, '0'));
+        const auto low = static_cast<std::int32_t>(std::uint32_t((kNow + 2) * 1000000000));
+        EXPECT_NEAR(double(std::int64_t(u64(sent[2], 84))), double(low), 4e9);
+        EXPECT_LE(std::abs(std::int64_t(u64(sent[2], 84))), std::int64_t(1) << 31);
+        EXPECT_EQ(delegate.alerts.back().title, "Edit " + c.title + " Successful");
+        EXPECT_EQ(delegate.alerts.back().text, c.title + " Den updated");
+        EXPECT_EQ(delegate.alerts.back().buttons, std::vector<std::string>{"OK"});
+        loop.advance(Seconds(20));
+    }
+    EXPECT_FALSE(engine().lampWithID(lampID(1))->group);
+    EXPECT_FALSE(engine().lampWithID(lampID(1))->location);
+    EXPECT_EQ(engine().lightsArrayForGroup(std::string(32, 'a')).size(), 2U);
+    EXPECT_TRUE(engine().lightsArrayForGroup(std::string(32, 'b')).empty());
+}
+
+TEST_F(Groupings, removing)
+{
+    receive(stateGrouping(53, 1, 0xAA, "Den"));
+    receive(stateGrouping(50, 1, 0xBB, "Home"));
+    engine().removeGroupWithID(engine().groupsArray()[0]->id);
+    EXPECT_TRUE(engine().groupsArray().empty());
+    EXPECT_EQ(queued().size(), 1U); // the zero group
+    EXPECT_EQ(delegate.alerts.back().text, "Group Den updated");
+
+    // A location is forgotten, but its lamps keep it: only groups are edited here.
+    engine().removeGroupWithID(engine().locationssArray()[0]->id);
+    EXPECT_EQ(engine().locationssArray().size(), 1U);
+    EXPECT_EQ(delegate.alerts.back().text, "Group  updated");
+    engine().removeLocationWithID(engine().locationssArray()[0]->id);
+    EXPECT_TRUE(engine().locationssArray().empty());
+    EXPECT_TRUE(queued().empty());
+    EXPECT_TRUE(engine().lampWithID(lampID(1))->location);
+}
+
+TEST_F(Groupings, renaming)
+{
+    receive(stateGrouping(53, 1, 0xAA, "Den", 99));
+    receive(stateGrouping(53, 2, 0xAA, "Den", 99));
+    receive(stateGrouping(50, 3, 0xBB, "Home", 98));
+    engine().renameGroupNewName(std::string(32, 'a'), "Study");
+    auto sent = queued();
+    ASSERT_EQ(sent.size(), 2U);
+    EXPECT_EQ(label(sent[1], 52), "Study");
+    EXPECT_EQ(u64(sent[1], 84), 99U); // the time stays
+    EXPECT_FALSE(engine().embargoGroupsAndLocations());
+    engine().renameLocationNewName(std::string(32, 'b'), "House");
+    EXPECT_EQ(queued().at(0).type(), 49U);
+    engine().renameGroupNewName("nobody", "x");
+    EXPECT_TRUE(queued().empty());
+
+    engine().renameLampNewName(lampID(1), std::string(40, 'n'));
+    sent = sockets.take();
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_EQ(sent[0].type(), 24U);
+    EXPECT_EQ(label(sent[0], 36), std::string(32, 'n'));
+    EXPECT_EQ(engine().lampWithID(lampID(1))->label, "Lamp 1"); // until the lamp says so
+}
+
+TEST_F(Groupings, tagsLeaveAtOnce)
+{
+    receive(stateTagLabels(1, 1, "Old"));
+    receive(stateTags(1, 1));
+    receive(stateTags(3, 1));
+    drainQueue();
+    engine().makeTagNamed({&one, &two}, "Night");
+    auto sent = sockets.take();
+    ASSERT_EQ(sent.size(), 4U);
+    EXPECT_EQ(sent[0].type(), 27U);
+    EXPECT_EQ(u64(sent[0], 36), 3U); // with the tag that the lamp has
+    EXPECT_EQ(sent[1].type(), 30U);
+    EXPECT_EQ(u64(sent[1], 36), 2U);
+    EXPECT_EQ(label(sent[1], 44), "Night");
+    EXPECT_EQ(u64(sent[2], 36), 2U);
+    EXPECT_EQ(linesWith("testing "), 2); // the first bit was taken
+    EXPECT_EQ(engine().tagNamed("Night")->id, "Night");
+    EXPECT_EQ(engine().lightsArrayForTag("Night").size(), 2U);
+    EXPECT_EQ(queued().size(), 3U); // tags asked for anew
+
+    engine().editTagLamps("Night", {&two, &three});
+    sent = sockets.take();
+    ASSERT_EQ(sent.size(), 3U);
+    EXPECT_EQ(u64(sent[0], 36), 2U);
+    EXPECT_EQ(u64(sent[1], 36), 3U);
+    EXPECT_EQ(sent[2].host, lampAddress(1));
+    EXPECT_EQ(u64(sent[2], 36), 1U);
+    EXPECT_EQ(delegate.alerts.back().title, "Edit Tag Successful");
+    EXPECT_EQ(delegate.alerts.back().text, "Tag Night updated");
+
+    engine().removeTag("Night");
+    sent = sockets.take();
+    ASSERT_EQ(sent.size(), 6U); // each lamp's field without the bit, then the empty label
+    EXPECT_EQ(u64(sent[0], 36), 1U);
+    EXPECT_EQ(sent[5].type(), 30U);
+    EXPECT_EQ(u64(sent[5], 36), 2U);
+    EXPECT_EQ(label(sent[5], 44), "");
+    EXPECT_FALSE(engine().tagNamed("Night"));
+    EXPECT_EQ(linesWith("Engine room instructed to remove tag Night"), 1);
+}
+
+TEST_F(Groupings, aSixtyFifthTagHasNoBit)
+{
+    for (unsigned n = 0; n < 63; ++n)
+        receive(stateTagLabels(1, std::uint64_t(1) << n, "Tag " + std::to_string(n)));
+    engine().makeTagNamed({}, "Top"); // the last bit is only ever made here
+    lines.clear();
+    drainQueue();
+    engine().makeTagNamed({&one}, "One more");
+    EXPECT_EQ(linesWith("testing "), 65);
+    const auto sent = sockets.take();
+    EXPECT_EQ(u64(sent.at(0), 36), 0U);
+    EXPECT_EQ(label(sent.at(1), 44), "One more");
+    EXPECT_EQ(engine().tagsArray().size(), 65U);
+}
+
+} // namespace lumeroom::test

@@ -1,0 +1,250 @@
+#include "support/EngineHarness.h"
+
+namespace lumeroom::test {
+
+using Heartbeat = EngineHarness;
+
+namespace {
+
+std::string describe(const SentDatagram& sent)
+{
+    return std::to_string(sent.type()) + " " + sent.host;
+}
+
+} // namespace
+
+TEST_F(Heartbeat, oneCycleForThreeLampsByteForByteAndItsPace)
+{
+    for (unsigned n = 1; n <= 3; ++n)
+        addLamp(n);
+    drainQueue();
+    engine().startHeartbeat();
+
+    const auto bytes
+        = [](const std::string& word, const std::string& target, const std::string& type) {
+              return "2400" + word + "564b5444" + target + std::string(12, '0') + "0100"
+                  + std::string(16, '0') + type + "0000";
+          };
+    const std::string everyone(16, '0');
+    const auto tagged = [&](const std::string& type) { return bytes("0034", everyone, type); };
+    const auto toLamp
+        = [&](unsigned n, const std::string& type) { return bytes("0014", hex(target(n)), type); };
+    const struct {
+        double from; // seconds from the start of the cycle
+        std::vector<std::pair<std::string, std::string>> datagrams;
+    } steps[] = {
+        {0.0,
+            {{"255.255.255.255", tagged("0200")}, {lampAddress(1), toLamp(1, "6500")},
+                {lampAddress(2), toLamp(2, "6500")}, {lampAddress(3), toLamp(3, "6500")}}},
+        {1.0, {{"255.255.255.255", tagged("1d00")}}},
+        {1.5,
+            {{lampAddress(1), toLamp(1, "3300")}, {lampAddress(2), toLamp(2, "3300")},
+                {lampAddress(3), toLamp(3, "3300")}}},
+        {2.0,
+            {{lampAddress(1), toLamp(1, "3000")}, {lampAddress(2), toLamp(2, "3000")},
+                {lampAddress(3), toLamp(3, "3000")}}},
+        {2.5, {{"255.255.255.255", tagged("2000")}}},
+        {3.0, {{"255.255.255.255", tagged("0200")}}}, // and so on
+    };
+    const TimePoint start = loop.now();
+    for (const auto& step : steps) {
+        loop.advance(start + std::chrono::milliseconds(int(step.from * 1000)) - loop.now());
+        for (const auto& [host, data] : step.datagrams) {
+            // Each leaves within its tenth of a second, one by one.
+            auto sent = sockets.take();
+            if (sent.empty()) {
+                loop.advance(Seconds(0.1));
+                sent = sockets.take();
+            }
+            ASSERT_EQ(sent.size(), 1U) << step.from;
+            EXPECT_EQ(sent[0].host, host);
+            EXPECT_EQ(sent[0].port, 56700);
+            EXPECT_EQ(hex(sent[0].data), data);
+        }
+    }
+    EXPECT_EQ(delegate.searching.back(), true);
+}
+
+TEST_F(Heartbeat, speedIsReadOncePerCycle)
+{
+    defaults.setObject("heartbeatSpeed", 2.0);
+    engine().startHeartbeat();
+    const auto discoveriesIn = [this](double seconds) {
+        loop.advance(Seconds(seconds));
+        return sockets.takeOfType(2).size();
+    };
+    EXPECT_EQ(discoveriesIn(2.9), 2U); // at 0 and 1.5
+    defaults.setObject("heartbeatSpeed", 1.0); // from the cycle at 3.0 on
+    EXPECT_EQ(discoveriesIn(3.0), 1U);
+    defaults.setObject("heartbeatSpeed", 0);
+    EXPECT_EQ(discoveriesIn(60), 1U); // one more, then an endless pause
+
+    engine().startHeartbeat();
+    EXPECT_EQ(linesWith("attempt to start heartbeatRunning while already running!"), 1);
+}
+
+TEST_F(Heartbeat, aSpeedThatIsNoneCountsAsOne)
+{
+    defaults.setObject("heartbeatSpeed", -3);
+    engine().startHeartbeat();
+    loop.advance(Seconds(5.9));
+    EXPECT_EQ(sockets.takeOfType(2).size(), 2U);
+    EXPECT_EQ(linesWith("heartbeatSpeed -3 is not a speed"), 2);
+}
+
+TEST_F(Heartbeat, anEmbargoLeavesThePaceButAsksForNoGroups)
+{
+    addLamp(1);
+    drainQueue();
+    engine().imposeTemporaryEmbargo();
+    engine().startHeartbeat();
+    loop.advance(Seconds(2.95));
+    std::vector<std::string> sent;
+    for (const auto& datagram : sockets.take())
+        sent.push_back(describe(datagram));
+    EXPECT_EQ(sent,
+        (std::vector<std::string>{
+            "2 255.255.255.255", "101 127.0.9.1", "29 255.255.255.255", "32 255.255.255.255"}));
+}
+
+TEST_F(Heartbeat, theQueueSendsTenASecondAndKeepsRepeats)
+{
+    const auto lamp = addLamp(1);
+    drainQueue();
+    for (int i = 0; i < 20; ++i)
+        receive(stateTagLabels(1, std::uint64_t(1) << i, "Tag " + std::to_string(i)));
+    loop.advance(Seconds(1.0));
+    EXPECT_EQ(sockets.take().size(), 10U);
+    loop.advance(Seconds(9.0));
+    EXPECT_EQ(sockets.takeOfType(26).size(), 10U); // twenty identical polls in all
+}
+
+TEST_F(Heartbeat, moreLampsThanTheQueueCanServeDoNotSwellIt)
+{
+    for (unsigned n = 1; n <= 20; ++n)
+        addLamp(n);
+    engine().startHeartbeat();
+    loop.advance(Seconds(3600));
+    sockets.take();
+    // A change that a user makes still leaves within the embargo that protects it.
+    engine().invalidateSockets();
+    struct : LampReference {
+        bool isGroup() const override { return false; }
+        std::string getID() const override { return lampID(1); }
+    } lamp;
+    engine().makeGroupNamed({&lamp}, "Den");
+    loop.advance(Seconds(14));
+    EXPECT_EQ(sockets.takeOfType(52).size(), 1U);
+    // And every lamp is still asked for its state.
+    loop.advance(Seconds(20));
+    std::set<std::string> asked;
+    for (const auto& datagram : sockets.takeOfType(101))
+        asked.insert(datagram.host);
+    EXPECT_EQ(asked.size(), 20U);
+}
+
+TEST_F(Heartbeat, anEntryWithoutSocketIsDropped)
+{
+    defaults.setObject("verbosity", 3);
+    addLamp(1);
+    drainQueue();
+    engine().startHeartbeat();
+    loop.advance(Seconds(2.45));
+    sockets.take();
+    engine().invalidateSockets(); // before the version request: it does not make a socket
+    lines.clear();
+    loop.advance(Seconds(0.5));
+    EXPECT_TRUE(sockets.take().empty());
+    EXPECT_EQ(linesWith("queueing DEVICE_GETVERSION addressed to 255.255.255.255"), 1);
+    EXPECT_EQ(linesWith("unqueueing"), 1);
+    loop.advance(Seconds(0.5));
+    EXPECT_EQ(sockets.takeOfType(2).size(), 1U); // made anew
+}
+
+TEST_F(Heartbeat, socketsAreMadeOnDemandInvalidatedAndClosed)
+{
+    const auto lamp = addLamp(1);
+    engine().startHeartbeat();
+    loop.advance(Seconds(3));
+    ASSERT_TRUE(lamp->socket);
+    engine().invalidateSockets();
+    EXPECT_FALSE(lamp->socket);
+    EXPECT_EQ(engine().lightsArray().size(), 1U);
+    engine().lampOn(lampID(1), true);
+    EXPECT_TRUE(lamp->socket);
+    loop.advance(Seconds(3));
+    engine().closeUp();
+    EXPECT_EQ(sockets.closed(), 2);
+}
+
+TEST_F(Heartbeat, addressesFollowTheSettings)
+{
+    struct Case {
+        bool noBroadcast;
+        std::string manual;
+        std::vector<std::string> service;
+        std::vector<std::string> details;
+    };
+    const std::vector<std::string> everyone{"255.255.255.255"};
+    const std::vector<std::string> known{"127.0.9.1"};
+    const std::vector<std::string> listed{"127.0.0.3", "127.0.0.4"};
+    const Case cases[] = {
+        {false, "", everyone, everyone},
+        {false, "127.0.0.3, 127.0.0.4\n127.0.0.3", listed, listed},
+        {true, "127.0.0.3\t127.0.0.4", listed, known},
+        {true, "", known, known},
+        {true, "localhost", known, known},
+    };
+    addLamp(1);
+    drainQueue();
+    engine().startHeartbeat();
+    Seconds untilCycleEnds(2.99);
+    for (const Case& c : cases) {
+        defaults.setObject("noBroadcastSupport", c.noBroadcast);
+        defaults.setObject("manualIPAddresses", c.manual);
+        loop.advance(untilCycleEnds);
+        untilCycleEnds = Seconds(3);
+        std::map<unsigned, std::vector<std::string>> hosts;
+        for (const auto& datagram : sockets.take())
+            hosts[datagram.type()].push_back(datagram.host);
+        EXPECT_EQ(hosts[2], c.service) << c.noBroadcast << c.manual;
+        EXPECT_EQ(hosts[29], c.details) << c.noBroadcast << c.manual;
+        EXPECT_EQ(hosts[32], c.details) << c.noBroadcast << c.manual;
+        EXPECT_EQ(hosts[101], known);
+    }
+}
+
+TEST_F(Heartbeat, manualAddressesNeedAFullStop)
+{
+    defaults.setObject(
+        "manualIPAddresses", "10.0.0.1, 10.0.0.2\n10.0.0.3\r\n10.0.0.4 desk 42,lamp.local");
+    EXPECT_EQ(engine().getManualIPs(),
+        (std::set<std::string>{"10.0.0.1", "10.0.0.2", "10.0.0.3", "10.0.0.4", "lamp.local"}));
+    defaults.setObject("manualIPAddresses", Value::Array{"10.0.0.1"}); // of a wrong type
+    EXPECT_TRUE(engine().getManualIPs().empty());
+}
+
+TEST_F(Heartbeat, theArpTableIsReadOnlyWithoutBroadcastsAndList)
+{
+    engine();
+    EXPECT_EQ(arp.runs, 0);
+}
+
+TEST_F(Heartbeat, theArpTableSeedsTheKnownAddresses)
+{
+    defaults.setObject("noBroadcastSupport", "YES");
+    defaults.setObject("knownIPs", Value::Array{"10.0.0.1", 5});
+    engine().startHeartbeat();
+    ASSERT_EQ(arp.runs, 1);
+    loop.advance(Seconds(2));
+    EXPECT_TRUE(sockets.take().empty()); // earlier addresses are not read before the first addition
+    arp.pending({1, "lifx-desk (10.0.0.2) at aa\nprinter (10.0.0.3) at bb\nlifx without\n"});
+    EXPECT_EQ(defaults.arrayForKey("knownIPs"), (Value::Array{"10.0.0.1", "10.0.0.2"}));
+    EXPECT_EQ(linesWith("arp error - exit code: 1"), 1); // and the output counts all the same
+    EXPECT_EQ(linesWith("arp says IPs are: (10.0.0.2)"), 1);
+    EXPECT_EQ(delegate.searching.back(), false);
+    loop.advance(Seconds(1.5));
+    EXPECT_EQ(sockets.takeOfType(2).size(), 2U);
+}
+
+} // namespace lumeroom::test
