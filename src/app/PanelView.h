@@ -1,15 +1,9 @@
 #pragma once
 
+#include "app/StripCollection.h"
 #include "engine/QVLIFXEngineDelegate.h"
 
-#include <memory>
-#include <string>
-#include <vector>
-
 namespace lumeroom {
-
-class LampControlStrip;
-using Strips = std::vector<std::shared_ptr<LampControlStrip>>;
 
 /// The control panel's window, as its controller sees it.
 class PanelView {
@@ -22,6 +16,8 @@ public:
     virtual void stopThrobber() = 0;
     /// Shows just these strips, in this order. A strip that was shown before keeps its view.
     virtual void showStrips(const Strips& strips) = 0;
+    /// While the user edits in a popover, the panel must not be rebuilt under it.
+    virtual bool popoverIsOpen() const = 0;
     /// Brings the window to the front with the keyboard focus.
     virtual void makeKeyAndFront() = 0;
     virtual int runModal(const Alert& alert) = 0;

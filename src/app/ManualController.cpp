@@ -1,0 +1,216 @@
+#include "app/ManualController.h"
+
+#include "base/DefaultsKeys.h"
+#include "base/Log.h"
+#include "base/RegisteredDefaults.h"
+#include "base/UserDefaults.h"
+#include "engine/EngineRoom.h"
+
+#include <algorithm>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr Seconds kSetUpRetry(1.5);
+constexpr Seconds kSetUpBuffer(1.5);
+constexpr Seconds kRefreshDeferral(5.0);
+constexpr std::string_view kBundleName = "Lumeroom";
+
+/// What a report shows in a strip; nothing before the lamp's power, brightness and name are known.
+std::optional<StripSettings> reportFrom(const Lamp& lamp)
+{
+    if (!lamp.onoff || !lamp.brightness)
+        return {};
+    StripSettings report;
+    report.adopt(lamp);
+    report.onoff = lamp.onoff;
+    report.label = lamp.label;
+    return report;
+}
+
+} // namespace
+
+ManualController::ManualController(
+    RunLoop& runLoop, UserDefaults& defaults, Log& log, EngineRoom& engineRoom, PanelView& panel)
+    : m_runLoop(runLoop)
+    , m_defaults(defaults)
+    , m_log(log)
+    , m_engineRoom(engineRoom)
+    , m_panel(panel)
+    , m_collection(defaults, log)
+{
+}
+
+ManualController::~ManualController()
+{
+    m_engineRoom.setDelegate(nullptr);
+}
+
+void ManualController::awakeFromNib()
+{
+    m_defaults.setObject(keys::kVeryVerboseAtStartup, false);
+    if (m_defaults.integerForKey(keys::kVerbosity) >= 2)
+        m_defaults.setObject(keys::kVerbosity, 1); // high levels do not outlive a run
+    m_panel.setTitle(fmt::format("{} manual control panel", kBundleName));
+    m_defaults.registerDefaults(registeredDefaults());
+}
+
+void ManualController::applicationDidFinishLaunching()
+{
+    m_engineRoom.setDelegate(this);
+    m_engineRoom.startHeartbeat();
+    setUp();
+}
+
+void ManualController::applicationShouldTerminate()
+{
+    m_engineRoom.closeUp();
+    m_collection.saveStripOrder();
+}
+
+void ManualController::showManualControl()
+{
+    m_panel.makeKeyAndFront();
+}
+
+void ManualController::allOn()
+{
+    m_engineRoom.allOn(true);
+}
+
+void ManualController::allOff()
+{
+    m_engineRoom.allOn(false);
+}
+
+void ManualController::setUp()
+{
+    if (m_attemptedSetUp)
+        m_engineRoom.invalidateSockets();
+    m_attemptedSetUp = true;
+    m_collection.clear();
+
+    if (m_engineRoom.lightsArray().empty()) {
+        if (m_log.shows(1))
+            m_log.line("No lights found, trying again in 1.5s");
+        m_panel.startThrobber();
+        m_retry = m_runLoop.after(kSetUpRetry, [this] { setUp(); });
+        return;
+    }
+    m_panel.stopThrobber();
+    for (const auto& lamp : m_engineRoom.lightsArray()) {
+        // A lamp that was heard at a second address has a second record, but one strip.
+        if (!m_collection.getStripWithID(lamp->id))
+            m_collection.add(makeControlStripForLamp(*lamp, StripType::Lamp));
+    }
+    m_collection.applySortOrder();
+    m_panel.showStrips(m_collection.strips());
+    m_setUp = true;
+    m_setUpBuffered = false;
+}
+
+void ManualController::refreshSetUpUsingRecycling(bool recycling)
+{
+    if (m_panel.popoverIsOpen()) {
+        m_deferredRefresh = m_runLoop.after(
+            kRefreshDeferral, [this, recycling] { refreshSetUpUsingRecycling(recycling); });
+        return;
+    }
+    if (!recycling)
+        m_recycler.clear();
+    for (const auto& strip : m_collection.strips()) {
+        strip->deactivate();
+        if (recycling)
+            recycleStrip(strip);
+    }
+    setUp();
+}
+
+std::shared_ptr<LampControlStrip> ManualController::makeControlStripForLamp(
+    const Lamp& lamp, StripType type)
+{
+    auto strip = recycledStripForID(lamp.id, type);
+    strip->reactivateWithEngineRoom(&m_engineRoom);
+    strip->setCapabilities(lamp.capabilities.value_or(kCapabilitiesColourLamp));
+    StripSettings settings;
+    settings.colour = lamp.colour.value_or(0);
+    settings.saturation = lamp.saturation.value_or(0);
+    settings.brightness = lamp.brightness.value_or(0);
+    settings.warmth = lamp.warmth.value_or(0);
+    settings.onoff = lamp.onoff.value_or(false);
+    settings.label = lamp.label.empty() ? lamp.id : lamp.label;
+    strip->implementSettingsFromDictionaryWithoutActing(settings);
+    return strip;
+}
+
+std::shared_ptr<LampControlStrip> ManualController::recycledStripForID(
+    const std::string& id, StripType type)
+{
+    const auto found = std::find_if(m_recycler.begin(), m_recycler.end(),
+        [&](const auto& strip) { return strip->getID() == id && strip->type() == type; });
+    if (found != m_recycler.end())
+        return *found;
+    return std::make_shared<LampControlStrip>(id, type, m_runLoop);
+}
+
+void ManualController::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)
+{
+    if (std::find(m_recycler.begin(), m_recycler.end(), strip) == m_recycler.end())
+        m_recycler.push_back(strip);
+}
+
+// A burst of lamps makes one rebuild, 1.5 seconds after the first.
+void ManualController::newLampsAdded()
+{
+    if (!m_setUp || m_setUpBuffered)
+        return;
+    m_setUpBuffered = true;
+    m_setUpBuffer = m_runLoop.after(kSetUpBuffer, [this] { refreshSetUpUsingRecycling(true); });
+}
+
+void ManualController::lampStatesChanged()
+{
+    updateLampsSoon();
+}
+
+void ManualController::lampZoneStatesChanged()
+{
+    updateLampsSoon();
+}
+
+void ManualController::newZoneAdded()
+{
+    updateLampsSoon();
+}
+
+void ManualController::engineIsSsearching(bool) { }
+
+int ManualController::runModal(const Alert& alert)
+{
+    return m_panel.runModal(alert);
+}
+
+// Many reports come in a row: the strips are brought up to date once, after all of them.
+void ManualController::updateLampsSoon()
+{
+    if (m_updatePending)
+        return;
+    m_updatePending = true;
+    m_runLoop.post(m_lifeline.guard([this] {
+        m_updatePending = false;
+        updateLamps(m_engineRoom.lightsArray());
+    }));
+}
+
+void ManualController::updateLamps(const Lamps& lamps)
+{
+    for (const auto& lamp : lamps) {
+        const auto report = reportFrom(*lamp);
+        const auto strip = m_collection.getStripWithID(lamp->id);
+        if (report && strip)
+            strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(*report);
+    }
+}
+
+} // namespace lumeroom

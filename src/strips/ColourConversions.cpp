@@ -1,0 +1,79 @@
+#include "strips/ColourConversions.h"
+
+#include <cmath>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr float kHueRange = 65535.0F;
+constexpr float kByteRange = 255.0F;
+constexpr int kWarmthOrigin = 9000;
+
+} // namespace
+
+Colour colourFromSliders(const SliderValues& sliders)
+{
+    return {.hue = sliders.colour / kHueRange,
+        .saturation = (kByteRange - sliders.saturation) / kByteRange,
+        .brightness = sliders.brightness / kByteRange,
+        .alpha = 1,
+        .kelvin = kWarmthOrigin - static_cast<int>(sliders.warmth)};
+}
+
+SliderValues slidersFromColour(const Colour& colour, const SliderValues& present, int capabilities)
+{
+    SliderValues sliders = present;
+    sliders.brightness = colour.brightness * kByteRange;
+    sliders.saturation = kByteRange - colour.saturation * kByteRange;
+    sliders.colour = colour.hue * kHueRange;
+    const auto kelvin = usableKelvin(colour);
+    if (kelvin && (capabilities & kCapabilityVariableWhite) != 0)
+        sliders.warmth = static_cast<float>(kWarmthOrigin - *kelvin);
+    return sliders;
+}
+
+Settings settingsFromEffectColour(const Colour& colour)
+{
+    constexpr float kDark = 0.001F;
+    Settings settings;
+    settings.brightness = colour.brightness * kByteRange;
+    settings.colour = colour.hue * kHueRange;
+    settings.saturation = kByteRange - colour.saturation * kByteRange;
+    settings.warmth = kWarmthOrigin - colour.kelvin.value_or(kDefaultKelvin);
+    settings.onoff = !(colour.brightness < kDark);
+    return settings;
+}
+
+int kelvinFromKnob(float xOffset)
+{
+    return static_cast<int>(((xOffset + 1.0F) * -0.5F + 1.0F) * 6500.0F + 2500.0F);
+}
+
+KnobPlace knobFromKelvin(int kelvin)
+{
+    const float place = (static_cast<float>(6500 - (kelvin - 2500)) - 3250.0F) / 3250.0F;
+    return {.degrees = place >= 0 ? 90.0F : 270.0F, .distance = std::abs(place)};
+}
+
+Colour colourFromKnob(const KnobPlace& knob, float brightness)
+{
+    float angle = knob.degrees - 90.0F;
+    if (angle < 0)
+        angle += 360.0F;
+    return {.hue = (360.0F - angle) / 360.0F,
+        .saturation = knob.distance,
+        .brightness = brightness,
+        .alpha = 1,
+        .kelvin = {}};
+}
+
+KnobPlace knobFromColour(const Colour& colour)
+{
+    float angle = 360.0F + 90.0F - colour.hue * 360.0F;
+    if (angle >= 360.0F)
+        angle -= 360.0F;
+    return {.degrees = angle, .distance = colour.saturation};
+}
+
+} // namespace lumeroom

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "strips/Colour.h"
+
+#include <vector>
+
+/// What the strips' controls look like, as data for a painter.
+namespace lumeroom {
+
+struct Rectangle {
+    float x = 0;
+    float y = 0;
+    float width = 0;
+    float height = 0;
+
+    bool operator==(const Rectangle&) const = default;
+};
+
+/// The bar of a slider: a rounded rectangle with an even gradient.
+struct SliderBar {
+    Rectangle rectangle;
+    float cornerRadius = 2;
+    float degrees = 0; ///< 0 runs from left to right, 270 from top to bottom
+    std::vector<Rgba> colours;
+    float alpha = 1;
+};
+
+/// `inside` is the room that the slider has for its bar.
+SliderBar whitenessSliderBar(const Rectangle& inside, float saturatedHueComponent, bool dark);
+SliderBar brightnessSliderBar(const Rectangle& inside, bool dark);
+SliderBar warmthSliderBar(const Rectangle& inside, bool dark);
+/// Once around the hues.
+SliderBar colourSliderBar(const Rectangle& inside, bool dark);
+
+/// The on/off button: an oval within its bounds, with these layers of paint and a grey outline.
+struct OnOffButtonPaint {
+    Rectangle oval;
+    std::vector<Rgba> fills; ///< in this order
+    Rgba outline{0.5F, 0.5F, 0.5F, 1};
+    float outlineWidth = 1;
+};
+
+struct OnOffButtonLook {
+    bool on = false;
+    bool highlighted = false;
+    bool dark = false;
+    Colour wellColour;
+};
+
+OnOffButtonPaint onOffButtonPaint(const Rectangle& bounds, const OnOffButtonLook& look);
+
+/// The swatch: its colour at full brightness, with the brightness as alpha, so that a dim colour is
+/// pale.
+Rgba swatchFill(const Colour& colour);
+
+} // namespace lumeroom

@@ -1,0 +1,54 @@
+#include "strips/Controls.h"
+
+#include "engine/Records.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumeroom {
+
+void SliderModel::setValue(float value)
+{
+    if (std::isnan(value))
+        return;
+    assign(m_value, std::clamp(value, 0.0F, m_maximum));
+}
+
+void SliderModel::moveTo(float value)
+{
+    if (!isEnabled())
+        return;
+    setValue(value);
+    didMove();
+}
+
+void SliderModel::didMove()
+{
+    if (m_target)
+        m_target->handleControl(*this);
+}
+
+void ZTSlider::handleChange()
+{
+    m_actionFilter.controlDidChange();
+    if (target())
+        target()->unfilteredAction(*this);
+}
+
+void ZTSlider::fireFilteredAction()
+{
+    if (target())
+        target()->handleControl(*this);
+}
+
+void ColourWellModel::setColour(const Colour& colour)
+{
+    Colour shown = colour;
+    if ((m_capabilities & kCapabilityColour) == 0) {
+        shown = Colour::grey(colour.brightness);
+        shown.kelvin = colour.kelvin;
+    }
+    assign(m_colour, shown);
+}
+
+} // namespace lumeroom

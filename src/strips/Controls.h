@@ -1,0 +1,175 @@
+#pragma once
+
+#include "strips/ActionFilter.h"
+#include "strips/Colour.h"
+
+#include <string>
+
+/// The controls of a strip as plain models. A view mirrors one: it repaints when the model says
+/// `onChange`, and tells the model what the user did.
+namespace lumeroom {
+
+/// The tags by which the controls of a strip are known.
+namespace controltag {
+inline constexpr int kLabel = 1;
+inline constexpr int kOnOffButton = 2;
+inline constexpr int kBrightnessSlider = 3;
+inline constexpr int kColourSlider = 4;
+inline constexpr int kSaturationSlider = 5;
+inline constexpr int kRenameButton = 6;
+inline constexpr int kKindBadge = 7;
+inline constexpr int kEffectButton = 8;
+inline constexpr int kSelectionButton = 11;
+inline constexpr int kWarmthSlider = 12;
+inline constexpr int kDragHandle = 13;
+inline constexpr int kNavigationButton = 14;
+inline constexpr int kStatusMenuItem = -27;
+} // namespace controltag
+
+class ControlModel;
+
+/// What controls act on: a strip.
+class ControlTarget {
+public:
+    virtual ~ControlTarget() = default;
+    virtual void handleControl(const ControlModel& sender) = 0;
+    /// Every movement of a filtered control, at full rate.
+    virtual void unfilteredAction(const ControlModel& sender) = 0;
+};
+
+class ControlModel {
+public:
+    explicit ControlModel(int tag)
+        : m_tag(tag)
+    {
+    }
+    virtual ~ControlModel() = default;
+    ControlModel(const ControlModel&) = delete;
+    ControlModel& operator=(const ControlModel&) = delete;
+
+    int tag() const { return m_tag; }
+    bool isEnabled() const { return m_enabled; }
+    bool isHidden() const { return m_hidden; }
+    void setEnabled(bool enabled) { assign(m_enabled, enabled); }
+    void setHidden(bool hidden) { assign(m_hidden, hidden); }
+
+    /// The view's wish to be told of changes.
+    std::function<void()> onChange;
+    void setNeedsDisplay() const
+    {
+        if (onChange)
+            onChange();
+    }
+
+protected:
+    template <typename T> void assign(T& member, const T& value)
+    {
+        if (member == value)
+            return;
+        member = value;
+        setNeedsDisplay();
+    }
+
+private:
+    int m_tag;
+    bool m_enabled = true;
+    bool m_hidden = false;
+};
+
+class TextModel : public ControlModel {
+public:
+    using ControlModel::ControlModel;
+    const std::string& text() const { return m_text; }
+    void setText(const std::string& text) { assign(m_text, text); }
+
+private:
+    std::string m_text;
+};
+
+/// A push or check button; its state is on or off.
+class ButtonModel : public ControlModel {
+public:
+    using ControlModel::ControlModel;
+    bool state() const { return m_state; }
+    void setState(bool on) { assign(m_state, on); }
+    void setTarget(ControlTarget* target) { m_target = target; }
+
+    /// The user pressed it.
+    void press()
+    {
+        setState(!m_state);
+        if (m_target)
+            m_target->handleControl(*this);
+    }
+
+private:
+    bool m_state = false;
+    ControlTarget* m_target = nullptr;
+};
+
+/// A slider whose every movement is an action.
+class SliderModel : public ControlModel {
+public:
+    SliderModel(int tag, float maximum)
+        : ControlModel(tag)
+        , m_maximum(maximum)
+    {
+    }
+    float value() const { return m_value; }
+    int integerValue() const { return static_cast<int>(m_value); }
+    float maximum() const { return m_maximum; }
+    /// Kept within 0 and the maximum.
+    void setValue(float value);
+    void setTarget(ControlTarget* target) { m_target = target; }
+
+    /// The user moved it.
+    void moveTo(float value);
+
+protected:
+    ControlTarget* target() const { return m_target; }
+    virtual void didMove();
+
+private:
+    float m_maximum;
+    float m_value = 0;
+    ControlTarget* m_target = nullptr;
+};
+
+/// A slider whose movements reach its target through an `ActionFilter`.
+class ZTSlider : public SliderModel {
+public:
+    ZTSlider(int tag, float maximum, RunLoop& runLoop)
+        : SliderModel(tag, maximum)
+        , m_actionFilter(runLoop, [this] { fireFilteredAction(); })
+    {
+    }
+    void setFilteredTarget(ControlTarget* target) { setTarget(target); }
+    void handleChange();
+    void fireFilteredAction();
+
+protected:
+    void didMove() override { handleChange(); }
+
+private:
+    ActionFilter m_actionFilter;
+};
+
+/// The swatch that shows a strip's colour.
+class ColourWellModel : public ControlModel {
+public:
+    ColourWellModel()
+        : ControlModel(0)
+    {
+    }
+    const Colour& colour() const { return m_colour; }
+    /// A target without colour shows the grey of the same brightness.
+    void setColour(const Colour& colour);
+    int capabilities() const { return m_capabilities; }
+    void setCapabilities(int capabilities) { assign(m_capabilities, capabilities); }
+
+private:
+    Colour m_colour;
+    int m_capabilities = 7;
+};
+
+} // namespace lumeroom
