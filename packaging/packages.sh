@@ -1,0 +1,44 @@
+# shellcheck shell=bash
+# What the program is built and tested with, as Debian 12 names it, and how it gets installed.
+
+build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libgl-dev libplist-dev
+    libfmt-dev nlohmann-json3-dev fonts-dejavu-core)
+display_packages=(xvfb)
+test_packages=(libgtest-dev libbenchmark-dev)
+check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)
+
+# The packages among the arguments that are not installed.
+missing_packages() {
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+            echo "$package"
+    done
+}
+
+# Installs those of the packages that are missing, or says which and why it cannot.
+install_packages() {
+    local missing
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        echo "There is no apt-get here. If the build fails, look for these: $*" >&2
+        return 0
+    fi
+    mapfile -t missing < <(missing_packages "$@")
+    [ ${#missing[@]} -gt 0 ] || return 0
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null || ! sudo -v; then
+            echo "These packages are missing, and installing them needs root or sudo:" >&2
+            echo "  ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing ${missing[*]} ..."
+    if ! { "${as_root[@]}" apt-get update -qq &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
+            --no-install-recommends "${missing[@]}" >/dev/null; }; then
+        echo "apt-get could not install: ${missing[*]}" >&2
+        return 1
+    fi
+}

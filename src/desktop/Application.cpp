@@ -1,0 +1,97 @@
+#include "desktop/Application.h"
+
+#include "base/DefaultsKeys.h"
+#include "desktop/Menus.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QStandardPaths>
+
+namespace lumeroom {
+
+namespace {
+
+std::string readProducts()
+{
+    QFile file(QStringLiteral(":/products.json"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
+} // namespace
+
+Application::Application(const CommandLine& commandLine)
+    : m_commandLine(commandLine)
+    , m_pipe(m_runLoop,
+          [this](const std::string& text) { m_console.append(QString::fromStdString(text)); })
+    , m_defaults(defaultsFile(), m_runLoop, m_log)
+    , m_demonstration(m_commandLine, m_defaults, m_log)
+    , m_io(m_runLoop, m_log)
+    , m_arpTable(m_runLoop)
+    , m_engineRoom(
+          {m_runLoop, m_pacer, m_defaults, m_log, m_io.socketFactory(), readProducts, m_arpTable})
+    , m_controller(m_runLoop, m_defaults, m_log, m_engineRoom, m_panel)
+{
+    m_log.setVerbositySource(
+        [this] { return static_cast<int>(m_defaults.integerForKey(keys::kVerbosity)); });
+    m_signals.setHandler([this] { quit(); });
+}
+
+Application::~Application()
+{
+    m_log.setVerbositySource({});
+}
+
+std::filesystem::path Application::defaultsFile() const
+{
+    if (!m_commandLine.defaultsFile.empty())
+        return m_commandLine.defaultsFile;
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const std::string name = m_commandLine.demo ? "demo.plist" : "com.tanagerworks.Lumeroom.plist";
+    return std::filesystem::path(folder.toStdString()) / "lumeroom" / name;
+}
+
+int Application::run()
+{
+    m_controller.awakeFromNib();
+    makeMenus();
+    m_panel.show();
+    m_controller.applicationDidFinishLaunching();
+    if (!m_commandLine.snapshotFile.empty()) {
+        m_snapshot = std::make_unique<Snapshot>(
+            m_runLoop, m_engineRoom, m_panel, QString::fromStdString(m_commandLine.snapshotFile));
+        m_snapshot->start([](int status) { QCoreApplication::exit(status); });
+    }
+    const int status = QApplication::exec();
+    terminate();
+    return status;
+}
+
+void Application::makeMenus()
+{
+    addMenus(m_panel,
+        {.quit = [this] { quit(); },
+            .allOn = [this] { m_controller.allOn(); },
+            .allOff = [this] { m_controller.allOff(); },
+            .showManualControl = [this] { m_controller.showManualControl(); },
+            .showConsole =
+                [this] {
+                    m_console.show();
+                    m_console.raise();
+                    m_console.activateWindow();
+                }});
+}
+
+void Application::quit()
+{
+    QCoreApplication::quit();
+}
+
+void Application::terminate()
+{
+    if (std::exchange(m_terminated, true))
+        return;
+    m_controller.applicationShouldTerminate();
+    m_defaults.synchronize();
+}
+
+} // namespace lumeroom

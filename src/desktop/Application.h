@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/ManualController.h"
+#include "app/ui/ConsoleWindow.h"
+#include "app/ui/ControlPanelWindow.h"
+#include "base/Log.h"
+#include "base/Pacer.h"
+#include "base/UserDefaults.h"
+#include "desktop/CommandLine.h"
+#include "desktop/Demonstration.h"
+#include "desktop/QtRunLoop.h"
+#include "desktop/QuitSignals.h"
+#include "desktop/Snapshot.h"
+#include "desktop/StandardErrorPipe.h"
+#include "engine/EngineRoom.h"
+#include "engine/SystemArpTable.h"
+#include "engine/UdpIoThread.h"
+
+namespace lumeroom {
+
+/// The program's objects, in the order of its launch. Needs a QApplication.
+class Application {
+public:
+    explicit Application(const CommandLine& commandLine);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    /// Runs until the user quits; the program's exit status.
+    int run();
+
+private:
+    std::filesystem::path defaultsFile() const;
+    void makeMenus();
+    void quit();
+    void terminate();
+
+    CommandLine m_commandLine;
+    QuitSignals m_signals;
+    QtRunLoop m_runLoop;
+    ThreadPacer m_pacer;
+    Log m_log;
+    ConsoleWindow m_console;
+    StandardErrorPipe m_pipe;
+    UserDefaults m_defaults;
+    Demonstration m_demonstration;
+    UdpIoThread m_io;
+    SystemArpTable m_arpTable;
+    EngineRoom m_engineRoom;
+    ControlPanelWindow m_panel;
+    ManualController m_controller;
+    std::unique_ptr<Snapshot> m_snapshot;
+    bool m_terminated = false;
+};
+
+} // namespace lumeroom

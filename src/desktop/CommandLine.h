@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace lumeroom {
+
+struct CommandLine {
+    bool help = false;
+    bool version = false;
+    bool demo = false;
+    unsigned demoLamps = 8;
+    std::string defaultsFile; ///< empty: the usual one
+    std::string snapshotFile; ///< empty: no snapshot
+    enum class Appearance { Desktop, Light, Dark } appearance = Appearance::Desktop;
+
+    std::string error; ///< what is wrong with the arguments; empty for nothing
+};
+
+/// Reads the arguments behind the program's name.
+CommandLine parseCommandLine(const std::vector<std::string>& arguments);
+
+std::string helpText();
+
+} // namespace lumeroom

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/RunLoop.h"
+#include "engine/Records.h"
+
+#include <QString>
+
+class QWidget;
+
+namespace lumeroom {
+
+class EngineRoom;
+
+/// The lamps as a table of text: name, product, address, power and brightness.
+std::string lampTable(const Lamps& lamps);
+
+/// Waits until the panel shows the lamps that answer, prints them as a table, and saves a picture
+/// of the panel. For machines without a display.
+class Snapshot {
+public:
+    Snapshot(RunLoop& runLoop, const EngineRoom& engineRoom, QWidget& panel, QString file);
+
+    /// Calls `done` with the exit status: 1 if no lamp was found or the picture cannot be saved.
+    void start(std::function<void(int status)> done);
+
+private:
+    void look();
+    int finish();
+    std::size_t knownFacts() const;
+
+    RunLoop& m_runLoop;
+    const EngineRoom& m_engineRoom;
+    QWidget& m_panel;
+    QString m_file;
+    std::function<void(int status)> m_done;
+    Timer m_timer;
+    int m_looks = 0;
+    int m_quietLooks = 0;
+    std::size_t m_lastFacts = 0;
+};
+
+} // namespace lumeroom

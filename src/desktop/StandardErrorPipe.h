@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace lumeroom {
+
+class RunLoop;
+
+/// Takes over the standard error stream: what is written to it goes on to where it went before and,
+/// as text, to the console view.
+class StandardErrorPipe {
+public:
+    /// `receive` is called on the main thread with whole UTF-8 characters.
+    StandardErrorPipe(RunLoop& runLoop, std::function<void(std::string text)> receive);
+    /// Puts the stream back. What was written until then has been passed on.
+    ~StandardErrorPipe();
+    StandardErrorPipe(const StandardErrorPipe&) = delete;
+    StandardErrorPipe& operator=(const StandardErrorPipe&) = delete;
+
+private:
+    void readPipe();
+
+    RunLoop& m_runLoop;
+    std::function<void(std::string text)> m_receive;
+    int m_original = -1;
+    int m_pipeReadHandle = -1;
+    std::shared_ptr<bool> m_alive;
+    std::thread m_reader;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,48 @@
+#include "strips/ui/Painting.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QWidget>
+
+namespace lumeroom {
+
+QColor qColor(const Rgba& rgba)
+{
+    return QColor::fromRgbF(rgba.red, rgba.green, rgba.blue, rgba.alpha);
+}
+
+QRectF qRect(const Rectangle& rectangle)
+{
+    return {rectangle.x, rectangle.y, rectangle.width, rectangle.height};
+}
+
+Rectangle rectangleFrom(const QRectF& rect)
+{
+    return {static_cast<float>(rect.x()), static_cast<float>(rect.y()),
+        static_cast<float>(rect.width()), static_cast<float>(rect.height())};
+}
+
+bool isDark(const QWidget& widget)
+{
+    constexpr int kMiddleGrey = 128;
+    return widget.palette().color(QPalette::Window).lightness() < kMiddleGrey;
+}
+
+void paintSliderBar(QPainter& painter, const SliderBar& bar)
+{
+    const QRectF rect = qRect(bar.rectangle);
+    const bool upright = bar.degrees != 0;
+    QLinearGradient gradient(rect.topLeft(), upright ? rect.bottomLeft() : rect.topRight());
+    for (std::size_t i = 0; i < bar.colours.size(); ++i) {
+        const double place = static_cast<double>(i) / static_cast<double>(bar.colours.size() - 1);
+        gradient.setColorAt(place, qColor(bar.colours[i]));
+    }
+    painter.save();
+    painter.setOpacity(painter.opacity() * bar.alpha);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(gradient);
+    painter.drawRoundedRect(rect, bar.cornerRadius, bar.cornerRadius);
+    painter.restore();
+}
+
+} // namespace lumeroom

@@ -1,0 +1,44 @@
+#include "strips/ui/RenamePopover.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace lumeroom {
+
+namespace {
+constexpr int kFieldWidth = 220;
+}
+
+RenamePopover::RenamePopover(const QString& name, ShouldClose shouldClose, QWidget* parent)
+    : QFrame(parent, Qt::Popup)
+    , m_field(new QLineEdit(name, this))
+    , m_shouldClose(std::move(shouldClose))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFrameShape(QFrame::StyledPanel);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_field);
+    m_field->setAccessibleName(tr("new name"));
+    m_field->setMinimumWidth(kFieldWidth);
+    m_field->selectAll();
+    setFocusProxy(m_field);
+    connect(m_field, &QLineEdit::returnPressed, this, &QWidget::close);
+}
+
+void RenamePopover::closeEvent(QCloseEvent* event)
+{
+    if (!m_cancelled)
+        m_shouldClose(m_field->text());
+    QFrame::closeEvent(event);
+}
+
+void RenamePopover::keyPressEvent(QKeyEvent* event)
+{
+    m_cancelled = event->key() == Qt::Key_Escape;
+    QFrame::keyPressEvent(event);
+    if (m_cancelled)
+        close();
+}
+
+} // namespace lumeroom

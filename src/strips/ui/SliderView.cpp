@@ -1,0 +1,144 @@
+#include "strips/ui/SliderView.h"
+
+#include "strips/ui/Painting.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QSignalBlocker>
+
+#include <cmath>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr double kKnobRadius = 8;
+constexpr int kHeight = 26;
+constexpr int kNarrowest = 70;
+constexpr int kUsualWidth = 130;
+constexpr int kKeySteps = 50; // arrow keys from one end to the other
+constexpr int kPageSteps = 10;
+
+} // namespace
+
+SliderView::SliderView(SliderModel& model, MakeBar makeBar, const QString& name, QWidget* parent)
+    : QAbstractSlider(parent)
+    , m_model(model)
+    , m_makeBar(std::move(makeBar))
+{
+    const int maximum = static_cast<int>(model.maximum());
+    setOrientation(Qt::Horizontal);
+    setRange(0, maximum);
+    setSingleStep(std::max(1, maximum / kKeySteps));
+    setPageStep(std::max(1, maximum / kPageSteps));
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(name);
+    setToolTip(name.left(1).toUpper() + name.mid(1));
+    connect(this, &QAbstractSlider::valueChanged, this, [this](int value) {
+        if (!m_mirroring)
+            m_model.moveTo(static_cast<float>(value));
+    });
+    m_model.onChange = [this] { mirror(); };
+    mirror();
+}
+
+void SliderView::mirror()
+{
+    m_mirroring = true;
+    setEnabled(m_model.isEnabled());
+    if (!isSliderDown())
+        setValue(m_model.integerValue());
+    const double percent = 100.0 * m_model.value() / m_model.maximum();
+    setAccessibleDescription(tr("%1 percent").arg(std::lround(percent)));
+    update();
+    m_mirroring = false;
+}
+
+QSize SliderView::sizeHint() const
+{
+    return {kUsualWidth, kHeight};
+}
+
+QSize SliderView::minimumSizeHint() const
+{
+    return {kNarrowest, kHeight};
+}
+
+QRectF SliderView::barRoom() const
+{
+    return QRectF(rect()).adjusted(kKnobRadius + 1, 0, -kKnobRadius - 1, 0);
+}
+
+void SliderView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool dark = isDark(*this);
+    if (!isEnabled())
+        painter.setOpacity(0.3);
+
+    const SliderBar bar = m_makeBar(rectangleFrom(barRoom()), dark);
+    // A hairline makes the white end of a bar show on a light ground.
+    painter.setPen(QPen(dark ? QColor(255, 255, 255, 30) : QColor(0, 0, 0, 60), 1));
+    painter.setBrush(dark ? QColor(0, 0, 0, 60) : QColor(0, 0, 0, 25));
+    painter.drawRoundedRect(qRect(bar.rectangle).adjusted(-0.5, -0.5, 0.5, 0.5), 2.5, 2.5);
+    paintSliderBar(painter, bar);
+
+    if (!isEnabled())
+        return;
+    const double place = static_cast<double>(value()) / std::max(1, maximum());
+    const QPointF knob(barRoom().left() + place * barRoom().width(), barRoom().center().y());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 40));
+    painter.drawEllipse(knob + QPointF(0, 0.8), kKnobRadius, kKnobRadius);
+    painter.setBrush(dark ? QColor(214, 214, 218) : QColor(255, 255, 255));
+    painter.setPen(QPen(dark ? QColor(0, 0, 0, 90) : QColor(0, 0, 0, 70), 1));
+    painter.drawEllipse(knob, kKnobRadius - 0.5, kKnobRadius - 0.5);
+    if (hasFocus() || underMouse()) {
+        QColor ring = palette().color(QPalette::Highlight);
+        ring.setAlphaF(hasFocus() ? 1.0F : 0.5F);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(ring, 2));
+        painter.drawEllipse(knob, kKnobRadius, kKnobRadius);
+    }
+}
+
+void SliderView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    setSliderDown(true);
+    follow(event->position().x());
+}
+
+void SliderView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (isSliderDown())
+        follow(event->position().x());
+}
+
+void SliderView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || !isSliderDown())
+        return;
+    follow(event->position().x());
+    setSliderDown(false);
+}
+
+void SliderView::follow(double x)
+{
+    const double place = std::clamp((x - barRoom().left()) / barRoom().width(), 0.0, 1.0);
+    setValue(static_cast<int>(std::lround(place * maximum())));
+}
+
+void SliderView::enterEvent(QEnterEvent*)
+{
+    update();
+}
+
+void SliderView::leaveEvent(QEvent*)
+{
+    update();
+}
+
+} // namespace lumeroom

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "strips/ControlPainting.h"
+#include "strips/Controls.h"
+
+#include <QAbstractSlider>
+
+namespace lumeroom {
+
+/// A horizontal slider with a painted bar and a round knob, mirroring a model. A press on the bar
+/// brings the knob there.
+class SliderView : public QAbstractSlider {
+    Q_OBJECT
+
+public:
+    using MakeBar = std::function<SliderBar(const Rectangle& inside, bool dark)>;
+
+    /// `name` is what the slider sets, for assistive technology: "brightness".
+    SliderView(SliderModel& model, MakeBar makeBar, const QString& name, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    void mirror();
+    void follow(double x);
+    QRectF barRoom() const;
+
+    SliderModel& m_model;
+    MakeBar m_makeBar;
+    bool m_mirroring = false;
+};
+
+} // namespace lumeroom
