@@ -186,6 +186,11 @@ void ManualController::newZoneAdded()
 
 void ManualController::engineIsSsearching(bool) { }
 
+void ManualController::lampCapabilitiesChanged()
+{
+    updateLampsSoon();
+}
+
 int ManualController::runModal(const Alert& alert)
 {
     return m_panel.runModal(alert);
@@ -206,9 +211,12 @@ void ManualController::updateLampsSoon()
 void ManualController::updateLamps(const Lamps& lamps)
 {
     for (const auto& lamp : lamps) {
-        const auto report = reportFrom(*lamp);
         const auto strip = m_collection.getStripWithID(lamp->id);
-        if (report && strip)
+        if (!strip)
+            continue;
+        if (lamp->capabilities)
+            strip->setCapabilities(*lamp->capabilities);
+        if (const auto report = reportFrom(*lamp))
             strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(*report);
     }
 }

@@ -39,6 +39,7 @@ public:
     void lampZoneStatesChanged() override;
     void newZoneAdded() override;
     void engineIsSsearching(bool searching) override;
+    void lampCapabilitiesChanged() override;
     int runModal(const Alert& alert) override;
 
 private:

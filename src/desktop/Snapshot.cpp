@@ -7,6 +7,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 
@@ -15,8 +17,8 @@ namespace lumeroom {
 namespace {
 
 constexpr Seconds kBetweenLooks(0.5);
-constexpr int kQuietLooksWanted = 8; // nothing new for four seconds
-constexpr int kMostLooks = 50;
+constexpr int kQuietLooksWanted = 5;
+constexpr int kMostLooks = 40; // twenty seconds
 
 std::string percentText(const Lamp& lamp)
 {
@@ -81,7 +83,7 @@ void Snapshot::start(std::function<void(int status)> done)
 void Snapshot::look()
 {
     const std::size_t facts = knownFacts();
-    m_quietLooks = facts == m_lastFacts && facts > 0 ? m_quietLooks + 1 : 0;
+    m_quietLooks = facts == m_lastFacts && isComplete() ? m_quietLooks + 1 : 0;
     m_lastFacts = facts;
     if (m_quietLooks >= kQuietLooksWanted || ++m_looks >= kMostLooks) {
         m_done(finish());
@@ -99,6 +101,15 @@ std::size_t Snapshot::knownFacts() const
             + (lamp->zones ? lamp->zones->size() : 0U);
     }
     return facts;
+}
+
+/// Whether every lamp that answered has told what it is.
+bool Snapshot::isComplete() const
+{
+    const Lamps& lamps = m_engineRoom.lightsArray();
+    return !lamps.empty() && std::all_of(lamps.begin(), lamps.end(), [](const auto& lamp) {
+        return lamp->product && !lamp->label.empty();
+    });
 }
 
 int Snapshot::finish()

@@ -27,6 +27,7 @@ private:
     void look();
     int finish();
     std::size_t knownFacts() const;
+    bool isComplete() const;
 
     RunLoop& m_runLoop;
     const EngineRoom& m_engineRoom;

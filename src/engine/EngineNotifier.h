@@ -34,6 +34,11 @@ public:
         if (m_delegate)
             m_delegate->engineIsSsearching(searching);
     }
+    void sendLampCapabilitiesChangedNotificationToDelegate() const
+    {
+        if (m_delegate)
+            m_delegate->lampCapabilitiesChanged();
+    }
     void runModal(const Alert& alert) const
     {
         if (m_delegate)

@@ -24,6 +24,8 @@ public:
     virtual void lampZoneStatesChanged() = 0;
     virtual void newZoneAdded() = 0;
     virtual void engineIsSsearching(bool searching) = 0;
+    /// What a lamp can do became known, or turned out otherwise.
+    virtual void lampCapabilitiesChanged() = 0;
     /// Shows the alert and returns once it is dismissed, with the index of the button pressed.
     virtual int runModal(const Alert& alert) = 0;
 };

@@ -120,8 +120,12 @@ void RecordIntake::addVendorVersionToLamp(
     lamp->product = m_catalogue.productDescriptionFromProductID(product);
     lamp->vendor = m_catalogue.vendorDescriptionFromVendorID(vendor);
     lamp->version = std::to_string(version);
-    lamp->capabilities = m_catalogue.ProductIDHasColour(product) ? kCapabilitiesColourLamp
-                                                                 : kCapabilitiesWhiteLamp;
+    const int capabilities = m_catalogue.ProductIDHasColour(product) ? kCapabilitiesColourLamp
+                                                                     : kCapabilitiesWhiteLamp;
+    if (lamp->capabilities != capabilities) {
+        lamp->capabilities = capabilities;
+        m_notifier.sendLampCapabilitiesChangedNotificationToDelegate();
+    }
     if (m_catalogue.ProductIDHasMultizone(product))
         m_polls.sendGetColorZonesToLamp(*lamp);
 }

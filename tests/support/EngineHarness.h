@@ -34,6 +34,7 @@ public:
     void lampZoneStatesChanged() override { ++zoneStates; }
     void newZoneAdded() override { ++newZones; }
     void engineIsSsearching(bool now) override { searching.push_back(now); }
+    void lampCapabilitiesChanged() override { ++capabilities; }
     int runModal(const Alert& alert) override
     {
         alerts.push_back(alert);
@@ -44,6 +45,7 @@ public:
     int states = 0;
     int zoneStates = 0;
     int newZones = 0;
+    int capabilities = 0;
     std::vector<bool> searching;
     std::vector<Alert> alerts;
 };

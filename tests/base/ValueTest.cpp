@@ -1,0 +1,139 @@
+#include "base/PropertyList.h"
+#include "base/Utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace lumeroom {
+
+namespace {
+
+std::span<const std::uint8_t> bytes(std::string_view text)
+{
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+} // namespace
+
+TEST(Value, readsAsThePlatformCoerces)
+{
+    const struct {
+        Value value;
+        bool truth;
+        std::int64_t integer;
+        double number;
+    } cases[] = {
+        {"0.5", false, 0, 0.5},
+        {"  +30 minutes", true, 30, 30},
+        {"-7", true, -7, -7},
+        {"YES", true, 0, 0},
+        {"true", true, 0, 0},
+        {"NO", false, 0, 0},
+        {"010", true, 10, 10},
+        {"nan", false, 0, 0},
+        {"", false, 0, 0},
+        {"99999999999999999999", true, INT64_MAX, 1e20},
+        {true, true, 1, 1},
+        {2.9, true, 2, 2.9},
+        {-1e300, true, INT64_MIN, -1e300},
+        {Value::Array{1}, false, 0, 0},
+        {Value::Data{1}, false, 0, 0},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.value.boolValue(), c.truth) << description(c.value);
+        EXPECT_EQ(c.value.integerValue(), c.integer) << description(c.value);
+        EXPECT_EQ(c.value.doubleValue(), c.number) << description(c.value);
+    }
+    EXPECT_EQ(Value(3).stringValue(), "3");
+    EXPECT_EQ(Value(Value::Array()).stringValue(), "");
+}
+
+TEST(PropertyList, bothFormsKeepEveryType)
+{
+    const auto now = TimePoint(std::chrono::seconds(1772452800));
+    const Value all = Value::Dictionary{
+        {"truth", true},
+        {"integer", std::int64_t(-5)},
+        {"large", INT64_MAX},
+        {"real", 0.1},
+        {"hue", 21845.25},
+        {"text", "Küche <&> 玄関"},
+        {"empty", ""},
+        {"data", Value::Data{0, 1, 255}},
+        {"date", now},
+        {"array", Value::Array{1, "two", Value::Dictionary{{"three", 3.5}}}},
+    };
+    const std::string xml = propertylist::toXml(all);
+    EXPECT_EQ(propertylist::parse(bytes(xml)), all);
+    EXPECT_EQ(propertylist::parse(propertylist::toBinary(all)), all);
+    const Value references = Value::Array{Value::Uid{1}, Value::Uid{70000}};
+    EXPECT_EQ(propertylist::parse(propertylist::toBinary(references)), references);
+}
+
+TEST(PropertyList, aBrokenTextDoesNotSpoilTheRest)
+{
+    const Value list = Value::Array{"good", std::string("bad \xff text")};
+    const auto read = propertylist::parse(bytes(propertylist::toXml(list)));
+    EXPECT_EQ(read, Value(Value::Array{"good", "bad \xEF\xBF\xBD text"}));
+}
+
+TEST(PropertyList, hostileListsAreRefusedInWords)
+{
+    std::string deep = "<plist version=\"1.0\">";
+    for (int i = 0; i < 100000; ++i)
+        deep += "<array>";
+    Value nested = 1;
+    for (int i = 0; i < 1000; ++i)
+        nested = Value::Array{nested};
+    const Value::Data deepBinary = propertylist::toBinary(nested);
+    const std::string cut = propertylist::toXml(Value::Array{1, 2}).substr(0, 120);
+    const struct {
+        std::span<const std::uint8_t> list;
+        std::string reason;
+    } cases[] = {
+        {bytes(""), "it is empty"},
+        {bytes("not a list"), "it is not a well-formed XML property list"},
+        {bytes("bplist00rubbish"), "it is not a well-formed binary property list"},
+        {bytes(deep), "it nests too deep"},
+        {deepBinary, "it nests too deep"},
+        {bytes(cut), "it is not a well-formed XML property list"},
+    };
+    for (const auto& c : cases) {
+        std::string reason;
+        EXPECT_FALSE(propertylist::parse(c.list, &reason)) << c.reason;
+        EXPECT_EQ(reason, c.reason);
+    }
+}
+
+TEST(PropertyList, anyDamageToABinaryListIsSurvived)
+{
+    const Value::Data good = propertylist::toBinary(
+        Value::Dictionary{{"a", Value::Array{1, 2.5, "three"}}, {"b", Value::Data(20, 7)}});
+    for (std::size_t at = 0; at < good.size(); ++at) {
+        for (const int change : {1, 128, 255}) {
+            Value::Data damaged = good;
+            damaged[at] = static_cast<std::uint8_t>(damaged[at] ^ change);
+            propertylist::parse(damaged);
+            propertylist::parse(std::span(damaged).first(at));
+        }
+    }
+}
+
+TEST(Utf8, wellFormedness)
+{
+    const struct {
+        std::string_view text;
+        bool valid;
+    } cases[] = {{"plain", true}, {"玄関", true}, {"\xC0\x80", false}, {"\xE0\x80\x80", false},
+        {"\xED\xA0\x80", false}, {"\xF4\x90\x80\x80", false}, {"\xF0\x9F\x92\xA1", true},
+        {"\xE7\x8E", false}, {"\x80", false}};
+    for (const auto& c : cases)
+        EXPECT_EQ(isValidUtf8(c.text), c.valid) << c.text;
+    EXPECT_EQ(incompleteTail("ab\xE7\x8E"), 2U);
+    EXPECT_EQ(incompleteTail("ab\xF0"), 1U);
+    EXPECT_EQ(incompleteTail("ab玄"), 0U);
+    EXPECT_EQ(incompleteTail("ab\x80\x80\x80\x80"), 0U);
+}
+
+} // namespace lumeroom
