@@ -175,7 +175,7 @@ std::string DefaultsFile::replaceWith(const std::string& text) const
         return systemError();
     const bool written = writeAll(file.get(), text) && ::fsync(file.get()) == 0 && file.close();
     if (!written || ::rename(temporary.c_str(), m_path.c_str()) != 0) {
-        const std::string reason = systemError();
+        std::string reason = systemError();
         ::unlink(temporary.c_str());
         return reason;
     }

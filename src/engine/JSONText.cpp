@@ -116,7 +116,7 @@ std::string written(const Value& value, Log& log)
         return JSONFromDictionary(*dictionary, log);
     if (value.is<std::int64_t>() || value.is<double>() || value.is<bool>())
         return fmt::format("{:.2f}", value.doubleValue());
-    const std::string text = value.is<std::string>() ? value.stringValue() : description(value);
+    std::string text = value.is<std::string>() ? value.stringValue() : description(value);
     if (text == "true" || text == "false" || text.starts_with('['))
         return text;
     return '"' + text + '"';

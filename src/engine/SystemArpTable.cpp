@@ -18,8 +18,6 @@
 #include <fstream>
 #include <sstream>
 
-extern char** environ;
-
 namespace lumeroom {
 
 namespace {

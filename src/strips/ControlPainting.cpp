@@ -54,6 +54,7 @@ SliderBar colourSliderBar(const Rectangle& inside, bool dark)
 {
     constexpr int kStops = 7;
     std::vector<Rgba> hues;
+    hues.reserve(kStops);
     for (int i = 0; i < kStops; ++i)
         hues.push_back(pureHue(static_cast<float>(i) / (kStops - 1)));
     return bar(inside, dark, std::move(hues));
@@ -90,6 +91,14 @@ Rgba swatchFill(const Colour& colour)
     fill.alpha = colour.brightness;
     fill.brightness = 1;
     return rgbaFrom(fill);
+}
+
+MenuImage menuImage(bool on, const Colour& wellColour)
+{
+    MenuImage image;
+    if (on)
+        image.oval = swatchFill(wellColour);
+    return image;
 }
 
 } // namespace lumeroom

@@ -53,4 +53,12 @@ OnOffButtonPaint onOffButtonPaint(const Rectangle& bounds, const OnOffButtonLook
 /// pale.
 Rgba swatchFill(const Colour& colour);
 
+/// The square picture of a target in the status menu: an oval, clear while the target is off.
+struct MenuImage {
+    float side = 16;
+    Rgba oval{0, 0, 0, 0};
+};
+
+MenuImage menuImage(bool on, const Colour& wellColour);
+
 } // namespace lumeroom

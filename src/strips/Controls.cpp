@@ -7,6 +7,16 @@
 
 namespace lumeroom {
 
+void ButtonModel::press()
+{
+    if (!isEnabled())
+        return;
+    if (m_kind == Kind::TwoStates)
+        setState(!m_state);
+    if (m_target)
+        m_target->handleControl(*this);
+}
+
 void SliderModel::setValue(float value)
 {
     if (std::isnan(value))
@@ -49,6 +59,24 @@ void ColourWellModel::setColour(const Colour& colour)
         shown.kelvin = colour.kelvin;
     }
     assign(m_colour, shown);
+}
+
+void ColourWellModel::userHasPickedColour(const Colour& colour)
+{
+    setColour(colour);
+    handleChange();
+}
+
+void ColourWellModel::fireFilteredAction()
+{
+    if (m_target)
+        m_target->handleControl(*this);
+}
+
+void MenuItemModel::choose() const
+{
+    if (m_target)
+        m_target->handleControl(*this);
 }
 
 } // namespace lumeroom

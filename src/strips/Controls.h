@@ -2,6 +2,7 @@
 
 #include "strips/ActionFilter.h"
 #include "strips/Colour.h"
+#include "strips/ControlPainting.h"
 
 #include <string>
 
@@ -86,23 +87,24 @@ private:
     std::string m_text;
 };
 
-/// A push or check button; its state is on or off.
+/// A button. One of two states keeps what it was pressed to; a momentary one has none.
 class ButtonModel : public ControlModel {
 public:
-    using ControlModel::ControlModel;
+    enum class Kind { TwoStates, Momentary };
+    explicit ButtonModel(int tag, Kind kind = Kind::TwoStates)
+        : ControlModel(tag)
+        , m_kind(kind)
+    {
+    }
     bool state() const { return m_state; }
     void setState(bool on) { assign(m_state, on); }
     void setTarget(ControlTarget* target) { m_target = target; }
 
     /// The user pressed it.
-    void press()
-    {
-        setState(!m_state);
-        if (m_target)
-            m_target->handleControl(*this);
-    }
+    void press();
 
 private:
+    Kind m_kind;
     bool m_state = false;
     ControlTarget* m_target = nullptr;
 };
@@ -154,11 +156,12 @@ private:
     ActionFilter m_actionFilter;
 };
 
-/// The swatch that shows a strip's colour.
+/// The swatch that shows a strip's colour, and takes one from the user.
 class ColourWellModel : public ControlModel {
 public:
-    ColourWellModel()
+    explicit ColourWellModel(RunLoop& runLoop)
         : ControlModel(0)
+        , m_actionFilter(runLoop, [this] { fireFilteredAction(); })
     {
     }
     const Colour& colour() const { return m_colour; }
@@ -166,10 +169,40 @@ public:
     void setColour(const Colour& colour);
     int capabilities() const { return m_capabilities; }
     void setCapabilities(int capabilities) { assign(m_capabilities, capabilities); }
+    void setFilteredTarget(ControlTarget* target) { m_target = target; }
+
+    /// From the picker, while the user moves through its colours.
+    void userHasPickedColour(const Colour& colour);
+    void handleChange() { m_actionFilter.controlDidChange(); }
+    void fireFilteredAction();
 
 private:
     Colour m_colour;
     int m_capabilities = 7;
+    ControlTarget* m_target = nullptr;
+    ActionFilter m_actionFilter;
+};
+
+/// An entry of a menu, with a picture that is drawn afresh each time the menu shows.
+class MenuItemModel : public ControlModel {
+public:
+    MenuItemModel(int tag, std::string title)
+        : ControlModel(tag)
+        , m_title(std::move(title))
+    {
+    }
+    const std::string& title() const { return m_title; }
+    void setTarget(ControlTarget* target) { m_target = target; }
+    void setImage(std::function<MenuImage()> image) { m_image = std::move(image); }
+    MenuImage image() const { return m_image ? m_image() : MenuImage(); }
+
+    /// The user chose it.
+    void choose() const;
+
+private:
+    std::string m_title;
+    ControlTarget* m_target = nullptr;
+    std::function<MenuImage()> m_image;
 };
 
 } // namespace lumeroom

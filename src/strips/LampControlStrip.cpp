@@ -1,118 +1,103 @@
 #include "strips/LampControlStrip.h"
 
+#include "base/DefaultsKeys.h"
+#include "base/UserDefaults.h"
 #include "engine/EngineRoom.h"
 #include "engine/LampUnits.h"
 
 namespace lumeroom {
 
-namespace {
-
-constexpr float kMostBrightness = 255;
-constexpr float kMostColour = 65535;
-constexpr float kMostSaturation = 255;
-constexpr float kMostWarmth = 6500;
-
-constexpr Seconds kEmbargo(5.0);
-constexpr Seconds kFirstLookAtEmbargo(5.1);
-constexpr Seconds kNextLookAtEmbargo(2.0);
-
-/// Holds a flag at true for the time of a call.
-class Held {
-public:
-    explicit Held(bool& flag)
-        : m_flag(flag)
-        , m_before(flag)
-    {
-        m_flag = true;
-    }
-    ~Held() { m_flag = m_before; }
-    Held(const Held&) = delete;
-    Held& operator=(const Held&) = delete;
-
-private:
-    bool& m_flag;
-    bool m_before;
-};
-
-} // namespace
-
-StripSettings StripSettings::fromDictionary(const Value::Dictionary& dictionary)
-{
-    StripSettings settings{Settings::fromDictionary(dictionary), {}, {}};
-    if (const auto found = dictionary.find(keys::kLabel); found != dictionary.end())
-        settings.label = found->second.stringValue();
-    if (const auto found = dictionary.find("transition"); found != dictionary.end())
-        settings.transition = found->second.floatValue();
-    return settings;
-}
-
 LampControlStrip::LampControlStrip(std::string id, StripType type, RunLoop& runLoop)
-    : m_runLoop(runLoop)
-    , m_ID(std::move(id))
-    , m_type(type)
-    , m_brightnessSlider(controltag::kBrightnessSlider, kMostBrightness, runLoop)
-    , m_colourSlider(controltag::kColourSlider, kMostColour)
-    , m_satSlider(controltag::kSaturationSlider, kMostSaturation, runLoop)
-    , m_warmthSlider(controltag::kWarmthSlider, kMostWarmth, runLoop)
+    : m_target{std::move(id), type}
+    , m_controls(runLoop, *this)
+    , m_embargo(runLoop)
 {
-    m_onOffButton.setTarget(this);
-    m_colourSlider.setTarget(this);
-    m_brightnessSlider.setFilteredTarget(this);
-    m_satSlider.setFilteredTarget(this);
-    m_warmthSlider.setFilteredTarget(this);
-    m_selectedButton.setHidden(true);
 }
 
-bool LampControlStrip::isGroup() const
+LampControlStrip::~LampControlStrip()
 {
-    return m_type == StripType::Group || m_type == StripType::Location || m_type == StripType::Tag;
+    releaseStatusBarMenuItem();
 }
 
 void LampControlStrip::setCapabilities(int capabilities)
 {
     m_capabilities = capabilities;
-    m_satSlider.setEnabled((capabilities & kCapabilityColour) != 0);
-    m_warmthSlider.setEnabled((capabilities & kCapabilityVariableWhite) != 0);
-    m_colourWell.setCapabilities(capabilities);
+    m_controls.setCapabilities(capabilities);
 }
 
 void LampControlStrip::deactivate()
 {
     m_engineRoom = nullptr;
-    m_embargo = true;
+    stopEffect();
+    m_embargo.set(true);
 }
 
 void LampControlStrip::reactivateWithEngineRoom(EngineRoom* engineRoom)
 {
     m_engineRoom = engineRoom;
-    m_embargo = false;
+    m_embargo.set(false);
 }
 
 void LampControlStrip::unfilteredAction(const ControlModel& sender)
 {
-    if (&sender == &m_brightnessSlider || &sender == &m_satSlider)
-        showColourOfSlidersInWell();
+    if (&sender == &m_controls.brightnessSlider || &sender == &m_controls.satSlider)
+        m_controls.showColourOfSlidersInWell();
 }
 
 void LampControlStrip::handleControl(const ControlModel& sender)
 {
     if (!m_engineRoom)
         return;
-    if (&sender == &m_colourWell)
-        setSlidersFromWell();
-    if (isSlider(sender)) {
-        showColourOfSlidersInWell();
-        m_onOffButton.setNeedsDisplay();
+    if (&sender == &m_controls.colourWell)
+        m_controls.setSlidersFromWell(m_capabilities);
+    if (m_controls.isSlider(sender)) {
+        m_controls.showColourOfSlidersInWell();
+        m_controls.onOffButton.setNeedsDisplay();
     }
-    if (m_type == StripType::Lamp)
-        actForLamp(sender, settingsOfSliders());
+    const Settings full = m_controls.settings();
+    if (isGroup())
+        actForGroup(sender, full);
+    else if (type() == StripType::Zone && m_controls.isColourControl(sender))
+        m_engineRoom->sendSettingsToLamp(full, m_target.id);
+    else if (type() == StripType::Lamp)
+        actForLamp(sender, full);
+    if (&sender == &m_controls.effectButton && m_view)
+        m_view->popUpEffectMenu(effectMenu());
     if (sender.tag() == controltag::kStatusMenuItem) {
-        if (m_onOffButton.state())
+        if (m_controls.onOffButton.state())
             switchOff();
         else
             switchOn();
     }
     imposeTemporaryEmbargo();
+}
+
+void LampControlStrip::actForGroup(const ControlModel& sender, const Settings& full)
+{
+    if (&sender == &m_controls.onOffButton) {
+        actForGroupOnOff(full);
+    } else if (m_controls.isColourControl(sender)) {
+        m_target.sendSettingsToGroup(*m_engineRoom, full);
+        sendSettingsToStripsInGroup({full, {}, {}});
+    }
+}
+
+void LampControlStrip::actForGroupOnOff(const Settings& full)
+{
+    const bool on = m_controls.onOffButton.state();
+    if (!on)
+        stopEffect();
+    m_target.groupOn(*m_engineRoom, on);
+    // Whatever the kind, the ID goes to the engine's group routine, which knows all of them.
+    if (on && m_owner && m_owner->userDefaults().boolForKey(keys::kGroupOnOffChangesSettings))
+        m_engineRoom->sendSettingsToGroup(full, m_target.id);
+    sendSettingsToStripsInGroup(StripSettings::power(on));
+}
+
+void LampControlStrip::sendSettingsToStripsInGroup(const StripSettings& settings)
+{
+    if (m_owner)
+        m_owner->sendSettingsToStripsInGroup(settings, m_target.id);
 }
 
 void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& full)
@@ -121,112 +106,65 @@ void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& fu
         = [this](std::optional<double> LampColour::*member, const SliderModel& slider) {
               Settings settings;
               settings.*member = slider.integerValue();
-              m_engineRoom->sendSettingsToLamp(settings, m_ID);
+              m_engineRoom->sendSettingsToLamp(settings, m_target.id);
           };
-    if (&sender == &m_onOffButton)
+    if (&sender == &m_controls.onOffButton)
         actForLampOnOff(full);
-    else if (&sender == &m_brightnessSlider)
-        sendOnly(&LampColour::brightness, m_brightnessSlider);
-    else if (&sender == &m_satSlider)
-        sendOnly(&LampColour::saturation, m_satSlider);
-    else if (&sender == &m_warmthSlider)
-        sendOnly(&LampColour::warmth, m_warmthSlider);
-    else if (&sender == &m_colourWell)
-        m_engineRoom->sendSettingsToLamp(full, m_ID);
+    else if (&sender == &m_controls.brightnessSlider)
+        sendOnly(&LampColour::brightness, m_controls.brightnessSlider);
+    else if (&sender == &m_controls.satSlider)
+        sendOnly(&LampColour::saturation, m_controls.satSlider);
+    else if (&sender == &m_controls.warmthSlider)
+        sendOnly(&LampColour::warmth, m_controls.warmthSlider);
+    else if (&sender == &m_controls.colourWell)
+        m_engineRoom->sendSettingsToLamp(full, m_target.id);
     // The colour slider moves the well alone; its colour goes out with the well or the button.
 }
 
 void LampControlStrip::actForLampOnOff(const Settings& full)
 {
-    const bool on = m_onOffButton.state();
-    m_engineRoom->lampOn(m_ID, on);
+    const bool on = m_controls.onOffButton.state();
+    if (!on)
+        stopEffect();
+    m_engineRoom->lampOn(m_target.id, on);
     if (!on)
         return;
     // The lamp comes on with what the strip shows; a multizone lamp keeps its zones' colours.
-    const auto lamp = m_engineRoom->lampWithID(m_ID);
+    const auto lamp = m_engineRoom->lampWithID(m_target.id);
     if (!lamp || !lamp->zones)
-        m_engineRoom->sendSettingsToLamp(full, m_ID);
-}
-
-bool LampControlStrip::isSlider(const ControlModel& sender) const
-{
-    return &sender == &m_brightnessSlider || &sender == &m_colourSlider || &sender == &m_satSlider
-        || &sender == &m_warmthSlider;
-}
-
-SliderValues LampControlStrip::sliderValues() const
-{
-    return {m_brightnessSlider.value(), m_colourSlider.value(), m_satSlider.value(),
-        m_warmthSlider.value()};
-}
-
-Settings LampControlStrip::settingsOfSliders() const
-{
-    Settings settings;
-    settings.brightness = m_brightnessSlider.value();
-    settings.saturation = m_satSlider.value();
-    settings.colour = m_colourSlider.value();
-    settings.warmth = m_warmthSlider.integerValue();
-    return settings;
-}
-
-void LampControlStrip::showColourOfSlidersInWell()
-{
-    m_colourWell.setColour(colourFromSliders(sliderValues()));
-}
-
-void LampControlStrip::setSlidersFromWell()
-{
-    const Colour& colour = m_colourWell.colour();
-    const SliderValues values = slidersFromColour(colour, sliderValues(), m_capabilities);
-    m_brightnessSlider.setValue(values.brightness);
-    m_satSlider.setValue(values.saturation);
-    m_colourSlider.setValue(values.colour);
-    m_warmthSlider.setValue(values.warmth);
-    m_saturatedHueComponent = colour.hue;
-    m_satSlider.setNeedsDisplay();
-    m_onOffButton.setNeedsDisplay();
+        m_engineRoom->sendSettingsToLamp(full, m_target.id);
 }
 
 void LampControlStrip::switchOn()
 {
-    m_onOffButton.setState(true);
-    handleControl(m_onOffButton);
+    m_controls.onOffButton.setState(true);
+    handleControl(m_controls.onOffButton);
 }
 
 void LampControlStrip::switchOff()
 {
-    m_onOffButton.setState(false);
-    handleControl(m_onOffButton);
+    m_controls.onOffButton.setState(false);
+    handleControl(m_controls.onOffButton);
 }
 
 void LampControlStrip::implementSettingsFromDictionary(const StripSettings& settings)
 {
     // A lamp reports a brightness back one lower than it was sent; that must not move the slider.
     const bool readBackLoss = settings.brightness
-        && integerPart(*settings.brightness) == m_brightnessSlider.integerValue() - 1;
+        && integerPart(*settings.brightness) == m_controls.brightnessSlider.integerValue() - 1;
     if (!readBackLoss)
-        showInSlider(m_brightnessSlider, settings.brightness);
-    showInSlider(m_colourSlider, settings.colour);
-    showInSlider(m_satSlider, settings.saturation);
-    showInSlider(m_warmthSlider, settings.warmth);
-    if (settings.onoff && *settings.onoff != m_onOffButton.state()) {
-        m_onOffButton.setState(*settings.onoff);
-        if (!m_embargo)
-            handleControl(m_onOffButton);
+        showInSlider(m_controls.brightnessSlider, settings.brightness);
+    showInSlider(m_controls.colourSlider, settings.colour);
+    showInSlider(m_controls.satSlider, settings.saturation);
+    showInSlider(m_controls.warmthSlider, settings.warmth);
+    if (settings.onoff && *settings.onoff != m_controls.onOffButton.state()) {
+        m_controls.onOffButton.setState(*settings.onoff);
+        if (!embargo())
+            handleControl(m_controls.onOffButton);
     }
     if (settings.label)
-        m_label.setText(*settings.label);
-
-    const Colour before = m_colourWell.colour();
-    const Colour colour = colourFromSliders(sliderValues());
-    m_colourWell.setColour(colour);
-    if (m_saturatedHueComponent != colour.hue) {
-        m_saturatedHueComponent = colour.hue;
-        m_satSlider.setNeedsDisplay();
-    }
-    if (m_colourWell.colour() != before)
-        m_onOffButton.setNeedsDisplay();
+        m_controls.label.setText(*settings.label);
+    m_controls.showColourOfSliders();
 }
 
 void LampControlStrip::showInSlider(SliderModel& slider, const std::optional<double>& value)
@@ -234,20 +172,20 @@ void LampControlStrip::showInSlider(SliderModel& slider, const std::optional<dou
     if (!value || integerPart(*value) == slider.integerValue())
         return;
     slider.setValue(static_cast<float>(*value));
-    if (!m_embargo)
+    if (!embargo())
         handleControl(slider);
 }
 
 void LampControlStrip::implementSettingsFromDictionaryWithoutActing(const StripSettings& settings)
 {
-    const Held held(m_embargo);
+    const StripEmbargo::Hold hold(m_embargo);
     implementSettingsFromDictionary(settings);
 }
 
 void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmbargo(
     const StripSettings& settings)
 {
-    if (!m_embargo)
+    if (!embargo())
         implementSettingsFromDictionaryWithoutActing(settings);
 }
 
@@ -255,34 +193,17 @@ void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
     const StripSettings& settings)
 {
     constexpr double kLongTransitionSeconds = 1;
-    const Held held(m_embargo);
+    const StripEmbargo::Hold hold(m_embargo);
     Settings sent = settings;
-    sent.duration.reset(); // the transition is the engine's own
+    sent.duration.reset(); // the fade is the default one; the transition only times the controls
     if (sent.saturation)
         sent.saturation = static_cast<double>(integerPart(*sent.saturation));
     if (m_engineRoom)
-        m_engineRoom->sendSettingsToLamp(sent, m_ID);
+        m_target.sendSettings(*m_engineRoom, sent);
     // With a long one the lamp's reports move the controls along as it fades.
     if (settings.transition.value_or(0) < kLongTransitionSeconds)
         implementSettingsFromDictionaryWithoutActing(settings);
-    m_onOffButton.setNeedsDisplay();
-}
-
-void LampControlStrip::imposeTemporaryEmbargo()
-{
-    m_embargoUntil = m_runLoop.now() + std::chrono::round<TimePoint::duration>(kEmbargo);
-    if (m_embargo)
-        return;
-    m_embargo = true;
-    m_embargoTimer = m_runLoop.after(kFirstLookAtEmbargo, [this] { removeEmbargo(); });
-}
-
-void LampControlStrip::removeEmbargo()
-{
-    if (m_runLoop.now() > m_embargoUntil)
-        m_embargo = false;
-    else
-        m_embargoTimer = m_runLoop.after(kNextLookAtEmbargo, [this] { removeEmbargo(); });
+    m_controls.onOffButton.setNeedsDisplay();
 }
 
 Value::Dictionary LampControlStrip::getDictionary() const
@@ -291,54 +212,126 @@ Value::Dictionary LampControlStrip::getDictionary() const
     for (const std::string_view key : {keys::kLabel, keys::kOnOff, keys::kBrightness, keys::kColour,
              keys::kSaturation, keys::kWarmth})
         dictionary.emplace(key, objectForKey(key));
-    dictionary.emplace(keys::kId, m_ID);
+    dictionary.emplace(keys::kId, m_target.id);
     return dictionary;
-}
-
-Value LampControlStrip::objectForKey(std::string_view key) const
-{
-    if (key == keys::kLabel)
-        return m_label.text();
-    if (key == keys::kOnOff)
-        return m_onOffButton.state();
-    if (key == keys::kBrightness)
-        return static_cast<double>(m_brightnessSlider.value());
-    if (key == keys::kColour)
-        return static_cast<double>(m_colourSlider.value());
-    if (key == keys::kSaturation)
-        return static_cast<double>(m_satSlider.value());
-    if (key == keys::kWarmth)
-        return m_warmthSlider.integerValue();
-    return "";
 }
 
 void LampControlStrip::setObjectForKey(const Value& value, std::string_view key)
 {
-    if (key == keys::kLabel)
-        m_label.setText(value.stringValue());
-    else if (key == keys::kOnOff)
-        m_onOffButton.setState(value.boolValue());
-    else if (key == keys::kBrightness)
-        m_brightnessSlider.setValue(value.floatValue());
-    else if (key == keys::kColour)
-        m_colourSlider.setValue(value.floatValue());
-    else if (key == keys::kSaturation)
-        m_satSlider.setValue(value.floatValue());
-    else if (key == keys::kWarmth)
-        m_warmthSlider.setValue(value.floatValue());
+    m_controls.setObjectForKey(value, key);
+}
+
+void LampControlStrip::showReNamePopover()
+{
+    if (type() == StripType::Tag) {
+        if (m_owner) {
+            m_owner->runModal({"Legacy functionality",
+                "Tags used to be part of the LIFX API, and earlier versions of Lumeroom used them "
+                "(they were called 'groups' in earlier versions of Lumeroom). But on the bulbs "
+                "they're now deprecated (they work at the moment but are now undocumented) in "
+                "favour of the newer 'Groups' and 'Locations', so Lumeroom will show tags for "
+                "legacy reasons but won't be able to add new ones or change existing ones.",
+                {"OK"}});
+        }
+    } else if (m_view) {
+        m_view->showReNamePopover(m_controls.label.text());
+    }
 }
 
 void LampControlStrip::popoverShouldClose(const std::string& fieldText)
 {
-    if (!fieldText.empty() && fieldText != m_label.text())
+    if (!fieldText.empty() && fieldText != m_controls.label.text())
         reName(fieldText);
 }
 
 void LampControlStrip::reName(const std::string& name)
 {
-    m_label.setText(name);
-    if (m_engineRoom && m_type == StripType::Lamp)
-        m_engineRoom->renameLampNewName(m_ID, name);
+    m_controls.label.setText(name);
+    if (m_engineRoom)
+        m_target.rename(*m_engineRoom, name);
+    if (m_owner)
+        m_owner->populateLampsPopUp();
+}
+
+std::vector<EffectMenuItem> LampControlStrip::effectMenu() const
+{
+    const bool playing = m_runner && m_runner->isRunning();
+    const auto effects
+        = m_owner ? m_owner->userDefaults().arrayForKey(keys::kEffects) : std::nullopt;
+    return effectMenuOf(effects.value_or(Value::Array()), playing);
+}
+
+void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)
+{
+    if (item.kind == EffectMenuItem::Kind::StopEffect)
+        stopEffect();
+    else if (item.kind == EffectMenuItem::Kind::Effect)
+        implementEffect(item.title);
+    else if (item.kind == EffectMenuItem::Kind::EditEffects)
+        editEffects();
+}
+
+// A name that no effect has leaves the one that plays going.
+void LampControlStrip::implementEffect(const std::string& name)
+{
+    auto effect = m_owner ? m_owner->makeEffect(name, *this) : nullptr;
+    if (!effect)
+        return;
+    stopEffect();
+    m_runner = std::move(effect);
+    m_runner->start();
+}
+
+void LampControlStrip::stopEffect()
+{
+    if (m_runner)
+        m_runner->stop();
+}
+
+void LampControlStrip::editEffects()
+{
+    if (m_owner)
+        m_owner->showEffectsManager();
+}
+
+void LampControlStrip::setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item)
+{
+    releaseStatusBarMenuItem();
+    m_statusBarMenuItem = std::move(item);
+    if (!m_statusBarMenuItem)
+        return;
+    m_statusBarMenuItem->setTarget(this);
+    m_statusBarMenuItem->setImage([this] {
+        return menuImage(m_controls.onOffButton.state(), m_controls.colourWell.colour());
+    });
+}
+
+// A menu may outlive the strip: the item is left without target and picture.
+void LampControlStrip::releaseStatusBarMenuItem()
+{
+    if (!m_statusBarMenuItem)
+        return;
+    m_statusBarMenuItem->setTarget(nullptr);
+    m_statusBarMenuItem->setImage(nullptr);
+    m_statusBarMenuItem.reset();
+}
+
+void LampControlStrip::viewDidBeginDragging()
+{
+    if (m_owner)
+        m_owner->viewDidBeginDragging();
+}
+
+void LampControlStrip::viewDidMoveTo(Point point)
+{
+    if (m_owner)
+        m_owner->changePositionOfStripBasedOnPoint(*this, point);
+}
+
+void LampControlStrip::viewDidFinishDragging()
+{
+    if (m_owner)
+        m_owner->viewDidFinishDragging();
 }
 
 } // namespace lumeroom

@@ -1,25 +1,12 @@
 #pragma once
 
 #include "engine/LampReference.h"
-#include "engine/QVLIFXEngineDelegate.h"
-#include "engine/Records.h"
-#include "strips/ColourConversions.h"
-#include "strips/Controls.h"
+#include "strips/LampControlStripOwner.h"
+#include "strips/StripControls.h"
+#include "strips/StripEmbargo.h"
+#include "strips/StripTarget.h"
 
 namespace lumeroom {
-
-class EngineRoom;
-
-/// What a strip shows or is to show: settings, with the target's name and a preset's transition.
-struct StripSettings : Settings {
-    std::optional<std::string> label;
-    std::optional<double> transition; ///< seconds
-
-    static StripSettings fromDictionary(const Value::Dictionary& dictionary);
-};
-
-/// The kinds of target.
-enum class StripType { None = 0, Lamp = 1, Group = 2, Location = 3, Tag = 4, Zone = 5 };
 
 /// The controller of one row of controls. It stands between the user's hand, which must reach the
 /// lamp without flooding the network, and the lamp's reports, which must reach the controls without
@@ -27,29 +14,43 @@ enum class StripType { None = 0, Lamp = 1, Group = 2, Location = 3, Tag = 4, Zon
 class LampControlStrip : public LampReference, public ControlTarget {
 public:
     LampControlStrip(std::string id, StripType type, RunLoop& runLoop);
+    ~LampControlStrip() override;
+    LampControlStrip(const LampControlStrip&) = delete;
+    LampControlStrip& operator=(const LampControlStrip&) = delete;
+
+    // Those around it; without them, what needs them does nothing
+    void setOwner(LampControlStripOwner* owner) { m_owner = owner; }
+    void setControlStripView(LampControlStripView* view) { m_view = view; }
+    LampControlStripView* getControlStripView() const { return m_view; }
 
     // The controls
-    TextModel& label() { return m_label; }
-    const TextModel& label() const { return m_label; }
-    ButtonModel& onOffButton() { return m_onOffButton; }
-    ButtonModel& selectedButton() { return m_selectedButton; }
-    ZTSlider& brightnessSlider() { return m_brightnessSlider; }
-    SliderModel& colourSlider() { return m_colourSlider; }
-    ZTSlider& satSlider() { return m_satSlider; }
-    ZTSlider& warmthSlider() { return m_warmthSlider; }
-    ColourWellModel& colourWell() { return m_colourWell; }
-    const ColourWellModel& colourWell() const { return m_colourWell; }
+    TextModel& label() { return m_controls.label; }
+    const TextModel& label() const { return m_controls.label; }
+    ButtonModel& onOffButton() { return m_controls.onOffButton; }
+    ButtonModel& getSelectedButton() { return m_controls.selectedButton; }
+    ButtonModel& effectButton() { return m_controls.effectButton; }
+    ZTSlider& brightnessSlider() { return m_controls.brightnessSlider; }
+    SliderModel& colourSlider() { return m_controls.colourSlider; }
+    ZTSlider& satSlider() { return m_controls.satSlider; }
+    ZTSlider& warmthSlider() { return m_controls.warmthSlider; }
+    ColourWellModel& colourWell() { return m_controls.colourWell; }
+    const ColourWellModel& colourWell() const { return m_controls.colourWell; }
     /// Shades the bar of the saturation slider.
-    float saturatedHueComponent() const { return m_saturatedHueComponent; }
+    float saturatedHueComponent() const { return m_controls.saturatedHueComponent; }
 
-    std::string getID() const override { return m_ID; }
-    StripType type() const { return m_type; }
-    bool isGroup() const override;
+    std::string getID() const override { return m_target.id; }
+    StripType type() const { return m_target.type; }
+    bool isGroup() const override { return m_target.isGroup(); }
+    /// The number by which the strip's controller finds it.
+    int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
     int capabilities() const { return m_capabilities; }
     /// Without colour the saturation slider is disabled and the well shows greys; without variable
     /// white the warmth slider is disabled.
     void setCapabilities(int capabilities);
-    bool isSelected() const { return m_selectedButton.state(); }
+    void showSelectedButton(bool shown) { m_controls.selectedButton.setHidden(!shown); }
+    void setSelected(bool selected) { m_controls.selectedButton.setState(selected); }
+    bool isSelected() const { return m_controls.selectedButton.state(); }
 
     /// Takes the strip out of use: controls and reports have no effect until it is reactivated.
     void deactivate();
@@ -71,50 +72,57 @@ public:
     void implementSettingsFromDictionaryWithTransitionTime(const StripSettings& settings);
 
     /// Reports are not shown for at least 5 seconds from now, and at most about 7.
-    void imposeTemporaryEmbargo();
-    bool embargo() const { return m_embargo; }
+    void imposeTemporaryEmbargo() { m_embargo.imposeTemporaryEmbargo(); }
+    bool embargo() const { return m_embargo.isSet(); }
 
     /// "label", "onoff", "brightness", "colour", "saturation", "warmth" and "id".
     Value::Dictionary getDictionary() const;
     /// One of these from the controls, apart from "id"; the empty text for any other key.
-    Value objectForKey(std::string_view key) const;
+    Value objectForKey(std::string_view key) const { return m_controls.objectForKey(key); }
     /// Writes it to the control and does nothing else.
     void setObjectForKey(const Value& value, std::string_view key);
 
+    /// Opens the rename popover; for a tag, says instead why tags keep their names.
+    void showReNamePopover();
+    bool popoverIsOpen() const { return m_view && m_view->popoverIsOpen(); }
     /// The rename popover closes with this text in its field.
     void popoverShouldClose(const std::string& fieldText);
     void reName(const std::string& name);
 
+    // Effects
+    std::vector<EffectMenuItem> effectMenu() const;
+    void chooseFromEffectMenu(const EffectMenuItem& item);
+    void implementEffect(const std::string& name);
+    void stopEffect();
+    void editEffects();
+
+    /// Choosing the item switches the target over; its picture follows the strip.
+    void setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item);
+
+    // The view is dragged to another place
+    void viewDidBeginDragging();
+    void viewDidMoveTo(Point point);
+    void viewDidFinishDragging();
+
 private:
+    void actForGroup(const ControlModel& sender, const Settings& full);
+    void actForGroupOnOff(const Settings& full);
     void actForLamp(const ControlModel& sender, const Settings& full);
     void actForLampOnOff(const Settings& full);
-    bool isSlider(const ControlModel& sender) const;
-    SliderValues sliderValues() const;
-    void showColourOfSlidersInWell();
-    void setSlidersFromWell();
-    Settings settingsOfSliders() const;
+    void sendSettingsToStripsInGroup(const StripSettings& settings);
     void showInSlider(SliderModel& slider, const std::optional<double>& value);
-    void removeEmbargo();
+    void releaseStatusBarMenuItem();
 
-    RunLoop& m_runLoop;
-    std::string m_ID;
-    StripType m_type;
+    StripTarget m_target;
+    int m_tag = 0;
     int m_capabilities = kCapabilitiesColourLamp;
     EngineRoom* m_engineRoom = nullptr;
-
-    TextModel m_label{controltag::kLabel};
-    ButtonModel m_onOffButton{controltag::kOnOffButton};
-    ButtonModel m_selectedButton{controltag::kSelectionButton};
-    ZTSlider m_brightnessSlider;
-    SliderModel m_colourSlider;
-    ZTSlider m_satSlider;
-    ZTSlider m_warmthSlider;
-    ColourWellModel m_colourWell;
-    float m_saturatedHueComponent = 0;
-
-    bool m_embargo = false;
-    TimePoint m_embargoUntil;
-    Timer m_embargoTimer;
+    LampControlStripOwner* m_owner = nullptr;
+    LampControlStripView* m_view = nullptr;
+    StripControls m_controls;
+    StripEmbargo m_embargo;
+    std::unique_ptr<StripEffect> m_runner;
+    std::shared_ptr<MenuItemModel> m_statusBarMenuItem;
 };
 
 } // namespace lumeroom

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "base/Value.h"
+
+namespace lumeroom {
+
+/// One entry of the effect button's menu.
+struct EffectMenuItem {
+    enum class Kind { StopEffect, Effect, EditEffects, Separator };
+    Kind kind = Kind::Separator;
+    std::string title;
+
+    bool operator==(const EffectMenuItem&) const = default;
+};
+
+/// The stored effects by name, under the means to stop one that plays and over that to edit them.
+std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing);
+
+} // namespace lumeroom

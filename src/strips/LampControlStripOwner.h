@@ -1,0 +1,66 @@
+#pragma once
+
+#include "engine/QVLIFXEngineDelegate.h"
+#include "strips/EffectMenu.h"
+#include "strips/StripSettings.h"
+
+#include <memory>
+
+/// What a strip asks of those around it.
+namespace lumeroom {
+
+class LampControlStrip;
+class UserDefaults;
+
+struct Point {
+    float x = 0;
+    float y = 0;
+};
+
+/// An effect that plays on a strip.
+class StripEffect {
+public:
+    virtual ~StripEffect() = default;
+    virtual void start() = 0;
+    virtual void stop() = 0;
+    virtual bool isRunning() const = 0;
+};
+
+/// The controller that made the strip.
+class LampControlStripOwner {
+public:
+    virtual ~LampControlStripOwner() = default;
+
+    virtual const UserDefaults& userDefaults() const = 0;
+    /// Shows the settings in the strips of the lamps of this group, location or tag.
+    virtual void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id)
+        = 0;
+    virtual void populateLampsPopUp() = 0;
+    virtual int runModal(const Alert& alert) = 0;
+
+    // The user drags the strip to another place
+    virtual void viewDidBeginDragging() = 0;
+    virtual void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) = 0;
+    virtual void viewDidFinishDragging() = 0;
+
+    virtual void showEffectsManager() = 0;
+    /// The stored effect of this name, ready to start on the strip from the colour that its well
+    /// shows; null, with a log line, if there is none.
+    virtual std::unique_ptr<StripEffect> makeEffect(
+        const std::string& name, LampControlStrip& strip)
+        = 0;
+};
+
+/// The row that shows the strip.
+class LampControlStripView {
+public:
+    virtual ~LampControlStripView() = default;
+
+    /// Opens the popover under the label, with the present name in its field.
+    virtual void showReNamePopover(const std::string& name) = 0;
+    virtual bool popoverIsOpen() const = 0;
+    /// Pops the menu up at the effect button; what is chosen goes to `chooseFromEffectMenu`.
+    virtual void popUpEffectMenu(const std::vector<EffectMenuItem>& menu) = 0;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,129 @@
+#include "strips/StripControls.h"
+
+namespace lumeroom {
+
+namespace {
+
+constexpr float kMostBrightness = 255;
+constexpr float kMostColour = 65535;
+constexpr float kMostSaturation = 255;
+constexpr float kMostWarmth = 6500;
+
+} // namespace
+
+StripControls::StripControls(RunLoop& runLoop, ControlTarget& target)
+    : brightnessSlider(controltag::kBrightnessSlider, kMostBrightness, runLoop)
+    , colourSlider(controltag::kColourSlider, kMostColour)
+    , satSlider(controltag::kSaturationSlider, kMostSaturation, runLoop)
+    , warmthSlider(controltag::kWarmthSlider, kMostWarmth, runLoop)
+    , colourWell(runLoop)
+{
+    onOffButton.setTarget(&target);
+    effectButton.setTarget(&target);
+    colourSlider.setTarget(&target);
+    brightnessSlider.setFilteredTarget(&target);
+    satSlider.setFilteredTarget(&target);
+    warmthSlider.setFilteredTarget(&target);
+    colourWell.setFilteredTarget(&target);
+    selectedButton.setHidden(true);
+}
+
+bool StripControls::isSlider(const ControlModel& control) const
+{
+    return &control == &brightnessSlider || &control == &colourSlider || &control == &satSlider
+        || &control == &warmthSlider;
+}
+
+bool StripControls::isColourControl(const ControlModel& control) const
+{
+    return isSlider(control) || &control == &colourWell;
+}
+
+void StripControls::setCapabilities(int capabilities)
+{
+    satSlider.setEnabled((capabilities & kCapabilityColour) != 0);
+    warmthSlider.setEnabled((capabilities & kCapabilityVariableWhite) != 0);
+    colourWell.setCapabilities(capabilities);
+}
+
+SliderValues StripControls::sliderValues() const
+{
+    return {
+        brightnessSlider.value(), colourSlider.value(), satSlider.value(), warmthSlider.value()};
+}
+
+Settings StripControls::settings() const
+{
+    Settings settings;
+    settings.brightness = brightnessSlider.value();
+    settings.saturation = satSlider.value();
+    settings.colour = colourSlider.value();
+    settings.warmth = warmthSlider.integerValue();
+    return settings;
+}
+
+void StripControls::showColourOfSlidersInWell()
+{
+    colourWell.setColour(colourFromSliders(sliderValues()));
+}
+
+void StripControls::showColourOfSliders()
+{
+    const Colour before = colourWell.colour();
+    showColourOfSlidersInWell();
+    const float hue = colourFromSliders(sliderValues()).hue;
+    if (saturatedHueComponent != hue) {
+        saturatedHueComponent = hue;
+        satSlider.setNeedsDisplay();
+    }
+    if (colourWell.colour() != before)
+        onOffButton.setNeedsDisplay();
+}
+
+void StripControls::setSlidersFromWell(int capabilities)
+{
+    const Colour& colour = colourWell.colour();
+    const SliderValues values = slidersFromColour(colour, sliderValues(), capabilities);
+    brightnessSlider.setValue(values.brightness);
+    satSlider.setValue(values.saturation);
+    colourSlider.setValue(values.colour);
+    warmthSlider.setValue(values.warmth);
+    saturatedHueComponent = colour.hue;
+    satSlider.setNeedsDisplay();
+    onOffButton.setNeedsDisplay();
+}
+
+Value StripControls::objectForKey(std::string_view key) const
+{
+    if (key == keys::kLabel)
+        return label.text();
+    if (key == keys::kOnOff)
+        return onOffButton.state();
+    if (key == keys::kBrightness)
+        return static_cast<double>(brightnessSlider.value());
+    if (key == keys::kColour)
+        return static_cast<double>(colourSlider.value());
+    if (key == keys::kSaturation)
+        return static_cast<double>(satSlider.value());
+    if (key == keys::kWarmth)
+        return warmthSlider.integerValue();
+    return "";
+}
+
+void StripControls::setObjectForKey(const Value& value, std::string_view key)
+{
+    if (key == keys::kLabel)
+        label.setText(value.stringValue());
+    else if (key == keys::kOnOff)
+        onOffButton.setState(value.boolValue());
+    else if (key == keys::kBrightness)
+        brightnessSlider.setValue(value.floatValue());
+    else if (key == keys::kColour)
+        colourSlider.setValue(value.floatValue());
+    else if (key == keys::kSaturation)
+        satSlider.setValue(value.floatValue());
+    else if (key == keys::kWarmth)
+        warmthSlider.setValue(value.floatValue());
+}
+
+} // namespace lumeroom

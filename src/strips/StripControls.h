@@ -1,0 +1,47 @@
+#pragma once
+
+#include "engine/Records.h"
+#include "strips/ColourConversions.h"
+#include "strips/Controls.h"
+
+namespace lumeroom {
+
+/// The controls of one strip, and the values that they show together.
+struct StripControls {
+    /// All controls but the selection button act on `target`.
+    StripControls(RunLoop& runLoop, ControlTarget& target);
+
+    TextModel label{controltag::kLabel};
+    ButtonModel onOffButton{controltag::kOnOffButton};
+    ButtonModel selectedButton{controltag::kSelectionButton};
+    ButtonModel effectButton{controltag::kEffectButton, ButtonModel::Kind::Momentary};
+    ZTSlider brightnessSlider;
+    SliderModel colourSlider;
+    ZTSlider satSlider;
+    ZTSlider warmthSlider;
+    ColourWellModel colourWell;
+    /// Shades the bar of the saturation slider.
+    float saturatedHueComponent = 0;
+
+    bool isSlider(const ControlModel& control) const;
+    /// The four sliders and the well.
+    bool isColourControl(const ControlModel& control) const;
+
+    void setCapabilities(int capabilities);
+    SliderValues sliderValues() const;
+    /// What the sliders say, as settings with all four colour members.
+    Settings settings() const;
+
+    void showColourOfSlidersInWell();
+    /// The same, with the hue passed on to the saturation slider, and a redraw where one is due.
+    void showColourOfSliders();
+    void setSlidersFromWell(int capabilities);
+
+    /// "label", "onoff", "brightness", "colour", "saturation" or "warmth"; the empty text for any
+    /// other key.
+    Value objectForKey(std::string_view key) const;
+    /// Writes it to the control and does nothing else.
+    void setObjectForKey(const Value& value, std::string_view key);
+};
+
+} // namespace lumeroom

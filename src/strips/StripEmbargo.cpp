@@ -1,0 +1,31 @@
+#include "strips/StripEmbargo.h"
+
+namespace lumeroom {
+
+namespace {
+
+constexpr Seconds kEmbargo(5.0);
+constexpr Seconds kFirstLook(5.1);
+constexpr Seconds kNextLook(2.0);
+
+} // namespace
+
+void StripEmbargo::imposeTemporaryEmbargo()
+{
+    m_until = m_runLoop.now() + std::chrono::round<TimePoint::duration>(kEmbargo);
+    if (m_set)
+        return;
+    m_set = true;
+    m_timer = m_runLoop.after(kFirstLook, [this] { removeEmbargo(); });
+}
+
+// Whoever else has set the flag since is not asked: a strip that fell out of use hears no reports.
+void StripEmbargo::removeEmbargo()
+{
+    if (m_runLoop.now() > m_until)
+        m_set = false;
+    else
+        m_timer = m_runLoop.after(kNextLook, [this] { removeEmbargo(); });
+}
+
+} // namespace lumeroom

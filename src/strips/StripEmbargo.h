@@ -1,0 +1,49 @@
+#pragma once
+
+#include "base/RunLoop.h"
+
+namespace lumeroom {
+
+/// The flag that keeps the lamps' reports off a strip's controls: for some seconds after a touch,
+/// during a routine that only shows settings, and while the strip is out of use.
+class StripEmbargo {
+public:
+    explicit StripEmbargo(RunLoop& runLoop)
+        : m_runLoop(runLoop)
+    {
+    }
+
+    bool isSet() const { return m_set; }
+    void set(bool set) { m_set = set; }
+
+    /// Sets it for at least 5 seconds from now, and at most about 7.
+    void imposeTemporaryEmbargo();
+
+    /// Keeps it set during a scope, and puts back what it was.
+    class Hold {
+    public:
+        explicit Hold(StripEmbargo& embargo)
+            : m_embargo(embargo)
+            , m_before(embargo.m_set)
+        {
+            m_embargo.m_set = true;
+        }
+        ~Hold() { m_embargo.m_set = m_before; }
+        Hold(const Hold&) = delete;
+        Hold& operator=(const Hold&) = delete;
+
+    private:
+        StripEmbargo& m_embargo;
+        bool m_before;
+    };
+
+private:
+    void removeEmbargo();
+
+    RunLoop& m_runLoop;
+    bool m_set = false;
+    TimePoint m_until;
+    Timer m_timer;
+};
+
+} // namespace lumeroom

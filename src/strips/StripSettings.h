@@ -1,0 +1,17 @@
+#pragma once
+
+#include "engine/Records.h"
+
+namespace lumeroom {
+
+/// What a strip shows or is to show: settings, with the target's name and a preset's transition.
+struct StripSettings : Settings {
+    std::optional<std::string> label;
+    std::optional<double> transition; ///< seconds
+
+    static StripSettings fromDictionary(const Value::Dictionary& dictionary);
+    /// Power alone.
+    static StripSettings power(bool on);
+};
+
+} // namespace lumeroom

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+namespace lumeroom {
+
+class EngineRoom;
+struct Settings;
+
+/// The kinds of target.
+enum class StripType { None = 0, Lamp = 1, Group = 2, Location = 3, Tag = 4, Zone = 5 };
+
+/// What a strip controls, and the way there: each kind has its own operations of the engine.
+struct StripTarget {
+    /// A zone's is its lamp's ID, "-" and the zone's number; "0" stands for all lamps.
+    std::string id;
+    StripType type = StripType::None;
+
+    bool isGroup() const;
+
+    /// For a group, a location or a tag; nothing for the other kinds.
+    void sendSettingsToGroup(EngineRoom& engineRoom, const Settings& settings) const;
+    void groupOn(EngineRoom& engineRoom, bool on) const;
+    /// For every kind.
+    void sendSettings(EngineRoom& engineRoom, const Settings& settings) const;
+    /// Nothing for a tag.
+    void rename(EngineRoom& engineRoom, const std::string& name) const;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,174 @@
+#include "app/ManualController.h"
+
+#include "support/EngineHarness.h"
+
+namespace lumeroom::test {
+
+namespace {
+
+struct FakePanel : PanelView {
+    void setTitle(const std::string& text) override { title = text; }
+    void startThrobber() override { throbbing = true; }
+    void stopThrobber() override { throbbing = false; }
+    void showStrips(const Strips& now) override
+    {
+        strips = now;
+        ++builds;
+    }
+    bool popoverIsOpen() const override { return popover; }
+    void makeKeyAndFront() override { }
+    int runModal(const Alert& alert) override
+    {
+        alerts.push_back(alert);
+        return 0;
+    }
+    std::vector<std::string> names() const
+    {
+        std::vector<std::string> list;
+        for (const auto& strip : strips)
+            list.push_back(strip->label().text());
+        return list;
+    }
+
+    std::string title;
+    bool throbbing = false;
+    bool popover = false;
+    int builds = 0;
+    Strips strips;
+    std::vector<Alert> alerts;
+};
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+struct Controller : EngineHarness {
+    void launch()
+    {
+        controller.awakeFromNib();
+        controller.applicationDidFinishLaunching();
+    }
+    void addNamed(unsigned n, const std::string& name)
+    {
+        addLamp(n, {.brightness = 50000, .label = name});
+    }
+    FakePanel panel;
+    ManualController controller{loop, defaults, log, engine(), panel};
+};
+
+TEST_F(Controller, launchWaitsForLamps)
+{
+    defaults.setObject("verbosity", 3);
+    launch();
+    EXPECT_EQ(defaults.integerForKey("verbosity"), 1);
+    EXPECT_EQ(panel.title, "Lumeroom manual control panel");
+    EXPECT_TRUE(panel.throbbing);
+    EXPECT_EQ(linesWith("No lights found, trying again in 1.5s"), 1);
+    loop.advance(Seconds(3.1));
+    EXPECT_EQ(linesWith("No lights found"), 3);
+    EXPECT_EQ(sockets.takeOfType(2).size(), 2U); // the polling goes on meanwhile
+    addNamed(1, "Desk");
+    EXPECT_EQ(panel.builds, 0); // the next pass finds it, not the arrival
+    loop.advance(Seconds(1.5));
+    EXPECT_FALSE(panel.throbbing);
+    EXPECT_EQ(panel.names(), Names{"Desk"});
+    EXPECT_TRUE(panel.strips[0]->onOffButton().state());
+    loop.advance(Seconds(10));
+    EXPECT_EQ(panel.builds, 1);
+}
+
+TEST_F(Controller, aBurstOfLampsIsOneRebuildThatKeepsTheStrips)
+{
+    addNamed(1, "One");
+    launch();
+    const auto first = panel.strips.at(0);
+    for (unsigned n = 2; n <= 10; ++n) {
+        addNamed(n, "Lamp");
+        loop.advance(Seconds(0.1));
+    }
+    EXPECT_EQ(panel.builds, 1);
+    loop.advance(Seconds(0.6)); // 1.5 seconds after the first
+    EXPECT_EQ(panel.builds, 2);
+    ASSERT_EQ(panel.strips.size(), 10U);
+    EXPECT_EQ(panel.strips[0], first);
+    EXPECT_FALSE(first->embargo());
+    receive(stateService(3), "127.0.9.99"); // the same lamp at another address: one strip
+    receive(lightState(3, {.label = "Moved"}));
+    loop.advance(Seconds(2));
+    EXPECT_EQ(panel.strips.size(), 10U);
+}
+
+TEST_F(Controller, aRebuildWaitsForAnOpenPopover)
+{
+    addNamed(1, "One");
+    launch();
+    panel.popover = true;
+    addNamed(2, "Two");
+    loop.advance(Seconds(6));
+    EXPECT_EQ(panel.builds, 1);
+    panel.popover = false;
+    addNamed(3, "Three"); // starts no rebuild of its own
+    loop.advance(Seconds(5));
+    EXPECT_EQ(panel.builds, 2);
+    EXPECT_EQ(panel.strips.size(), 3U);
+}
+
+TEST_F(Controller, reportsMoveTheStripsUnlessTouched)
+{
+    addNamed(1, "One");
+    launch();
+    LampControlStrip& strip = *panel.strips.at(0);
+    receive(lightState(1, {.brightness = 25700, .label = "One"}));
+    EXPECT_NE(strip.brightnessSlider().value(), 100); // not within the socket's delivery
+    loop.runPosted();
+    EXPECT_EQ(strip.brightnessSlider().value(), 100);
+    strip.brightnessSlider().moveTo(10);
+    loop.advance(Seconds(0.2));
+    receive(lightState(1, {.brightness = 51400, .label = "One"}));
+    loop.advance(Seconds(3));
+    EXPECT_EQ(strip.brightnessSlider().value(), 10);
+    loop.advance(Seconds(5));
+    receive(lightState(1, {.brightness = 12850, .label = "One"}));
+    loop.runPosted();
+    EXPECT_EQ(strip.brightnessSlider().value(), 50);
+
+    receive(stateVersion(1, 10)); // white only, as it turns out
+    loop.runPosted();
+    EXPECT_FALSE(strip.satSlider().isEnabled());
+}
+
+TEST_F(Controller, theOrderIsKeptOverRuns)
+{
+    defaults.setObject("sortOrder",
+        Value::Array{Value::Dictionary{{"ID", lampID(3)}, {"group", false}},
+            Value::Dictionary{{"ID", "gone"}, {"group", false}},
+            Value::Dictionary{{"ID", lampID(1)}, {"group", true}}, "rubbish"});
+    for (unsigned n = 1; n <= 5; ++n)
+        addNamed(n, "Lamp " + std::to_string(n));
+    launch();
+    EXPECT_EQ(panel.names(), (Names{"Lamp 3", "Lamp 1", "Lamp 2", "Lamp 4", "Lamp 5"}));
+    EXPECT_EQ(linesWith("unable to find strip with ID 'gone' in sortedArray"), 1);
+    EXPECT_EQ(linesWith("requested position 4 is greater"), 1);
+    controller.applicationShouldTerminate();
+    const auto saved = *defaults.arrayForKey("sortOrder");
+    ASSERT_EQ(saved.size(), 5U);
+    EXPECT_EQ(
+        saved[1], Value(Value::Dictionary{{"ID", lampID(1)}, {"group", false}, {"sortOrder", 1}}));
+    EXPECT_EQ(linesWith("saving sortOrder to defaults. It has 5 items"), 1);
+}
+
+TEST_F(Controller, allOnAndOffAndAlerts)
+{
+    addNamed(1, "One");
+    addNamed(2, "Two");
+    launch();
+    sockets.take();
+    controller.allOff();
+    EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
+    controller.allOn();
+    EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
+    engine().removeGroupWithID("nobody");
+    EXPECT_EQ(panel.alerts.at(0).title, "Edit Group Successful");
+}
+
+} // namespace lumeroom::test

@@ -1,0 +1,257 @@
+#include "engine/AsyncUdpSocket.h"
+
+#include "base/Log.h"
+#include "base/ManualRunLoop.h"
+#include "engine/HostResolver.h"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace lumeroom {
+
+namespace {
+
+/// A plain socket of the system's on a loopback address, to talk to.
+class Peer {
+public:
+    explicit Peer(int family = AF_INET)
+        : m_socket(::socket(family, SOCK_DGRAM | SOCK_CLOEXEC, 0))
+    {
+        m_address.ss_family = static_cast<sa_family_t>(family);
+        m_length = sizeof(sockaddr_in);
+        if (family == AF_INET6) {
+            reinterpret_cast<sockaddr_in6&>(m_address).sin6_addr = in6addr_loopback;
+            m_length = sizeof(sockaddr_in6);
+        } else {
+            reinterpret_cast<sockaddr_in&>(m_address).sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        }
+        m_bound = ::bind(m_socket, reinterpret_cast<sockaddr*>(&m_address), m_length) == 0;
+        ::getsockname(m_socket, reinterpret_cast<sockaddr*>(&m_address), &m_length);
+        const timeval limit{5, 0};
+        ::setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
+    }
+    ~Peer() { ::close(m_socket); }
+    Peer(const Peer&) = delete;
+    Peer& operator=(const Peer&) = delete;
+
+    bool isBound() const { return m_bound; }
+    std::uint16_t port() const
+    {
+        return ntohs(reinterpret_cast<const sockaddr_in&>(m_address).sin_port);
+    }
+    /// The next datagram, and who sent it; empty after five seconds.
+    Datagram receive()
+    {
+        Datagram data(9216);
+        m_lastLength = sizeof m_last;
+        const ssize_t size = ::recvfrom(m_socket, data.data(), data.size(), 0,
+            reinterpret_cast<sockaddr*>(&m_last), &m_lastLength);
+        data.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+        return data;
+    }
+    void answer(const Datagram& data)
+    {
+        ::sendto(m_socket, data.data(), data.size(), 0, reinterpret_cast<sockaddr*>(&m_last),
+            m_lastLength);
+    }
+
+private:
+    int m_socket;
+    sockaddr_storage m_address{};
+    socklen_t m_length;
+    bool m_bound = false;
+    sockaddr_storage m_last{};
+    socklen_t m_lastLength = 0;
+};
+
+struct Received : UdpSocketDelegate {
+    void udpSocketDidReceiveData(
+        UdpSocket&, std::span<const std::uint8_t> data, const SocketAddress& from) override
+    {
+        datagrams.emplace_back(data.begin(), data.end());
+        last = from;
+    }
+    std::vector<Datagram> datagrams;
+    SocketAddress last;
+};
+
+} // namespace
+
+struct AsyncUdp : ::testing::Test {
+    std::shared_ptr<UdpSocket> makeSocket() { return io.socketFactory()(received); }
+    bool receivedAll(std::size_t count)
+    {
+        return loop.runUntil([&] { return received.datagrams.size() >= count; });
+    }
+    int linesWith(std::string_view text)
+    {
+        const std::lock_guard lock(linesMutex);
+        int count = 0;
+        for (const std::string& line : lines)
+            count += line.find(text) != std::string::npos ? 1 : 0;
+        return count;
+    }
+
+    std::mutex linesMutex;
+    std::vector<std::string> lines;
+    Log log{[this](std::string_view line) {
+        const std::lock_guard lock(linesMutex);
+        lines.emplace_back(line);
+    }};
+    ManualRunLoop loop;
+    Received received;
+    UdpIoThread io{loop, log};
+};
+
+TEST_F(AsyncUdp, repliesComeBackOnTheRunLoop)
+{
+    Peer peer;
+    const auto socket = makeSocket();
+    const auto error = socket->beginReceiving();
+    ASSERT_TRUE(error); // nothing sent, so nothing bound
+    EXPECT_EQ(error->domain, "AsyncUdpSocketErrorDomain");
+    EXPECT_EQ(error->text,
+        "Must bind socket before you can receive data. You can do this explicitly via bind, or "
+        "implicitly via connect or by sending data.");
+
+    socket->sendDataToHost({}, "127.0.0.1", peer.port()); // empty: not sent
+    socket->sendDataToHost({1, 2, 3}, "127.0.0.1", peer.port());
+    EXPECT_EQ(peer.receive(), (Datagram{1, 2, 3}));
+    peer.answer({4}); // waits in the system until it is wanted
+    EXPECT_FALSE(socket->beginReceiving());
+    EXPECT_FALSE(socket->beginReceiving());
+    peer.answer({5, 6});
+    ASSERT_TRUE(receivedAll(2));
+    EXPECT_EQ(received.datagrams[1], (Datagram{5, 6}));
+    EXPECT_EQ(AsyncUdpSocket::hostFromAddress(received.last), "127.0.0.1");
+    EXPECT_EQ(AsyncUdpSocket::portFromAddress(received.last), peer.port());
+    EXPECT_EQ(AsyncUdpSocket::familyFromAddress(received.last), AF_INET);
+}
+
+TEST_F(AsyncUdp, sendsLeaveInOrder)
+{
+    Peer peer;
+    const auto socket = makeSocket();
+    for (unsigned i = 0; i < 200; ++i)
+        socket->sendDataToHost({static_cast<std::uint8_t>(i)}, "127.0.0.1", peer.port());
+    for (unsigned i = 0; i < 200; ++i)
+        EXPECT_EQ(peer.receive(), Datagram{static_cast<std::uint8_t>(i)});
+}
+
+TEST_F(AsyncUdp, aNameIsLookedUpAndKeepsTheOrder)
+{
+    Peer peer;
+    const auto socket = makeSocket();
+    socket->sendDataToHost({1}, "localhost", peer.port());
+    socket->sendDataToHost({2}, "127.0.0.1", peer.port());
+    const Datagram first = peer.receive();
+    if (first == Datagram{2})
+        GTEST_SKIP() << "localhost is an IPv6 address here";
+    EXPECT_EQ(first, Datagram{1});
+    EXPECT_EQ(peer.receive(), Datagram{2});
+}
+
+TEST_F(AsyncUdp, ipv6)
+{
+    Peer peer(AF_INET6);
+    if (!peer.isBound())
+        GTEST_SKIP() << "this machine has no IPv6 loopback address";
+    const auto socket = makeSocket();
+    socket->sendDataToHost({7}, "::1", peer.port());
+    EXPECT_EQ(peer.receive(), Datagram{7});
+    socket->beginReceiving();
+    peer.answer({8});
+    ASSERT_TRUE(receivedAll(1));
+    EXPECT_EQ(AsyncUdpSocket::hostFromAddress(received.last), "::1");
+}
+
+TEST_F(AsyncUdp, aSlowMainThreadLosesNothingThatFitsTheSystemsBuffer)
+{
+    Peer peer;
+    const auto socket = makeSocket();
+    socket->sendDataToHost({1}, "127.0.0.1", peer.port());
+    peer.receive();
+    socket->beginReceiving();
+    for (unsigned i = 0; i < 500; ++i)
+        peer.answer({static_cast<std::uint8_t>(i), static_cast<std::uint8_t>(i / 256)});
+    ASSERT_TRUE(receivedAll(500));
+    EXPECT_EQ(received.datagrams[499], (Datagram{243, 1}));
+}
+
+TEST_F(AsyncUdp, nothingArrivesAfterCloseOrTheEnd)
+{
+    Peer peer;
+    auto socket = makeSocket();
+    auto other = makeSocket();
+    for (const auto& each : {socket, other}) {
+        each->sendDataToHost({1}, "127.0.0.1", peer.port());
+        peer.receive();
+        each->beginReceiving();
+        peer.answer({2});
+    }
+    socket->close();
+    EXPECT_EQ(socket->beginReceiving()->text, "Socket closed");
+    socket->sendDataToHost({3}, "127.0.0.1", peer.port());
+    other.reset();
+    // A third one's datagram comes behind theirs.
+    const auto third = makeSocket();
+    third->sendDataToHost({4}, "127.0.0.1", peer.port());
+    EXPECT_EQ(peer.receive(), Datagram{4});
+    third->beginReceiving();
+    peer.answer({5});
+    ASSERT_TRUE(receivedAll(1));
+    EXPECT_EQ(received.datagrams, std::vector<Datagram>{Datagram{5}});
+}
+
+TEST_F(AsyncUdp, aHostThatRefusesDoesNotEndTheListening)
+{
+    std::uint16_t deadPort = 0;
+    {
+        deadPort = Peer().port();
+    }
+    Peer peer;
+    const auto socket = makeSocket();
+    socket->sendDataToHost({1}, "127.0.0.1", deadPort);
+    socket->beginReceiving();
+    socket->sendDataToHost({2}, "127.0.0.1", peer.port());
+    EXPECT_EQ(peer.receive(), Datagram{2});
+    peer.answer({3});
+    EXPECT_TRUE(receivedAll(1));
+}
+
+TEST_F(AsyncUdp, failuresAreSaidOnce)
+{
+    Peer peer;
+    const auto socket = makeSocket();
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none{3, before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &none);
+    for (int i = 0; i < 5; ++i)
+        socket->sendDataToHost({1}, "127.0.0.1", peer.port());
+    makeSocket()->sendDataToHost({1}, "127.0.0.1", peer.port());
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_EQ(linesWith("Too many open files"), 1);
+    socket->sendDataToHost({2}, "127.0.0.1", peer.port());
+    EXPECT_EQ(peer.receive(), Datagram{2}); // it works when there is room again
+    EXPECT_EQ(linesWith("works again"), 1);
+
+    // Broadcast without leave is refused by the system.
+    for (int i = 0; i < 5; ++i)
+        socket->sendDataToHost({1}, "127.255.255.255", peer.port());
+    EXPECT_EQ(linesWith("cannot send to 127.255.255.255"), 1);
+}
+
+TEST(HostResolver, literals)
+{
+    EXPECT_EQ(AsyncUdpSocket::portFromAddress(*addressFromLiteral("127.0.0.1", 56700)), 56700);
+    EXPECT_TRUE(addressFromLiteral("fe80::1", 1));
+    for (const char* name : {"lamp.local", "127.0.0", "", "1.2.3.4.5"})
+        EXPECT_FALSE(addressFromLiteral(name, 1)) << name;
+}
+
+} // namespace lumeroom

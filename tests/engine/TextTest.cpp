@@ -1,0 +1,173 @@
+#include "engine/ArpOutput.h"
+#include "engine/JSONText.h"
+#include "engine/LabelText.h"
+#include "engine/ProductCatalogue.h"
+#include "engine/SystemArpTable.h"
+
+#include "base/Log.h"
+#include "base/ManualRunLoop.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace lumeroom {
+
+struct Text : ::testing::Test {
+    std::vector<std::string> lines;
+    Log log{[this](std::string_view line) { lines.emplace_back(line); }};
+};
+
+TEST_F(Text, labelsFallBackOnOtherReadings)
+{
+    const std::string full(32, 'x');
+    using namespace std::string_literals;
+    const struct {
+        std::string field;
+        std::optional<std::string> text;
+        std::size_t logLines;
+    } cases[] = {
+        {"Desk\0\0\0"s, "Desk", 0},
+        {"Desk\0rubbish\xff"s, "Desk", 0},
+        {"\0"s, "", 0},
+        {full, full, 0},
+        {"玄関"s, "玄関", 0},
+        {"bad\xff\0\0"s, std::nullopt, 0},
+        {"cut\xe7\x8e"s, std::nullopt, 0},
+    };
+    for (const auto& c : cases) {
+        lines.clear();
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(c.field.data());
+        EXPECT_EQ(stringFromData({bytes, c.field.size()}, log), c.text) << c.field;
+        EXPECT_EQ(lines.size(), c.logLines);
+    }
+    EXPECT_EQ(dataFromString("Küche", log), "Küche");
+    lines.clear();
+    EXPECT_EQ(dataFromString("\xff", log), "");
+    EXPECT_EQ(lines.size(), 3U);
+}
+
+TEST_F(Text, jsonScanners)
+{
+    // As the sunrise service answers.
+    const auto reply = dictionaryOfDictionariesFromJSON(
+        R"({"results":{"sunrise":"2026-11-21T07:31:05+00:00","list":[1,2],"n": 5},"status":"OK"})");
+    ASSERT_TRUE(reply.at("results").is<Value::Dictionary>());
+    EXPECT_EQ(*reply.at("results").find("sunrise"), Value("2026-11-21T07:31:05+00:00"));
+    EXPECT_EQ(*reply.at("results").find("list"), Value("[1,2]"));
+    EXPECT_EQ(*reply.at("results").find("n"), Value("5"));
+    EXPECT_EQ(reply.at("status"), Value("OK"));
+
+    EXPECT_EQ(dictionaryFromJSON(R"([{"a":"1,5", "b" : true, nothing}])"),
+        (Value::Dictionary{{"a", "1,5"}, {"b", "true"}}));
+    const auto list = arrayOfDictionariesFromJSON(R"({"a":"1"},{"a":"2"})");
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(*list[1].find("a"), Value("2"));
+
+    EXPECT_EQ(JSONFromDictionary({{"a", 1}, {"b", "true"}, {"c", "[1]"}, {"d", "x"},
+                                     {"e", Value::Dictionary{{"f", 2.5}}}, {"g", ""}},
+                  log),
+        R"({"a":1.00,"b":true,"c":[1],"d":"x","e":{"f":2.50},"g":""})");
+
+    const std::string hostile = "{\"a\":" + std::string(100000, '{') + "\"b\":1";
+    EXPECT_FALSE(dictionaryOfDictionariesFromJSON(hostile).empty());
+}
+
+TEST(ProductCatalogue, readsTheResourceAndForgivesABadOne)
+{
+    ProductCatalogue shipped([] {
+        std::ifstream file(LUMEROOM_SOURCE_DIR "/resources/products.json");
+        std::ostringstream text;
+        text << file.rdbuf();
+        return text.str();
+    });
+    EXPECT_EQ(shipped.productDescriptionFromProductID(27), "LIFX A19");
+    EXPECT_TRUE(shipped.ProductIDHasMultizone(32));
+    EXPECT_FALSE(shipped.ProductIDHasColour(10));
+    EXPECT_EQ(shipped.productDescriptionFromProductID(4711), "Unknown");
+    EXPECT_EQ(shipped.vendorDescriptionFromVendorID(1), "LIFX");
+    EXPECT_EQ(shipped.vendorDescriptionFromVendorID(2), "Unknown");
+
+    for (const char* text : {"", "rubbish", "[]", "{}", "[5]", R"([{"products":5}])",
+             R"([{"products":[{"pid":"1"},{"pid":1,"name":5,"features":[]}]}])",
+             R"([{"products":[]},{"products":[{"pid":1,"name":"second list"}]}])"}) {
+        ProductCatalogue catalogue([text] { return std::string(text); });
+        EXPECT_EQ(catalogue.productDescriptionFromProductID(1), "Unknown") << text;
+        EXPECT_FALSE(catalogue.ProductIDHasColour(1)) << text;
+    }
+    ProductCatalogue twice([] {
+        return std::string(R"([{"products":[{"pid":1,"name":"first"},{"pid":1,"name":"other"}]}])");
+    });
+    EXPECT_EQ(twice.productDescriptionFromProductID(1), "first");
+}
+
+TEST(ArpOutput, takesTheLampsAddresses)
+{
+    EXPECT_EQ(lifxAddresses("lifx-1 (10.0.0.1) at aa\n? (10.0.0.2) at bb\n"
+                            "LIFX (10.0.0.3)\nlifx no address\n)lifx(\nmy.lifx (10.0.0.4) (x)"),
+        (std::vector<std::string>{"10.0.0.1", "10.0.0.4"}));
+    EXPECT_TRUE(lifxAddresses("lifx (10.0.0.1)\n\xff").empty());
+}
+
+struct SystemArp : ::testing::Test {
+    SystemArp() { std::filesystem::create_directories(folder); }
+    ~SystemArp() override { std::filesystem::remove_all(folder); }
+    std::string script(const std::string& text)
+    {
+        const auto path = folder / "arp";
+        std::ofstream(path) << "#!/bin/sh\n" << text;
+        ::chmod(path.c_str(), 0755);
+        return path;
+    }
+    std::optional<ArpTable::Result> read(SystemArpTable::Sources sources)
+    {
+        SystemArpTable table(loop, std::move(sources));
+        std::optional<ArpTable::Result> result;
+        table.read([&](const ArpTable::Result& done) { result = done; });
+        loop.runUntil([&] { return result.has_value(); });
+        return result;
+    }
+    const std::filesystem::path folder
+        = std::filesystem::temp_directory_path() / ("lumeroom-arp-" + std::to_string(::getpid()));
+    ManualRunLoop loop;
+};
+
+TEST_F(SystemArp, runsTheCommandAndPassesItsStatusOn)
+{
+    const auto result = read({{script("echo \"$1: lifx (127.0.0.9)\"; exit 3")}, "", {}});
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->exitStatus, 3);
+    EXPECT_EQ(result->output, "-a: lifx (127.0.0.9)\n");
+}
+
+TEST_F(SystemArp, withoutTheCommandReadsTheKernelsTable)
+{
+    std::ofstream(folder / "table")
+        << "IP address       HW type     Flags       HW address            Mask     Device\n"
+        << "10.0.0.7         0x1         0x2         d0:73:d5:00:00:01     *        eth0\n"
+        << "10.0.0.8         0x1         0x0         00:00:00:00:00:00     *        eth0\n"
+        << "10.0.0.9         0x1         0x2         aa:bb:cc:00:00:01     *        eth0\n";
+    const auto result = read({{"/no/such/arp"}, folder / "table",
+        [](const std::string& address) { return address == "10.0.0.7" ? "lifx-desk" : ""; }});
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->output,
+        "lifx-desk (10.0.0.7) at d0:73:d5:00:00:01 [ether] on eth0\n"
+        "? (10.0.0.9) at aa:bb:cc:00:00:01 [ether] on eth0\n");
+}
+
+TEST_F(SystemArp, aReadingThatIsDroppedIsBrokenOff)
+{
+    bool called = false;
+    {
+        SystemArpTable table(loop, {{script("exec sleep 600")}, "", {}});
+        table.read([&](const ArpTable::Result&) { called = true; });
+    }
+    loop.runPosted();
+    EXPECT_FALSE(called);
+}
+
+} // namespace lumeroom
