@@ -37,6 +37,10 @@ bool assign(std::shared_ptr<Record>& current, const std::shared_ptr<Record>& rep
     return true;
 }
 
+// No home has as many; a sender gone wild must not fill the memory.
+constexpr std::size_t kMostLamps = 5000;
+constexpr std::size_t kMostGroupings = 1000;
+
 /// Appends a record whose guid is not known yet; whether it did.
 template <typename Record>
 bool addToKnown(std::vector<std::shared_ptr<Record>>& known,
@@ -49,7 +53,11 @@ bool addToKnown(std::vector<std::shared_ptr<Record>>& known,
             log.line("{}", conflict);
         return false;
     }
+    if (known.size() >= kMostGroupings)
+        return false;
     known.push_back(reported);
+    if (known.size() == kMostGroupings)
+        log.line("{} groups or locations are known; no more are taken in", known.size());
     return true;
 }
 
@@ -86,9 +94,13 @@ Lamp* RecordIntake::lampFor(const Target& target) const
 
 std::shared_ptr<Lamp> RecordIntake::addLampToRespondingLamps(const std::string& address)
 {
+    if (m_registry.lamps().size() >= kMostLamps)
+        return nullptr;
     auto lamp = m_registry.addLamp(address);
     if (lamp)
         m_discovery.addIPsToKnownIPs({address});
+    if (m_registry.lamps().size() == kMostLamps)
+        m_log.line("{} lamps are known; no more are taken in", kMostLamps);
     return lamp;
 }
 

@@ -1,142 +1,218 @@
-#include "strips/ColourArchive.h"
-#include "strips/ColourConversions.h"
-#include "strips/ControlPainting.h"
-#include "strips/KeyedArchive.h"
-
 #include "base/Log.h"
 #include "base/PropertyList.h"
+#include "strips/ColourArchive.h"
+#include "strips/ColourConversions.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-namespace lumeroom {
+namespace lumeroom::test {
 
-TEST(Colour, becomesRedGreenAndBlue)
+namespace {
+
+/// As a Mac writes it: reals of 32 bits, a mutable dictionary, keys in an order of its own. Hue
+/// 0.25, saturation 0.75, brightness 0.5, kelvin 2700.
+constexpr std::string_view kFromMac
+    = "62706c69737430308002800380048005a4000102038006800780088009a405060708800a574e532e6b65"
+      "79735a4e532e6f626a656374735624636c617373d30b0c0d04090a55246e756c6c5a6272696768746e65"
+      "7373566b656c76696e536875655a73617475726174696f6e223f000000110a8c223e800000223f400000"
+      "5f10134e534d757461626c6544696374696f6e6172795c4e5344696374696f6e617279584e534f626a65"
+      "6374a318191a5a24636c6173736e616d655824636c6173736573d21c1d181bab0f0e1011121314151617"
+      "1e54726f6f748001d12021582476657273696f6e12000186a058246f626a656374735924617263686976"
+      "65725f100f4e534b6579656441726368697665725424746f70d423252628241f27220008000a000c000e"
+      "0010001500170019001b001d00220024002c0037003e0045004b0056005d0061006c007100740079007e"
+      "009400a100aa00ae00b900c200c700d300d800da00dd00e600eb00f400fe011001150000000000000201"
+      "000000000000002a0000000000000029000000000000011e";
+
+Value::Data bytesOf(std::string_view hex)
 {
-    const struct {
-        Colour colour;
-        Rgba rgba;
-    } cases[] = {{{0, 1, 1, 1, {}}, {1, 0, 0, 1}}, {{1.0F / 3, 1, 1, 1, {}}, {0, 1, 0, 1}},
-        {{2.0F / 3, 1, 0.5F, 1, {}}, {0, 0, 0.5F, 1}}, {Colour::grey(0.4F), {0.4F, 0.4F, 0.4F, 1}},
-        {{1, 1, 1, 0.5F, {}}, {1, 0, 0, 0.5F}}};
-    for (const auto& c : cases) {
-        const Rgba rgba = rgbaFrom(c.colour);
-        EXPECT_NEAR(rgba.red, c.rgba.red, 1e-5);
-        EXPECT_NEAR(rgba.green, c.rgba.green, 1e-5);
-        EXPECT_NEAR(rgba.blue, c.rgba.blue, 1e-5);
-        EXPECT_EQ(rgba.alpha, c.rgba.alpha);
-    }
+    Value::Data bytes;
+    for (std::size_t i = 0; i + 1 < hex.size(); i += 2)
+        bytes.push_back(
+            static_cast<std::uint8_t>(std::stoi(std::string(hex.substr(i, 2)), nullptr, 16)));
+    return bytes;
 }
 
-TEST(Colour, conversionsOfThePicker)
-{
-    EXPECT_EQ(kelvinFromKnob(-1), 9000);
-    EXPECT_EQ(kelvinFromKnob(0), 5750);
-    EXPECT_EQ(kelvinFromKnob(1), 2500);
-    EXPECT_EQ(knobFromKelvin(2500).degrees, 90);
-    EXPECT_EQ(knobFromKelvin(2500).distance, 1);
-    EXPECT_EQ(knobFromKelvin(9000).degrees, 270);
-    for (const float hue : {0.0F, 0.2F, 0.5F, 0.9F}) {
-        const KnobPlace knob = knobFromColour({hue, 0.7F, 1, 1, {}});
-        EXPECT_LT(knob.degrees, 360);
-        EXPECT_NEAR(std::fmod(colourFromKnob(knob, 1).hue, 1.0), hue, 1e-5);
-    }
-    const Settings dark = settingsFromEffectColour({0.5F, 1, 0.0005F, 1, {}});
-    EXPECT_EQ(dark.onoff, false);
-    EXPECT_EQ(dark.warmth, 5500);
-    EXPECT_EQ(settingsFromEffectColour({0, 0, 1, 1, 2500}).warmth, 6500);
-}
+constexpr Colour kSolidRed{1, 1, 1, 1, {}};
 
-struct Archive : ::testing::Test {
+} // namespace
+
+struct ColourArchive : ::testing::Test {
+    std::optional<Colour> decode(const Value::Data& data)
+    {
+        return colourUsingArchivedColour(data, log);
+    }
+    /// An archive whose objects are these; the first four are the keys of the dictionary's entries.
+    Value::Data archive(Value root, const Value::Array& values)
+    {
+        Value::Array objects{"$null", std::move(root), "hue", "saturation", "brightness", "kelvin"};
+        objects.insert(objects.end(), values.begin(), values.end());
+        return propertylist::toBinary(Value::Dictionary{
+            {"$top", Value::Dictionary{{"root", Value::Uid{1}}}}, {"$objects", objects}});
+    }
+    Value::Data archiveOf(const Value::Array& values)
+    {
+        Value::Array keyUids;
+        Value::Array valueUids;
+        for (std::uint64_t i = 0; i < values.size(); ++i) {
+            keyUids.emplace_back(Value::Uid{2 + i});
+            valueUids.emplace_back(Value::Uid{6 + i});
+        }
+        return archive(Value::Dictionary{{"NS.keys", keyUids}, {"NS.objects", valueUids}}, values);
+    }
+
     std::vector<std::string> lines;
     Log log{[this](std::string_view line) { lines.emplace_back(line); }};
 };
 
-TEST_F(Archive, keepsTheColour)
+TEST_F(ColourArchive, roundTrip)
 {
-    Colour colour{0.25F, 0.5F, 0.75F, 1, 2700};
-    EXPECT_EQ(colourUsingArchivedColour(archivedColour(colour), log), colour);
-    Colour plain = Colour::grey(0.5F);
-    const auto data = archivedColour(plain);
-    EXPECT_EQ(plain.kelvin, 3500); // archiving gives it one
-    EXPECT_EQ(colourUsingArchivedColour(data, log)->kelvin, 3500);
-    const auto list = propertylist::parse(data);
-    EXPECT_EQ(*list->find("$archiver"), Value("NSKeyedArchiver"));
-    EXPECT_EQ(*list->find("$version"), Value(100000));
-    EXPECT_TRUE(list->find("$top")->find("root")->is<Value::Uid>());
+    Colour colour{0.1F, 0.2F, 0.3F, 0.5F, {}};
+    const auto data = archivedColour(colour);
+    EXPECT_EQ(colour.kelvin, 3500); // archiving leaves it on the colour
+    EXPECT_EQ(decode(data), (Colour{0.1F, 0.2F, 0.3F, 1, 3500}));
+
+    Colour grey = Colour::grey(0.4F);
+    grey.kelvin = 2700;
+    EXPECT_EQ(decode(archivedColour(grey)), (Colour{0, 0, 0.4F, 1, 2700}));
+    EXPECT_TRUE(lines.empty());
 }
 
-TEST_F(Archive, readsWhatAMacWrites)
+TEST_F(ColourArchive, whatAMacReadsAndWrites)
 {
-    // The order of objects differs there, and so does the class.
-    const auto uid = [](std::uint64_t index) { return Value(Value::Uid{index}); };
-    const Value archive = Value::Dictionary{
-        {"$version", 100000},
-        {"$archiver", "NSKeyedArchiver"},
-        {"$top", Value::Dictionary{{"root", uid(1)}}},
-        {"$objects",
-            Value::Array{"$null",
-                Value::Dictionary{{"$class", uid(9)},
-                    {"NS.keys", Value::Array{uid(2), uid(3), uid(4), uid(5)}},
-                    {"NS.objects", Value::Array{uid(6), uid(7), uid(8), uid(7)}}},
-                "kelvin", "hue", "brightness", "saturation", 4000, 0.5, 1,
-                Value::Dictionary{{"$classname", "NSMutableDictionary"}}}},
+    EXPECT_EQ(decode(bytesOf(kFromMac)), (Colour{0.25F, 0.75F, 0.5F, 1, 2700}));
+
+    Colour colour = Colour::grey(1);
+    const auto written = propertylist::parse(archivedColour(colour));
+    ASSERT_TRUE(written);
+    EXPECT_EQ(*written->find("$archiver"), Value("NSKeyedArchiver"));
+    EXPECT_EQ(*written->find("$version"), Value(100000));
+    EXPECT_EQ(*written->find("$top"), Value(Value::Dictionary{{"root", Value::Uid{1}}}));
+    const auto& objects = *written->find("$objects")->as<Value::Array>();
+    EXPECT_EQ(objects.at(0), Value("$null"));
+    const auto* classUid = objects.at(1).find("$class")->as<Value::Uid>();
+    ASSERT_TRUE(classUid);
+    EXPECT_EQ(*objects.at(classUid->index).find("$classname"), Value("NSDictionary"));
+}
+
+TEST_F(ColourArchive, numbersOfAnyKindAndFarOutOfRange)
+{
+    const struct {
+        Value::Array values; ///< hue, saturation, brightness, kelvin
+        Colour colour;
+    } cases[] = {
+        {{1, 0, true, 2500.9}, {1, 0, 1, 1, 2500}},
+        {{0.5, 7.5, -3}, {0.5F, 1, 0, 1, 3500}},
+        {{0.5, 0.5, 0.5, "warm"}, {0.5F, 0.5F, 0.5F, 1, 3500}},
+        {{0.5, 0.5, 0.5, 1e300}, {0.5F, 0.5F, 0.5F, 1, 2147483647}},
     };
-    const auto colour = colourUsingArchivedColour(propertylist::toBinary(archive), log);
-    EXPECT_EQ(colour, (Colour{0.5F, 0.5F, 1, 1, 4000}));
+    for (const auto& c : cases)
+        EXPECT_EQ(decode(archiveOf(c.values)), c.colour);
+    EXPECT_TRUE(lines.empty());
 }
 
-TEST_F(Archive, damageGivesRedOrNothing)
+TEST_F(ColourArchive, brokenOnesAreSolidRed)
 {
-    EXPECT_FALSE(colourUsingArchivedColour({}, log));
-    EXPECT_EQ(lines.back(), "unable to make colour with nil archive");
-    const Colour red{1, 1, 1, 1, {}};
-    const auto withoutHue = keyedArchiveOf({{"saturation", 0.1}, {"brightness", 0.2}});
-    EXPECT_EQ(colourUsingArchivedColour(withoutHue, log), red);
-    EXPECT_EQ(lines.back().find("unable to make colour using archived colour: <62706c"), 0U);
-    const auto withoutKelvin
-        = keyedArchiveOf({{"hue", 0.1}, {"saturation", 0.1}, {"brightness", 0.2}});
-    EXPECT_EQ(colourUsingArchivedColour(withoutKelvin, log)->kelvin, 3500);
+    EXPECT_EQ(decode({}), std::nullopt);
+    EXPECT_EQ(lines, std::vector<std::string>{"unable to make colour with nil archive"});
 
-    const auto loop = [](std::uint64_t root) {
-        return propertylist::toBinary(Value::Dictionary{
-            {"$top", Value::Dictionary{{"root", Value::Uid{root}}}},
-            {"$objects",
-                Value::Array{Value::Dictionary{{"NS.keys", Value::Array{Value::Uid{0}, "x"}},
-                    {"NS.objects", Value::Array{Value::Uid{99}, Value::Uid{0}}}}}},
-        });
+    using Array = Value::Array;
+    const Value::Uid self{1};
+    const Value::Uid nowhere{1ULL << 40U};
+    const Value::Data broken[] = {
+        {0},
+        bytesOf("62706c6973743030"),
+        archiveOf({0.5, 0.5}), // no brightness
+        archiveOf({"hue", 0.5, 0.5}),
+        archiveOf({std::nan(""), 0.5, 0.5}),
+        archiveOf({Value::Dictionary{{"NS.keys", self}}, 0.5, 0.5}),
+        archiveOf({self, 0.5, 0.5}), // a reference to the dictionary itself
+        archive("text", {}),
+        archive(self, {}),
+        archive(Value::Dictionary{{"NS.keys", self}, {"NS.objects", self}}, {}),
+        archive(Value::Dictionary{{"NS.keys", Array{nowhere}}, {"NS.objects", Array{nowhere}}}, {}),
+        archive(Value::Dictionary{{"NS.keys", Array{self, 3}}, {"NS.objects", Array{self}}}, {}),
+        propertylist::toBinary(Value::Dictionary{{"$top", 1}, {"$objects", 2}}),
+        propertylist::toBinary(Array{1}),
     };
-    EXPECT_EQ(colourUsingArchivedColour(loop(0), log), red);
-    EXPECT_EQ(colourUsingArchivedColour(loop(7), log), red);
-    EXPECT_EQ(colourUsingArchivedColour(Value::Data{1, 2, 3}, log), red);
+    for (const auto& data : broken) {
+        lines.clear();
+        EXPECT_EQ(decode(data), kSolidRed) << description(data);
+        ASSERT_EQ(lines.size(), 1U);
+        EXPECT_EQ(lines[0], "unable to make colour using archived colour: " + description(data));
+    }
 }
 
-TEST(Painting, barsFollowTheirRoom)
+TEST_F(ColourArchive, survivesAnyDamage)
 {
-    const SliderBar lying = brightnessSliderBar({10, 0, 100, 20}, false);
-    EXPECT_EQ(lying.rectangle, (Rectangle{10, 8, 100, 4}));
-    EXPECT_EQ(lying.degrees, 0);
-    EXPECT_EQ(lying.alpha, 1);
-    const SliderBar upright = whitenessSliderBar({0, 0, 20, 100}, 0, true);
-    EXPECT_EQ(upright.rectangle, (Rectangle{8, 0, 4, 100}));
-    EXPECT_EQ(upright.degrees, 270);
-    EXPECT_EQ(upright.alpha, 0.75F);
-    EXPECT_EQ(upright.colours, (std::vector<Rgba>{{1, 0, 0, 1}, {1, 1, 1, 1}}));
+    const auto whole = bytesOf(kFromMac);
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        for (const std::uint8_t damage : {0x00, 0x01, 0x80, 0xFF}) {
+            auto data = whole;
+            data[i] = data[i] == damage ? std::uint8_t(0x55) : damage;
+            const auto colour = decode(data);
+            ASSERT_TRUE(colour);
+            EXPECT_TRUE(colour->hue >= 0 && colour->hue <= 1) << i;
+        }
+        EXPECT_TRUE(i == 0 || decode(Value::Data(whole.begin(), whole.begin() + long(i))));
+    }
 }
 
-TEST(Painting, theButtonShowsAPaleLamp)
+TEST(ColourConversions, effectColoursAsSettings)
 {
-    const Colour lamp{0, 1, 0.5F, 1, {}};
-    const Rectangle bounds{0, 0, 50, 50};
-    EXPECT_EQ(
-        onOffButtonPaint(bounds, {true, false, false, lamp}).oval, (Rectangle{10, 10, 30, 30}));
-    const auto on = onOffButtonPaint(bounds, {true, false, false, lamp});
-    ASSERT_EQ(on.fills.size(), 1U);
-    EXPECT_NEAR(on.fills[0].green, 0.67, 0.001);
-    EXPECT_EQ(on.fills[0].alpha, 0.5F);
-    EXPECT_EQ(onOffButtonPaint(bounds, {true, false, true, lamp}).fills.size(), 2U);
-    EXPECT_EQ(onOffButtonPaint(bounds, {false, false, false, lamp}).fills[0].red, 0.6F);
+    const Settings lit = settingsFromEffectColour({0.5F, 0.25F, 0.001F, 1, 2700});
+    EXPECT_EQ(lit.warmth, 6300);
+    EXPECT_FLOAT_EQ(static_cast<float>(*lit.saturation), 191.25F);
+    EXPECT_FLOAT_EQ(static_cast<float>(*lit.colour), 32767.5F);
+    EXPECT_EQ(lit.onoff, true);
+    const Settings dark = settingsFromEffectColour({0.5F, 1, 0.0009F, 1, {}});
+    EXPECT_EQ(dark.warmth, 5500);
+    EXPECT_EQ(dark.onoff, false);
 }
 
-} // namespace lumeroom
+TEST(ColourConversions, thePickersKnob)
+{
+    const struct {
+        float x;
+        int kelvin;
+        KnobPlace knob;
+    } whites[]
+        = {{-1, 9000, {270, 1}}, {0, 5750, {90, 0}}, {1, 2500, {90, 1}}, {0.5F, 4125, {90, 0.5F}}};
+    for (const auto& c : whites) {
+        EXPECT_EQ(kelvinFromKnob(c.x), c.kelvin);
+        EXPECT_FLOAT_EQ(knobFromKelvin(c.kelvin).degrees, c.knob.degrees) << c.kelvin;
+        EXPECT_FLOAT_EQ(knobFromKelvin(c.kelvin).distance, c.knob.distance) << c.kelvin;
+    }
+    const struct {
+        float degrees;
+        float hue;
+    } colours[] = {{0, 0.25F}, {180, 0.75F}, {270, 0.5F}, {89, 1.0F / 360}};
+    for (const auto& c : colours) {
+        EXPECT_NEAR(colourFromKnob({c.degrees, 0.5F}, 1).hue, c.hue, 1e-6F) << c.degrees;
+        EXPECT_NEAR(knobFromColour({c.hue, 0.5F, 1, 1, {}}).degrees, c.degrees, 1e-3F);
+    }
+}
+
+TEST(ColourConversions, redGreenBlue)
+{
+    const struct {
+        Colour colour;
+        Rgba rgba;
+    } cases[] = {
+        {{0, 1, 1, 1, {}}, {1, 0, 0, 1}},
+        {{1, 1, 1, 0.5F, {}}, {1, 0, 0, 0.5F}},
+        {{1.0F / 6, 1, 0.5F, 1, {}}, {0.5F, 0.5F, 0, 1}},
+        {{2.0F / 3, 0.5F, 1, 1, {}}, {0.5F, 0.5F, 1, 1}},
+        {Colour::grey(0.3F), {0.3F, 0.3F, 0.3F, 1}},
+    };
+    for (const auto& c : cases) {
+        const Rgba rgba = rgbaFrom(c.colour);
+        EXPECT_NEAR(rgba.red, c.rgba.red, 1e-6F);
+        EXPECT_NEAR(rgba.green, c.rgba.green, 1e-6F);
+        EXPECT_NEAR(rgba.blue, c.rgba.blue, 1e-6F);
+        EXPECT_EQ(rgba.alpha, c.rgba.alpha);
+    }
+}
+
+} // namespace lumeroom::test

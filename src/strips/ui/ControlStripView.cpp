@@ -45,12 +45,12 @@ ControlStripView::ControlStripView(std::shared_ptr<LampControlStrip> strip, QWid
 
     m_name = new QLabel(this);
     m_name->setTextFormat(Qt::PlainText);
-    m_name->setFixedWidth(kNameWidth);
+    m_name->setMinimumWidth(kNameWidth);
     auto* rename = makeRenameButton(this);
     connect(rename, &QToolButton::clicked, this, [this] { showReNamePopover(); });
 
     row->addWidget(new OnOffButtonView(s.onOffButton(), s.colourWell(), this));
-    row->addWidget(m_name);
+    row->addWidget(m_name, 1);
     row->addWidget(rename);
     const auto addSlider = [&](SliderModel& model, const QString& name, SliderView::MakeBar bar) {
         row->addWidget(new SliderView(model, std::move(bar), name, this), 1);

@@ -1,0 +1,210 @@
+#include "strips/StripHarness.h"
+
+namespace lumeroom::test {
+
+using LampStrip = StripHarness;
+
+TEST_F(LampStrip, aDragSendsAtMostTenTimesASecondAndAlwaysTheLastValue)
+{
+    const auto strip = makeLampStrip({.hue = 1000});
+    for (int step = 1; step <= 10; ++step) {
+        strip->brightnessSlider().moveTo(static_cast<float>(10 * step) + 0.75F);
+        // The well keeps up with the hand.
+        EXPECT_FLOAT_EQ(
+            strip->colourWell().colour().brightness, strip->brightnessSlider().value() / 255);
+        loop.advance(Seconds(0.03));
+    }
+    loop.advance(Seconds(1));
+    EXPECT_EQ(sent(),
+        (Lines{"colour 1: 1000 0 10200 3500", "colour 1: 1000 0 20400 3500",
+            "colour 1: 1000 0 25500 3500"}));
+}
+
+TEST_F(LampStrip, whatEachControlSends)
+{
+    const auto strip = makeLampStrip({.hue = 1000, .saturation = 65535, .brightness = 65535});
+    const struct {
+        std::function<void()> touch;
+        Lines sent;
+    } cases[] = {
+        // One slider sends its own property alone: the lamp's record fills up the rest.
+        {[&] { strip->brightnessSlider().moveTo(100.9F); }, {"colour 1: 1000 65025 25500 3500"}},
+        {[&] { strip->satSlider().moveTo(55.5F); }, {"colour 1: 1000 51000 25500 3500"}},
+        {[&] { strip->warmthSlider().moveTo(9999); }, {"colour 1: 1000 51000 25500 2500"}},
+        {[&] { strip->colourSlider().moveTo(32768); }, {}},
+        {[&] { strip->onOffButton().press(); }, {"power 1 on", "colour 1: 32768 51000 25500 2500"}},
+        {[&] { strip->onOffButton().press(); }, {"power 1 off"}},
+        {[&] {
+             strip->colourWell().userHasPickedColour({0.5F, 1, 0.2F, 1, 4000});
+         },
+            {"colour 1: 32767 65025 13005 4000"}},
+    };
+    for (const auto& c : cases) {
+        strip->reactivateWithEngineRoom(&engine());
+        c.touch();
+        loop.advance(Seconds(0.1));
+        EXPECT_EQ(sent(), c.sent);
+        EXPECT_TRUE(strip->embargo());
+    }
+}
+
+TEST_F(LampStrip, reportsWaitUntilTheHandHasRested)
+{
+    const struct {
+        std::vector<double> touches; ///< seconds
+        double stillDeaf;
+        double hearsAgain;
+    } cases[] = {
+        {{0}, 5.05, 5.15},
+        {{0, 0.05}, 5.05, 5.15}, // over by the first look
+        {{0, 1}, 7.05, 7.15},
+        {{0, 3}, 9.05, 9.15},
+        {{0, 2, 4, 6}, 11.05, 11.15},
+    };
+    const auto strip = makeLampStrip();
+    int brightness = 10;
+    for (const auto& c : cases) {
+        double now = 0;
+        const auto advanceTo = [&](double then) {
+            loop.advance(Seconds(then - now));
+            now = then;
+        };
+        for (const double touch : c.touches) {
+            advanceTo(touch);
+            strip->onOffButton().press();
+        }
+        const float before = strip->brightnessSlider().value();
+        brightness += 10;
+        advanceTo(c.stillDeaf);
+        report(*strip, {{"brightness", brightness}, {"onoff", true}});
+        EXPECT_EQ(strip->brightnessSlider().value(), before) << c.stillDeaf;
+        advanceTo(c.hearsAgain);
+        sockets.take();
+        report(*strip, {{"brightness", brightness}, {"onoff", true}, {"label", "Desk"}});
+        EXPECT_EQ(strip->brightnessSlider().integerValue(), brightness) << c.hearsAgain;
+        EXPECT_TRUE(strip->onOffButton().state());
+        EXPECT_EQ(strip->label().text(), "Desk");
+        EXPECT_TRUE(sent().empty()); // a report goes nowhere
+        EXPECT_FALSE(strip->embargo());
+    }
+}
+
+TEST_F(LampStrip, aLampsLossyReadBackDoesNotMoveTheSlider)
+{
+    const auto strip = makeLampStrip();
+    strip->setObjectForKey(254, "brightness");
+    const struct {
+        double reported;
+        float shown;
+    } cases[] = {{253, 254}, {253.9, 254}, {254.5, 254}, {252, 252}, {253, 253}, {300, 255}};
+    for (const auto& c : cases) {
+        report(*strip, {{"brightness", c.reported}});
+        EXPECT_EQ(strip->brightnessSlider().value(), c.shown) << c.reported;
+    }
+    report(*strip, {{"colour", 65535.0 / 4}});
+    EXPECT_FLOAT_EQ(strip->saturatedHueComponent(), 0.25F); // the well's hue shades the bar
+    EXPECT_FLOAT_EQ(strip->colourWell().colour().hue, 0.25F);
+}
+
+TEST_F(LampStrip, theFirstDifferenceActsAndItsEmbargoSilencesTheOthers)
+{
+    const auto strip = makeLampStrip({.hue = 1000, .saturation = 65535});
+    strip->implementSettingsFromDictionary(StripSettings::fromDictionary(
+        {{"brightness", 100}, {"warmth", 6500}, {"onoff", true}, {"colour", 0}}));
+    EXPECT_EQ(sent(), (Lines{"colour 1: 1000 65025 25500 3500"}));
+    EXPECT_EQ(strip->warmthSlider().value(), 6500);
+    EXPECT_TRUE(strip->onOffButton().state());
+    EXPECT_TRUE(strip->embargo());
+}
+
+TEST_F(LampStrip, aTransitionMovesTheControlsOnlyWhenItIsShort)
+{
+    const struct {
+        Value::Dictionary extra;
+        int shown;
+    } cases[] = {{{}, 100}, {{{"transition", 0.99}}, 100}, {{{"transition", 1}}, 0}};
+    for (const auto& c : cases) {
+        const auto strip = makeLampStrip();
+        Value::Dictionary settings{
+            {"brightness", 100.5}, {"saturation", 5.5}, {"onoff", false}, {"duration", 60}};
+        settings.insert(c.extra.begin(), c.extra.end());
+        strip->implementSettingsFromDictionaryWithTransitionTime(
+            StripSettings::fromDictionary(settings));
+        const auto datagrams = sockets.sent();
+        EXPECT_EQ(sent(), (Lines{"power 1 off", "colour 1: 0 63750 25500 3500"}));
+        EXPECT_EQ(datagrams.at(1).data.at(45) + 256 * datagrams.at(1).data.at(46), 400);
+        EXPECT_EQ(strip->brightnessSlider().integerValue(), c.shown);
+        EXPECT_FALSE(strip->embargo());
+    }
+}
+
+TEST_F(LampStrip, outOfUseItIsInert)
+{
+    const auto strip = makeLampStrip();
+    strip->brightnessSlider().moveTo(50); // on its way when the panel is rebuilt
+    strip->deactivate();
+    loop.advance(Seconds(1));
+    strip->onOffButton().press();
+    strip->colourSlider().moveTo(9);
+    report(*strip, {{"brightness", 7}});
+    EXPECT_EQ(strip->brightnessSlider().value(), 50);
+    strip->implementSettingsFromDictionaryWithTransitionTime(StripSettings::power(false));
+    loop.advance(Seconds(10));
+    EXPECT_TRUE(strip->embargo());
+    EXPECT_TRUE(sent().empty());
+    strip->reactivateWithEngineRoom(&engine());
+    report(*strip, {{"brightness", 7}});
+    EXPECT_EQ(strip->brightnessSlider().value(), 7);
+}
+
+TEST_F(LampStrip, aMultizoneLampComesOnWithItsOwnColours)
+{
+    addStrip(1, 8);
+    drainQueue();
+    const auto strip = makeStrip(lampID(1), StripType::Lamp);
+    strip->switchOn();
+    EXPECT_EQ(sent(), (Lines{"power 1 on"}));
+}
+
+TEST_F(LampStrip, theWellMovesTheWarmthSliderOnlyWithinItsRange)
+{
+    const struct {
+        std::optional<int> kelvin;
+        int capabilities;
+        float warmth;
+        float saturation;
+    } cases[] = {
+        {2400, 7, 1000, 0}, {2500, 7, 6500, 0}, {9000, 7, 0, 0}, {9100, 7, 1000, 0},
+        {{}, 7, 1000, 0}, {2700, 5, 6300, 0}, {2700, 1, 1000, 0},
+        {2700, 2, 1000, 255}, // a white lamp: grey
+    };
+    const auto strip = makeLampStrip();
+    for (const auto& c : cases) {
+        strip->setCapabilities(c.capabilities);
+        EXPECT_EQ(strip->satSlider().isEnabled(), c.capabilities != 2);
+        EXPECT_EQ(strip->warmthSlider().isEnabled(), (c.capabilities & 4) != 0);
+        strip->setObjectForKey(1000, "warmth");
+        strip->colourWell().userHasPickedColour({0.5F, 1, 0.5F, 1, c.kelvin});
+        loop.advance(Seconds(0.1));
+        EXPECT_EQ(strip->warmthSlider().value(), c.warmth) << c.kelvin.value_or(0);
+        EXPECT_EQ(strip->satSlider().value(), c.saturation);
+        EXPECT_FLOAT_EQ(strip->brightnessSlider().value(), 127.5F);
+    }
+}
+
+TEST_F(LampStrip, itsSettingsAsADictionary)
+{
+    const auto strip = makeLampStrip();
+    const Value::Dictionary written{{"label", "Desk"}, {"onoff", true}, {"brightness", 10.5},
+        {"colour", 70000}, {"saturation", 20.25}, {"warmth", 99.9}, {"other", 1}};
+    for (const auto& [key, value] : written)
+        strip->setObjectForKey(value, key);
+    EXPECT_EQ(strip->getDictionary(),
+        (Value::Dictionary{{"label", "Desk"}, {"onoff", true}, {"brightness", 10.5},
+            {"colour", 65535.0}, {"saturation", 20.25}, {"warmth", 99}, {"id", lampID(1)}}));
+    EXPECT_EQ(strip->objectForKey("id"), Value(""));
+    EXPECT_EQ(strip->colourWell().colour(), Colour()); // nothing is redrawn
+    EXPECT_TRUE(sent().empty());
+}
+
+} // namespace lumeroom::test
