@@ -148,7 +148,7 @@ TEST_F(ColourArchive, survivesAnyDamage)
 {
     const auto whole = bytesOf(kFromMac);
     for (std::size_t i = 0; i < whole.size(); ++i) {
-        for (const std::uint8_t damage : {0x00, 0x01, 0x80, 0xFF}) {
+        for (const auto damage : Value::Data{0x00, 0x01, 0x80, 0xFF}) {
             auto data = whole;
             data[i] = data[i] == damage ? std::uint8_t(0x55) : damage;
             const auto colour = decode(data);

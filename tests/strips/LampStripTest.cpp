@@ -4,22 +4,6 @@ namespace lumeroom::test {
 
 using LampStrip = StripHarness;
 
-TEST_F(LampStrip, aDragSendsAtMostTenTimesASecondAndAlwaysTheLastValue)
-{
-    const auto strip = makeLampStrip({.hue = 1000});
-    for (int step = 1; step <= 10; ++step) {
-        strip->brightnessSlider().moveTo(static_cast<float>(10 * step) + 0.75F);
-        // The well keeps up with the hand.
-        EXPECT_FLOAT_EQ(
-            strip->colourWell().colour().brightness, strip->brightnessSlider().value() / 255);
-        loop.advance(Seconds(0.03));
-    }
-    loop.advance(Seconds(1));
-    EXPECT_EQ(sent(),
-        (Lines{"colour 1: 1000 0 10200 3500", "colour 1: 1000 0 20400 3500",
-            "colour 1: 1000 0 25500 3500"}));
-}
-
 TEST_F(LampStrip, whatEachControlSends)
 {
     const auto strip = makeLampStrip({.hue = 1000, .saturation = 65535, .brightness = 65535});
@@ -89,23 +73,6 @@ TEST_F(LampStrip, reportsWaitUntilTheHandHasRested)
     }
 }
 
-TEST_F(LampStrip, aLampsLossyReadBackDoesNotMoveTheSlider)
-{
-    const auto strip = makeLampStrip();
-    strip->setObjectForKey(254, "brightness");
-    const struct {
-        double reported;
-        float shown;
-    } cases[] = {{253, 254}, {253.9, 254}, {254.5, 254}, {252, 252}, {253, 253}, {300, 255}};
-    for (const auto& c : cases) {
-        report(*strip, {{"brightness", c.reported}});
-        EXPECT_EQ(strip->brightnessSlider().value(), c.shown) << c.reported;
-    }
-    report(*strip, {{"colour", 65535.0 / 4}});
-    EXPECT_FLOAT_EQ(strip->saturatedHueComponent(), 0.25F); // the well's hue shades the bar
-    EXPECT_FLOAT_EQ(strip->colourWell().colour().hue, 0.25F);
-}
-
 TEST_F(LampStrip, theFirstDifferenceActsAndItsEmbargoSilencesTheOthers)
 {
     const auto strip = makeLampStrip({.hue = 1000, .saturation = 65535});
@@ -138,34 +105,6 @@ TEST_F(LampStrip, aTransitionMovesTheControlsOnlyWhenItIsShort)
     }
 }
 
-TEST_F(LampStrip, outOfUseItIsInert)
-{
-    const auto strip = makeLampStrip();
-    strip->brightnessSlider().moveTo(50); // on its way when the panel is rebuilt
-    strip->deactivate();
-    loop.advance(Seconds(1));
-    strip->onOffButton().press();
-    strip->colourSlider().moveTo(9);
-    report(*strip, {{"brightness", 7}});
-    EXPECT_EQ(strip->brightnessSlider().value(), 50);
-    strip->implementSettingsFromDictionaryWithTransitionTime(StripSettings::power(false));
-    loop.advance(Seconds(10));
-    EXPECT_TRUE(strip->embargo());
-    EXPECT_TRUE(sent().empty());
-    strip->reactivateWithEngineRoom(&engine());
-    report(*strip, {{"brightness", 7}});
-    EXPECT_EQ(strip->brightnessSlider().value(), 7);
-}
-
-TEST_F(LampStrip, aMultizoneLampComesOnWithItsOwnColours)
-{
-    addStrip(1, 8);
-    drainQueue();
-    const auto strip = makeStrip(lampID(1), StripType::Lamp);
-    strip->switchOn();
-    EXPECT_EQ(sent(), (Lines{"power 1 on"}));
-}
-
 TEST_F(LampStrip, theWellMovesTheWarmthSliderOnlyWithinItsRange)
 {
     const struct {
@@ -190,21 +129,6 @@ TEST_F(LampStrip, theWellMovesTheWarmthSliderOnlyWithinItsRange)
         EXPECT_EQ(strip->satSlider().value(), c.saturation);
         EXPECT_FLOAT_EQ(strip->brightnessSlider().value(), 127.5F);
     }
-}
-
-TEST_F(LampStrip, itsSettingsAsADictionary)
-{
-    const auto strip = makeLampStrip();
-    const Value::Dictionary written{{"label", "Desk"}, {"onoff", true}, {"brightness", 10.5},
-        {"colour", 70000}, {"saturation", 20.25}, {"warmth", 99.9}, {"other", 1}};
-    for (const auto& [key, value] : written)
-        strip->setObjectForKey(value, key);
-    EXPECT_EQ(strip->getDictionary(),
-        (Value::Dictionary{{"label", "Desk"}, {"onoff", true}, {"brightness", 10.5},
-            {"colour", 65535.0}, {"saturation", 20.25}, {"warmth", 99}, {"id", lampID(1)}}));
-    EXPECT_EQ(strip->objectForKey("id"), Value(""));
-    EXPECT_EQ(strip->colourWell().colour(), Colour()); // nothing is redrawn
-    EXPECT_TRUE(sent().empty());
 }
 
 } // namespace lumeroom::test
