@@ -60,6 +60,7 @@ TEST_F(LampStrip, reportsWaitUntilTheHandHasRested)
         const float before = strip->brightnessSlider().value();
         brightness += 10;
         advanceTo(c.stillDeaf);
+        strip->implementSettingsFromDictionaryWithoutActing({}); // leaves the embargo as it is
         report(*strip, {{"brightness", brightness}, {"onoff", true}});
         EXPECT_EQ(strip->brightnessSlider().value(), before) << c.stillDeaf;
         advanceTo(c.hearsAgain);

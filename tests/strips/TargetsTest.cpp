@@ -28,7 +28,7 @@ struct Targets : StripHarness {
     {
         Lines lines;
         for (const int lamp : lamps)
-            lines.push_back(first + std::to_string(lamp) + then);
+            lines.push_back(fmt::format("{}{}{}", first, lamp, then));
         return lines;
     }
 };
