@@ -233,7 +233,7 @@ TEST_F(AsyncUdp, failuresAreSaidOnce)
     ::setrlimit(RLIMIT_NOFILE, &none);
     for (int i = 0; i < 5; ++i)
         socket->sendDataToHost({1}, "127.0.0.1", peer.port());
-    makeSocket()->sendDataToHost({1}, "127.0.0.1", peer.port());
+    other->sendDataToHost({1}, "127.0.0.1", peer.port());
     ::setrlimit(RLIMIT_NOFILE, &before);
     EXPECT_EQ(linesWith("Too many open files"), 1);
     socket->sendDataToHost({2}, "127.0.0.1", peer.port());

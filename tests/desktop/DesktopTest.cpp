@@ -1,0 +1,235 @@
+#include "app/ui/ConsoleWindow.h"
+#include "app/ui/ControlPanelWindow.h"
+#include "base/ManualRunLoop.h"
+#include "desktop/CommandLine.h"
+#include "desktop/QtRunLoop.h"
+#include "desktop/Snapshot.h"
+#include "desktop/StandardErrorPipe.h"
+#include "strips/ui/ControlStripView.h"
+#include "strips/ui/OnOffButtonView.h"
+#include "strips/ui/SliderView.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMouseEvent>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <thread>
+
+namespace lumeroom {
+
+namespace {
+
+/// Lets Qt work until `done`, at most ten seconds.
+bool workUntil(const std::function<bool()>& done)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!done() && timer.elapsed() < 10000)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return done();
+}
+
+void mouse(QWidget& widget, QEvent::Type type, double x)
+{
+    const QPointF place(x, widget.height() / 2.0);
+    QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton,
+        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void key(QWidget& widget, Qt::Key which)
+{
+    QKeyEvent press(QEvent::KeyPress, which, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &press);
+    QKeyEvent release(QEvent::KeyRelease, which, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &release);
+}
+
+} // namespace
+
+TEST(QtRunLoop, runsPostedWorkInOrderFromAnyThread)
+{
+    QtRunLoop loop;
+    std::vector<int> order;
+    std::thread([&] {
+        for (int i = 0; i < 3; ++i)
+            loop.post([&order, i] { order.push_back(i); });
+    }).join();
+    const Timer timer = loop.after(Seconds(0.01), [&] { order.push_back(9); });
+    const Timer dropped = [&] { return loop.after(Seconds(0.001), [&] { order.push_back(7); }); }();
+    Timer gone = loop.after(Seconds(0.001), [&] { order.push_back(8); });
+    gone.cancel();
+    EXPECT_TRUE(workUntil([&] { return order.size() >= 5; }));
+    EXPECT_EQ(order, (std::vector<int>{0, 1, 2, 7, 9}));
+}
+
+TEST(CommandLine, isReadOrRefusedInWords)
+{
+    const struct {
+        std::vector<std::string> arguments;
+        std::string error;
+    } cases[] = {
+        {{}, ""},
+        {{"--demo", "--defaults", "a b.plist", "--appearance=dark"}, ""},
+        {{"--nope"}, "unknown option '--nope'"},
+        {{"--demo=3"}, "unknown option '--demo=3'"},
+        {{"file"}, "unexpected argument 'file'"},
+        {{"--defaults"}, "--defaults needs a value"},
+        {{"--defaults="}, "--defaults needs a value"},
+        {{"--appearance", "pink"}, "--appearance takes dark or light, not 'pink'"},
+        {{"--demo-lamps", "0"}, "--demo-lamps takes a number from 1 to 200, not '0'"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(parseCommandLine(c.arguments).error, c.error);
+    const CommandLine line
+        = parseCommandLine({"--defaults=x", "--snapshot", "y", "--demo-lamps", "200"});
+    EXPECT_EQ(line.defaultsFile, "x");
+    EXPECT_EQ(line.snapshotFile, "y");
+    EXPECT_TRUE(line.demo);
+    EXPECT_EQ(line.demoLamps, 200U);
+}
+
+TEST(StandardErrorPipe, handsOverWholeCharacters)
+{
+    ManualRunLoop loop;
+    std::string text;
+    const std::string lamp = "玄関\n";
+    {
+        StandardErrorPipe pipe(loop, [&](const std::string& chunk) {
+            EXPECT_EQ(QString::fromStdString(chunk).toStdString(), chunk);
+            text += chunk;
+        });
+        for (const char byte : lamp) { // each byte in a write of its own
+            ASSERT_EQ(::write(STDERR_FILENO, &byte, 1), 1);
+            loop.runUntil([] { return true; });
+        }
+        EXPECT_TRUE(loop.runUntil([&] { return text == lamp; })) << text;
+    }
+    ASSERT_EQ(::write(STDERR_FILENO, "", 0), 0); // the stream is back
+}
+
+TEST(ConsoleWindow, findsForwardBackwardAndAround)
+{
+    ConsoleWindow console;
+    console.append("one lamp\ntwo ");
+    console.append("lamps\n");
+    EXPECT_EQ(console.text(), "one lamp\ntwo lamps\n");
+    console.setSearchText("lamp");
+    EXPECT_TRUE(console.findNext());
+    EXPECT_TRUE(console.findNext());
+    EXPECT_TRUE(console.findNext()); // from the start again
+    EXPECT_TRUE(console.findPrevious());
+    console.setSearchText("nothing");
+    EXPECT_FALSE(console.findNext());
+}
+
+struct StripViews : ::testing::Test {
+    StripViews()
+    {
+        strip->label().setText("Desk <b>lamp</b>");
+        view.resize(900, 56);
+        view.show();
+    }
+    QWidget* named(const QString& role)
+    {
+        for (QWidget* child : view.findChildren<QWidget*>()) {
+            if (child->property("role").toString() == role)
+                return child;
+        }
+        return nullptr;
+    }
+    ManualRunLoop loop;
+    std::shared_ptr<LampControlStrip> strip
+        = std::make_shared<LampControlStrip>("1", StripType::Lamp, loop);
+    ControlStripView view{strip};
+};
+
+TEST_F(StripViews, slidersFollowTheHandTheKeysAndTheModel)
+{
+    auto* slider = qobject_cast<SliderView*>(named("brightness"));
+    ASSERT_TRUE(slider);
+    EXPECT_EQ(slider->accessibleName(), "Desk <b>lamp</b>, brightness");
+    mouse(*slider, QEvent::MouseButtonPress, slider->width() / 2.0);
+    EXPECT_NEAR(strip->brightnessSlider().value(), 128, 3);
+    strip->brightnessSlider().setValue(10); // a report does not pull it from under the hand
+    EXPECT_NEAR(slider->value(), 128, 3);
+    mouse(*slider, QEvent::MouseMove, slider->width() + 50.0);
+    mouse(*slider, QEvent::MouseButtonRelease, slider->width() + 50.0);
+    EXPECT_EQ(strip->brightnessSlider().value(), 255);
+    EXPECT_EQ(slider->accessibleDescription(), "100 percent");
+    key(*slider, Qt::Key_Left);
+    EXPECT_EQ(strip->brightnessSlider().value(), 250);
+    key(*slider, Qt::Key_Home);
+    EXPECT_EQ(strip->brightnessSlider().value(), 0);
+    strip->brightnessSlider().setValue(77);
+    EXPECT_EQ(slider->value(), 77);
+    strip->setCapabilities(kCapabilitiesWhiteLamp);
+    EXPECT_FALSE(named("saturation")->isEnabled());
+}
+
+TEST_F(StripViews, theButtonSwitches)
+{
+    auto* button = qobject_cast<OnOffButtonView*>(named("power"));
+    ASSERT_TRUE(button);
+    button->click();
+    EXPECT_TRUE(strip->onOffButton().state());
+    EXPECT_EQ(button->accessibleDescription(), "on");
+    strip->onOffButton().setState(false);
+    EXPECT_FALSE(button->isChecked());
+}
+
+TEST(ControlPanelWindow, keepsTheViewsOfStripsThatStay)
+{
+    ManualRunLoop loop;
+    ControlPanelWindow panel;
+    panel.setTitle("Lumeroom manual control panel");
+    panel.show();
+    Strips strips;
+    for (int i = 0; i < 200; ++i) {
+        strips.push_back(
+            std::make_shared<LampControlStrip>(std::to_string(i), StripType::Lamp, loop));
+    }
+    panel.startThrobber();
+    panel.showStrips(strips);
+    panel.stopThrobber();
+    const auto views = panel.findChildren<ControlStripView*>();
+    ASSERT_EQ(views.size(), 200);
+    std::swap(strips.front(), strips.back());
+    strips.resize(150);
+    panel.showStrips(strips);
+    QCoreApplication::processEvents();
+    const auto left = panel.findChildren<ControlStripView*>();
+    EXPECT_EQ(left.size(), 150);
+    for (ControlStripView* view : left) {
+        EXPECT_TRUE(views.contains(view));
+        if (view->strip() == strips.front()) {
+            EXPECT_EQ(view->y(), 0);
+        }
+    }
+    EXPECT_FALSE(panel.popoverIsOpen());
+}
+
+TEST(Snapshot, theTableLinesUp)
+{
+    auto lamp = std::make_shared<Lamp>();
+    lamp->label = "玄関";
+    lamp->address = "127.0.0.1";
+    lamp->brightness = 255;
+    lamp->onoff = true;
+    EXPECT_EQ(lampTable({lamp}),
+        "Lamp  Product  Address    Power  Brightness\n"
+        "玄関  -        127.0.0.1  on     100%\n");
+}
+
+} // namespace lumeroom
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
