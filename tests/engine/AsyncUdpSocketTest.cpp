@@ -227,6 +227,10 @@ TEST_F(AsyncUdp, failuresAreSaidOnce)
 {
     Peer peer;
     const auto socket = makeSocket();
+    const auto other = makeSocket();
+    // Called once before, as the sanitizers need descriptors of their own to look at a new object.
+    for (const auto& each : {socket, other})
+        each->enableBroadcast(false);
     rlimit before{};
     ::getrlimit(RLIMIT_NOFILE, &before);
     const rlimit none{3, before.rlim_max};
