@@ -8,10 +8,10 @@
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/SliderView.h"
+#include "support/QtTestInput.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
-#include <QMouseEvent>
+#include <QKeyEvent>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -20,25 +20,10 @@
 
 namespace lumeroom {
 
+using test::mouse;
+using test::workUntil;
+
 namespace {
-
-/// Lets Qt work until `done`, at most ten seconds.
-bool workUntil(const std::function<bool()>& done)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!done() && timer.elapsed() < 10000)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    return done();
-}
-
-void mouse(QWidget& widget, QEvent::Type type, double x)
-{
-    const QPointF place(x, widget.height() / 2.0);
-    QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton,
-        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &event);
-}
 
 void key(QWidget& widget, Qt::Key which)
 {

@@ -120,7 +120,7 @@ void ControlStripView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const bool dark = isDark(*this);
-    painter.fillRect(rect().adjusted(0, 0, 0, -1),
+    painter.fillRect(rect().adjusted(1, 0, 1, -1),
         dark ? palette().color(QPalette::Base) : QColor::fromRgbF(0.91F, 0.91F, 0.91F));
 }
 
