@@ -3,6 +3,7 @@
 #include "base/LocalTime.h"
 #include "base/Log.h"
 #include "base/PropertyList.h"
+#include "base/PropertyListLimits.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -57,14 +58,19 @@ struct Contents {
 Contents readWhole(const fs::path& path)
 {
     Contents contents;
-    const Descriptor file(path, O_RDONLY);
+    const Descriptor file(path, O_RDONLY | O_NONBLOCK); // a pipe would keep the launch waiting
     if (!file.isOpen()) {
         contents.exists = errno != ENOENT;
         contents.error = contents.exists ? systemError() : "";
         return contents;
     }
+    struct stat status { };
+    if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        contents.error = "it is not a regular file";
+        return contents;
+    }
     std::array<std::uint8_t, 65536> buffer;
-    for (;;) {
+    while (contents.bytes.size() <= propertylist::kLargestBytes) {
         const ssize_t count = ::read(file.get(), buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR)
             continue;
@@ -74,6 +80,7 @@ Contents readWhole(const fs::path& path)
             return contents;
         contents.bytes.insert(contents.bytes.end(), buffer.begin(), buffer.begin() + count);
     }
+    return contents;
 }
 
 bool writeAll(int descriptor, std::string_view text)
@@ -88,12 +95,20 @@ bool writeAll(int descriptor, std::string_view text)
     return true;
 }
 
-// A settings file that is a link stays one: what it points to is replaced.
+/// A settings file that is a link stays one: what it points to is replaced, or made.
 fs::path resolved(const fs::path& path)
 {
     std::error_code error;
-    const auto target = fs::weakly_canonical(fs::absolute(path), error);
-    return error || target.empty() ? path : target;
+    const fs::path whole = fs::absolute(path, error);
+    fs::path target = error ? path : whole;
+    constexpr int kMostLinks = 40; // as many as the system follows
+    for (int links = 0; links < kMostLinks; ++links) {
+        const fs::path next = fs::read_symlink(target, error);
+        if (error)
+            return target;
+        target = target.parent_path() / next;
+    }
+    return path;
 }
 
 } // namespace

@@ -26,7 +26,8 @@ UserDefaults::~UserDefaults()
 void UserDefaults::registerDefaults(Value::Dictionary fallbacks)
 {
     const std::lock_guard lock(m_mutex);
-    m_registered.merge(fallbacks);
+    fallbacks.merge(m_registered); // a key registered again takes the later value
+    m_registered = std::move(fallbacks);
 }
 
 const Value* UserDefaults::find(std::string_view key) const

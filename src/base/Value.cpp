@@ -16,11 +16,18 @@ std::string_view withoutLeadingBlanks(std::string_view text)
     return start == std::string_view::npos ? std::string_view() : text.substr(start);
 }
 
-double leadingNumber(std::string_view text)
+/// The text from its first number on, in the form that std::from_chars takes: without a plus.
+std::string_view numberText(std::string_view text)
 {
     text = withoutLeadingBlanks(text);
-    if (text.starts_with('+'))
+    if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
+    return text;
+}
+
+double leadingNumber(std::string_view text)
+{
+    text = numberText(text);
     double number = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
     // Words such as "inf" and "nan" are no numbers to a person.
@@ -41,9 +48,7 @@ std::int64_t saturatedInteger(double number)
 
 std::int64_t leadingInteger(std::string_view text)
 {
-    text = withoutLeadingBlanks(text);
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
+    text = numberText(text);
     std::int64_t number = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
     return result.ec == std::errc() ? number : saturatedInteger(leadingNumber(text));
@@ -67,6 +72,21 @@ std::string hexText(const Value::Data& data)
     for (std::size_t i = 0; i < data.size() && i < kShown; ++i)
         text += fmt::format("{:02x}", data[i]);
     return text + (data.size() > kShown ? "...>" : ">");
+}
+
+/// In quotes, and on one line whatever it holds.
+std::string quotedText(std::string_view text)
+{
+    std::string result = "\"";
+    for (const char c : text) {
+        if (c == '\n')
+            result += "\\n";
+        else if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+            result += fmt::format("\\x{:02x}", static_cast<unsigned char>(c));
+        else
+            result += c;
+    }
+    return result + "\"";
 }
 
 } // namespace
@@ -127,7 +147,7 @@ std::string description(const Value& value)
     if (const auto* truth = value.as<bool>())
         return *truth ? "true" : "false";
     if (const auto* text = value.as<std::string>())
-        return fmt::format("\"{}\"", *text);
+        return quotedText(*text);
     if (const auto* data = value.as<Value::Data>())
         return hexText(*data);
     if (const auto* date = value.as<TimePoint>()) {

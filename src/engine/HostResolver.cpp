@@ -81,14 +81,13 @@ void HostResolver::lookUp(
     // waits for this thread; what it touches it owns.
     std::thread([memory = m_memory, host, port, done = std::move(done)] {
         const Answer answer{ask(host, port, 0)};
-        {
-            const std::lock_guard lock(memory->mutex);
-            if (memory->entries.size() >= kMostNames)
-                memory->entries.clear();
-            memory->entries[{host, port}]
-                = {answer, std::chrono::steady_clock::now() + kRememberFor};
-        }
-        done(answer);
+        const std::lock_guard lock(memory->mutex);
+        if (memory->closed)
+            return;
+        if (memory->entries.size() >= kMostNames)
+            memory->entries.clear();
+        memory->entries[{host, port}] = {answer, std::chrono::steady_clock::now() + kRememberFor};
+        done(answer); // while locked: who asked may be gone as soon as the resolver is
     }).detach();
 }
 

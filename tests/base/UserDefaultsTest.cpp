@@ -5,6 +5,7 @@
 #include "base/RegisteredDefaults.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -119,6 +120,18 @@ TEST_F(UserDefaultsFile, aFolderInItsPlaceIsKeptAside)
     EXPECT_TRUE(stored());
 }
 
+TEST_F(UserDefaultsFile, aPipeInItsPlaceDoesNotHoldUpTheLaunch)
+{
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    {
+        UserDefaults defaults(file, loop, log);
+        defaults.setObject("b", 1);
+    }
+    ASSERT_EQ(setAside().size(), 1U);
+    EXPECT_TRUE(fs::is_fifo(setAside()[0]));
+    EXPECT_EQ(*stored()->find("b"), Value(1));
+}
+
 TEST_F(UserDefaultsFile, aFailedWriteKeepsTheOldFileAndIsTriedAgain)
 {
     write(propertylist::toXml(Value::Dictionary{{"a", 1}}));
@@ -150,6 +163,15 @@ TEST_F(UserDefaultsFile, aLinkStaysALink)
     }
     EXPECT_TRUE(fs::is_symlink(file));
     EXPECT_EQ(*stored()->find("a"), Value(2));
+}
+
+TEST_F(UserDefaultsFile, aLinkToNothingYetMakesTheFile)
+{
+    const fs::path target = folder / "later.plist";
+    fs::create_symlink("later.plist", file);
+    UserDefaults(file, loop, log).setObject("a", 2);
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_TRUE(fs::is_regular_file(target));
 }
 
 TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)

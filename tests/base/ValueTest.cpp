@@ -58,6 +58,11 @@ TEST(PropertyList, bothFormsKeepEveryType)
         {"large", INT64_MAX},
         {"real", 0.1},
         {"hue", 21845.25},
+        {"sum", 0.1 + 0.2},
+        {"tiny", 5e-324},
+        {"control", "bell \n"},
+        {"late", TimePoint(std::chrono::seconds(4102444800))},
+        {"early", TimePoint(std::chrono::seconds(-86400))},
         {"text", "Küche <&> 玄関"},
         {"empty", ""},
         {"data", Value::Data{0, 1, 255}},
@@ -78,6 +83,23 @@ TEST(PropertyList, aBrokenTextDoesNotSpoilTheRest)
     EXPECT_EQ(read, Value(Value::Array{"good", "bad \xEF\xBF\xBD text"}));
 }
 
+/// A binary list of a few bytes that stands for 2 to the power of `levels` texts: each array holds
+/// the next one twice.
+Value::Data listThatUnfolds(std::uint8_t levels)
+{
+    Value::Data list = {'b', 'p', 'l', 'i', 's', 't', '0', '0'};
+    for (std::uint8_t level = 1; level <= levels; ++level)
+        list.insert(list.end(), {0xA2, level, level});
+    list.insert(list.end(), {0x51, 'x'});
+    const auto table = static_cast<std::uint8_t>(list.size());
+    for (std::uint8_t object = 0; object <= levels; ++object)
+        list.push_back(static_cast<std::uint8_t>(8 + 3 * object));
+    list.insert(list.end(), {0, 0, 0, 0, 0, 0, 1, 1}); // sizes of an offset and a reference
+    for (const std::uint8_t number : {std::uint8_t(levels + 1), std::uint8_t(0), table})
+        list.insert(list.end(), {0, 0, 0, 0, 0, 0, 0, number});
+    return list;
+}
+
 TEST(PropertyList, hostileListsAreRefusedInWords)
 {
     std::string deep = "<plist version=\"1.0\">";
@@ -87,6 +109,7 @@ TEST(PropertyList, hostileListsAreRefusedInWords)
     for (int i = 0; i < 1000; ++i)
         nested = Value::Array{nested};
     const Value::Data deepBinary = propertylist::toBinary(nested);
+    const Value::Data sharing = listThatUnfolds(40);
     const std::string cut = propertylist::toXml(Value::Array{1, 2}).substr(0, 120);
     const struct {
         std::span<const std::uint8_t> list;
@@ -94,10 +117,13 @@ TEST(PropertyList, hostileListsAreRefusedInWords)
     } cases[] = {
         {bytes(""), "it is empty"},
         {bytes("not a list"), "it is not a well-formed XML property list"},
-        {bytes("bplist00rubbish"), "it is not a well-formed binary property list"},
+        {bytes("bplist00rubbish"), "it is not well-formed"},
+        {sharing, "it is too large"},
         {bytes(deep), "it nests too deep"},
         {deepBinary, "it nests too deep"},
-        {bytes(cut), "it is not a well-formed XML property list"},
+        {bytes(cut), "it is not well-formed"},
+        {bytes("<!DOCTYPE plist [<!ENTITY a \"aaaa\">]><plist><string>&a;</string></plist>"),
+            "it is not well-formed"},
     };
     for (const auto& c : cases) {
         std::string reason;
