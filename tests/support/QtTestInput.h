@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -15,8 +16,10 @@ inline bool workUntil(const std::function<bool()>& done)
 {
     QElapsedTimer timer;
     timer.start();
+    QTimer look;
+    look.start(10);
     while (!done() && timer.elapsed() < 20000)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return done();
 }
 
