@@ -11,7 +11,7 @@ namespace lumeroom::propertylist {
 namespace {
 
 constexpr int kDeepestNesting = 128; // no file of ours nests nearly as deep
-constexpr std::uint64_t kLargestUnfoldedBytes = 64 * 1024 * 1024;
+constexpr std::uint64_t kLargestUnfoldedBytes = std::uint64_t(64) * 1024 * 1024;
 
 constexpr std::string_view kTooDeep = "it nests too deep";
 constexpr std::string_view kTooLarge = "it is too large";

@@ -8,7 +8,7 @@
 namespace lumeroom::propertylist {
 
 /// No list of ours comes near this; reading takes some twenty times as much memory.
-inline constexpr std::size_t kLargestBytes = 32 * 1024 * 1024;
+inline constexpr std::size_t kLargestBytes = std::size_t(32) * 1024 * 1024;
 
 /// Why an XML or binary property list must not be read, in words; empty if it may be.
 /// Readers work by recursion and unfold what a binary list shares, so that a few bytes can end the

@@ -21,9 +21,12 @@ std::string readProducts()
 
 Application::Application(const CommandLine& commandLine)
     : m_commandLine(commandLine)
-    , m_pipe(m_runLoop,
-          [this](const std::string& text) { m_console.append(QString::fromStdString(text)); })
+    , m_pipe(
+          m_runLoop,
+          [this](const std::string& text) { m_console.append(QString::fromStdString(text)); },
+          m_commandLine.log)
     , m_defaults(defaultsFile(), m_runLoop, m_log)
+    , m_verbosity(m_log, m_defaults)
     , m_demonstration(m_commandLine, m_defaults, m_log)
     , m_io(m_runLoop, m_log)
     , m_arpTable(m_runLoop)
@@ -31,12 +34,17 @@ Application::Application(const CommandLine& commandLine)
           {m_runLoop, m_pacer, m_defaults, m_log, m_io.socketFactory(), readProducts, m_arpTable})
     , m_controller(m_runLoop, m_defaults, m_log, m_engineRoom, m_panel)
 {
-    m_log.setVerbositySource(
-        [this] { return static_cast<int>(m_defaults.integerForKey(keys::kVerbosity)); });
     m_signals.setHandler([this] { quit(); });
 }
 
-Application::~Application()
+Application::VerbosityFromDefaults::VerbosityFromDefaults(Log& log, const UserDefaults& defaults)
+    : m_log(log)
+{
+    m_log.setVerbositySource(
+        [&defaults] { return static_cast<int>(defaults.integerForKey(keys::kVerbosity)); });
+}
+
+Application::VerbosityFromDefaults::~VerbosityFromDefaults()
 {
     m_log.setVerbositySource({});
 }

@@ -22,7 +22,6 @@ namespace lumeroom {
 class Application {
 public:
     explicit Application(const CommandLine& commandLine);
-    ~Application();
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
@@ -30,6 +29,18 @@ public:
     int run();
 
 private:
+    /// Lets the log read its level from the settings, for as long as both last.
+    class VerbosityFromDefaults {
+    public:
+        VerbosityFromDefaults(Log& log, const UserDefaults& defaults);
+        ~VerbosityFromDefaults();
+        VerbosityFromDefaults(const VerbosityFromDefaults&) = delete;
+        VerbosityFromDefaults& operator=(const VerbosityFromDefaults&) = delete;
+
+    private:
+        Log& m_log;
+    };
+
     std::filesystem::path defaultsFile() const;
     void makeMenus();
     void quit();
@@ -43,6 +54,7 @@ private:
     ConsoleWindow m_console;
     StandardErrorPipe m_pipe;
     UserDefaults m_defaults;
+    VerbosityFromDefaults m_verbosity;
     Demonstration m_demonstration;
     UdpIoThread m_io;
     SystemArpTable m_arpTable;

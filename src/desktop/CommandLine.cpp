@@ -71,6 +71,8 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments)
             line.help = true;
         } else if (option == "--version" || option == "-v") {
             line.version = true;
+        } else if (option == "--log") {
+            line.log = true;
         } else if (option == "--demo") {
             line.demo = true;
         } else if (option.starts_with('-')) {
@@ -94,6 +96,8 @@ Controls LIFX smart lamps over the local network.
   --appearance WHICH   dark or light, whatever the desktop has
   --snapshot FILE      wait for the lamps, list them, save a picture of the panel
                        to FILE (PNG) and quit
+  --log                write the log to the terminal too, not just to the console
+                       window
   --help
   --version
 )";

@@ -11,6 +11,7 @@ struct CommandLine {
     bool version = false;
     bool demo = false;
     unsigned demoLamps = 8;
+    bool log = false; ///< to the terminal as well
     std::string defaultsFile; ///< empty: the usual one
     std::string snapshotFile; ///< empty: no snapshot
     enum class Appearance { Desktop, Light, Dark } appearance = Appearance::Desktop;

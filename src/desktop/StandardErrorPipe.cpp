@@ -12,9 +12,10 @@
 namespace lumeroom {
 
 StandardErrorPipe::StandardErrorPipe(
-    RunLoop& runLoop, std::function<void(std::string text)> receive)
+    RunLoop& runLoop, std::function<void(std::string text)> receive, bool passOn)
     : m_runLoop(runLoop)
     , m_receive(std::move(receive))
+    , m_passOn(passOn)
     , m_alive(std::make_shared<bool>(true))
 {
     int ends[2];
@@ -49,7 +50,7 @@ void StandardErrorPipe::readPipe()
             continue;
         if (count <= 0)
             return;
-        if (m_original >= 0) {
+        if (m_passOn && m_original >= 0) {
             [[maybe_unused]] const auto copied
                 = ::write(m_original, buffer.data(), static_cast<std::size_t>(count));
         }

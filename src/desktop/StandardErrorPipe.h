@@ -9,12 +9,13 @@ namespace lumeroom {
 
 class RunLoop;
 
-/// Takes over the standard error stream: what is written to it goes on to where it went before and,
-/// as text, to the console view.
+/// Takes over the standard error stream: what is written to it goes to the console view, as text,
+/// and only if wished also to where it went before.
 class StandardErrorPipe {
 public:
     /// `receive` is called on the main thread with whole UTF-8 characters.
-    StandardErrorPipe(RunLoop& runLoop, std::function<void(std::string text)> receive);
+    StandardErrorPipe(
+        RunLoop& runLoop, std::function<void(std::string text)> receive, bool passOn = false);
     /// Puts the stream back. What was written until then has been passed on.
     ~StandardErrorPipe();
     StandardErrorPipe(const StandardErrorPipe&) = delete;
@@ -25,6 +26,7 @@ private:
 
     RunLoop& m_runLoop;
     std::function<void(std::string text)> m_receive;
+    bool m_passOn;
     int m_original = -1;
     int m_pipeReadHandle = -1;
     std::shared_ptr<bool> m_alive;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QIcon>
 
+#include <csignal>
 #include <cstdio>
 
 int main(int argc, char** argv)
@@ -26,6 +27,9 @@ int main(int argc, char** argv)
         std::puts("lumeroom " LUMEROOM_VERSION);
         return 0;
     }
+
+    // A terminal that goes away takes the log with it, not the program.
+    std::signal(SIGPIPE, SIG_IGN);
 
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lumeroom"));

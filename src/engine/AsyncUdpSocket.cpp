@@ -136,7 +136,7 @@ bool AsyncUdpSocket::openDescriptor(int& descriptor, int family)
     static const std::string kSocket = "anything, for want of a socket";
     descriptor = ::socket(family, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     if (descriptor < 0) {
-        m_io.complaints().failed(kSocket, errno);
+        m_io.complaints().failed(kSocket, std::strerror(errno));
         return false;
     }
     m_io.complaints().succeeded(kSocket);
@@ -158,17 +158,19 @@ AsyncUdpSocket::Sent AsyncUdpSocket::trySend(
     int& descriptor = descriptorFor(address);
     if (descriptor < 0 && !openDescriptor(descriptor, familyFromAddress(address)))
         return Sent::Done;
-    ssize_t sent = 0;
-    do {
-        sent = ::sendto(descriptor, data.data(), data.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
+    const auto send = [&] {
+        return ::sendto(descriptor, data.data(), data.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
             systemAddress(address), address.length);
-    } while (sent < 0 && (errno == EINTR || errno == ECONNREFUSED));
+    };
+    ssize_t sent = send();
+    if (sent < 0 && (errno == EINTR || errno == ECONNREFUSED))
+        sent = send(); // a refusal tells of an earlier datagram
     if (sent >= 0)
         m_io.complaints().succeeded(host);
     else if (errno == EAGAIN || errno == EWOULDBLOCK)
         return Sent::Later;
     else
-        m_io.complaints().failed(host, errno);
+        m_io.complaints().failed(host, std::strerror(errno));
     return Sent::Done;
 }
 
@@ -181,7 +183,7 @@ void AsyncUdpSocket::enqueue(Pending pending)
         return;
     }
     if (!m_overflowSaid)
-        m_io.complaints().failed(pending.host, ENOBUFS);
+        m_io.complaints().failed(pending.host, std::strerror(ENOBUFS));
     m_overflowSaid = true;
 }
 
@@ -232,7 +234,7 @@ void AsyncUdpSocket::resolved(
         return !pending.address && pending.host == host && pending.port == port;
     };
     if (!address) {
-        m_io.complaints().failed(host, EHOSTUNREACH);
+        m_io.complaints().failed(host, "no such host");
         std::erase_if(m_pending, isWaiting);
     }
     for (Pending& pending : m_pending) {
@@ -268,7 +270,7 @@ void AsyncUdpSocket::readFrom(int descriptor, DatagramReader& reader)
                 return;
             auto result = reader.read(descriptor);
             if (result.error != 0) {
-                m_io.complaints().failed("anyone: Error in recvfrom() function", result.error);
+                m_io.complaints().readFailed(result.error);
                 closeLocked();
                 return;
             }

@@ -118,8 +118,8 @@ void GroupingCommands::removeLocationWithID(std::string_view id)
         [&](const auto& location) { return location->id == removed; });
 }
 
-// The lamps' own records keep the old label until their next report, and no embargo holds that
-// back, so for a moment the log may tell of labels that do not match.
+// A lamp with a record of its own keeps the old label until its next report, and no embargo holds
+// that back, so for a moment the log may tell of labels that do not match.
 void GroupingCommands::renameGroupNewName(std::string_view id, const std::string& name)
 {
     const auto group = m_environment.registry.groupWithID(id);
@@ -165,10 +165,9 @@ void GroupingCommands::edit(std::string_view id, const LampReferences& reference
     }
     m_environment.embargo.imposeTemporaryEmbargo();
     const auto record = Kind::withID(m_environment.registry, id);
-    Lamps kept;
+    const Lamps kept = usableLamps(references, m_environment.registry);
     if (record) {
         record->updatedAt = static_cast<std::uint64_t>(nanosecondssinceepoch());
-        kept = usableLamps(references, m_environment.registry);
         for (const auto& lamp : kept) {
             Kind::send(m_environment.polls, *record, *lamp);
             Kind::of(*lamp) = record;
@@ -197,7 +196,7 @@ template <typename Kind> void GroupingCommands::takeOut(Lamp& lamp)
     none.updatedAt = static_cast<std::uint64_t>(
         std::int64_t(static_cast<std::int32_t>(nanosecondssinceepoch())));
     if (log.shows(3))
-        log.line("sending zero {} to lamp {}", Kind::kName, lamp.label);
+        log.line("sending zero group to lamp {}", lamp.label); // locations share this line
     Kind::send(m_environment.polls, none, lamp);
     Kind::of(lamp).reset();
 }

@@ -9,6 +9,7 @@
 #include "engine/Polls.h"
 
 #include <array>
+#include <cmath>
 
 namespace lumeroom {
 
@@ -78,7 +79,7 @@ double Heartbeat::speed() const
         return 1.0;
     const double speed = m_environment.defaults.floatForKey(keys::kHeartbeatSpeed);
     if (speed >= 0)
-        return speed;
+        return std::abs(speed); // not -0, which would make the pauses short
     m_environment.log.line("heartbeatSpeed {} is not a speed, using 1.0", speed);
     return 1.0;
 }

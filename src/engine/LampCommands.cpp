@@ -8,6 +8,9 @@
 #include "engine/RecordIntake.h"
 #include "engine/WireFormat.h"
 
+#include <algorithm>
+#include <climits>
+
 namespace lumeroom {
 
 namespace {
@@ -68,7 +71,8 @@ void LampCommands::sendSettingsToLamp(const Settings& settings, std::string_view
     }
     if (!settings.hasAny())
         return;
-    const auto zone = static_cast<int>(Value(id.substr(minus + 1)).integerValue());
+    const std::int64_t number = Value(id.substr(minus + 1)).integerValue();
+    const auto zone = static_cast<int>(std::clamp<std::int64_t>(number, INT_MIN, INT_MAX));
     forLampsWithEitherID(
         id.substr(0, minus), [&](Lamp& lamp) { sendColourToLampZone(settings, lamp, zone); });
 }

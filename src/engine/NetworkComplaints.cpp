@@ -7,14 +7,17 @@
 
 namespace lumeroom {
 
-void NetworkComplaints::failed(const std::string& what, int error)
+void NetworkComplaints::readFailed(int error)
+{
+    m_log.line("Error in recvfrom() function: {}", std::strerror(error));
+}
+
+void NetworkComplaints::failed(const std::string& what, const std::string& reason)
 {
     const std::lock_guard lock(m_mutex);
-    if (!isKnown(error)) {
-        m_log.line("cannot send to {}: {} (said once; the program goes on trying)", what,
-            std::strerror(error));
-    }
-    m_failing[what] = error;
+    if (!isKnown(reason))
+        m_log.line("cannot send to {}: {} (said once; the program goes on trying)", what, reason);
+    m_failing[what] = reason;
     m_any = true;
 }
 
@@ -24,17 +27,17 @@ void NetworkComplaints::clear(const std::string& what)
     const auto found = m_failing.find(what);
     if (found == m_failing.end())
         return;
-    const int error = found->second;
+    const std::string reason = found->second;
     m_failing.erase(found);
     m_any = !m_failing.empty();
-    if (!isKnown(error))
+    if (!isKnown(reason))
         m_log.line("sending to {} works again", what);
 }
 
-bool NetworkComplaints::isKnown(int error) const
+bool NetworkComplaints::isKnown(const std::string& reason) const
 {
     return std::any_of(m_failing.begin(), m_failing.end(),
-        [error](const auto& entry) { return entry.second == error; });
+        [&](const auto& entry) { return entry.second == reason; });
 }
 
 } // namespace lumeroom

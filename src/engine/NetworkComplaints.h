@@ -17,8 +17,10 @@ public:
     {
     }
 
-    /// `what` is the destination, or what else could not be used; `error` is the system's number.
-    void failed(const std::string& what, int error);
+    /// `what` is the destination, or what else could not be used.
+    void failed(const std::string& what, const std::string& reason);
+    /// A socket ended with this number of the system's; another takes its place.
+    void readFailed(int error);
     void succeeded(const std::string& what)
     {
         if (m_any)
@@ -27,12 +29,12 @@ public:
 
 private:
     void clear(const std::string& what);
-    bool isKnown(int error) const;
+    bool isKnown(const std::string& reason) const;
 
     Log& m_log;
     std::atomic<bool> m_any = false; ///< keeps the good case free of the lock
     std::mutex m_mutex;
-    std::map<std::string, int> m_failing;
+    std::map<std::string, std::string> m_failing; ///< with the reason
 };
 
 } // namespace lumeroom

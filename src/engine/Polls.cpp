@@ -2,6 +2,7 @@
 
 #include "base/LocalTime.h"
 #include "base/Log.h"
+#include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
 #include "engine/LampSockets.h"
 #include "engine/SendQueue.h"
@@ -128,8 +129,8 @@ void Polls::setGrouping(Message message, const Grouping& grouping, Lamp& lamp)
     const auto now = static_cast<std::uint64_t>(nanosecondsSinceEpoch(m_runLoop.now()));
     const auto& socket = m_sockets.socketFor(lamp);
     m_queue.append({socket, lamp.address,
-        wire::deviceSetGrouping(
-            message, lamp.mac, grouping.guid, grouping.label, grouping.updatedAt.value_or(now))});
+        wire::deviceSetGrouping(message, lamp.mac, grouping.guid,
+            dataFromString(grouping.label, m_log), grouping.updatedAt.value_or(now))});
     socket->beginReceiving();
 }
 

@@ -19,6 +19,9 @@ using wire::Message;
 
 namespace {
 
+// No home has as many groups or locations; a sender gone wild must not fill the memory.
+constexpr std::size_t kMostGroupings = 1000;
+
 /// The shortest payload of each message that is understood; nothing for any other type.
 std::optional<std::size_t> minimumPayload(Message message)
 {
@@ -238,6 +241,8 @@ void ReceiveDispatcher::didReceiveStateGroup(const Target& target, const ByteRea
     const auto group = groupingFrom<Group>(payload);
     if (!group || m_environment.embargo.isSet())
         return;
+    if (m_environment.registry.groups().size() >= kMostGroupings)
+        return;
     m_environment.intake.addGroupToLamp(group, target);
     m_environment.intake.addGroupToKnownGroups(group);
 }
@@ -247,6 +252,8 @@ void ReceiveDispatcher::didReceiveStateLocation(const Target& target, const Byte
 {
     const auto location = groupingFrom<Location>(payload);
     if (!location)
+        return;
+    if (m_environment.registry.locations().size() >= kMostGroupings)
         return;
     m_environment.intake.addLocationToLamp(location, target);
     m_environment.intake.addLocationToKnownLocations(location);

@@ -39,7 +39,6 @@ bool assign(std::shared_ptr<Record>& current, const std::shared_ptr<Record>& rep
 
 // No home has as many; a sender gone wild must not fill the memory.
 constexpr std::size_t kMostLamps = 5000;
-constexpr std::size_t kMostGroupings = 1000;
 
 /// Appends a record whose guid is not known yet; whether it did.
 template <typename Record>
@@ -53,11 +52,7 @@ bool addToKnown(std::vector<std::shared_ptr<Record>>& known,
             log.line("{}", conflict);
         return false;
     }
-    if (known.size() >= kMostGroupings)
-        return false;
     known.push_back(reported);
-    if (known.size() == kMostGroupings)
-        log.line("{} groups or locations are known; no more are taken in", known.size());
     return true;
 }
 

@@ -141,7 +141,7 @@ ArpTable::Result SystemArpTable::runCommand(const std::string& command)
     ::close(child.output);
     int status = 0;
     while (::waitpid(child.process, &status, 0) < 0 && errno == EINTR) { }
-    result.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : kLaunchFailed;
+    result.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status);
     return result;
 }
 
@@ -156,11 +156,12 @@ std::string arpLinesFromKernelTable(
         std::istringstream columns(line);
         std::string address, type, flags, hardware, mask, device;
         columns >> address >> type >> flags >> hardware >> mask >> device;
-        if (device.empty() || flags == "0x0")
+        if (device.empty())
             continue;
         const std::string name = nameOf(address);
-        output += fmt::format(
-            "{} ({}) at {} [ether] on {}\n", name.empty() ? "?" : name, address, hardware, device);
+        const bool answered = flags != "0x0";
+        output += fmt::format("{} ({}) at {} on {}\n", name.empty() ? "?" : name, address,
+            answered ? hardware + " [ether]" : "<incomplete>", device);
     }
     return output;
 }

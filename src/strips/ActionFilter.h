@@ -15,6 +15,8 @@ public:
     }
 
     void controlDidChange();
+    /// A change is on its way.
+    bool isPending() const { return m_timer.isPending(); }
 
 private:
     RunLoop& m_runLoop;

@@ -148,6 +148,7 @@ public:
     void setFilteredTarget(ControlTarget* target) { setTarget(target); }
     void handleChange();
     void fireFilteredAction();
+    bool hasPendingAction() const { return m_actionFilter.isPending(); }
 
 protected:
     void didMove() override { handleChange(); }
@@ -175,6 +176,7 @@ public:
     void userHasPickedColour(const Colour& colour);
     void handleChange() { m_actionFilter.controlDidChange(); }
     void fireFilteredAction();
+    bool hasPendingAction() const { return m_actionFilter.isPending(); }
 
 private:
     Colour m_colour;

@@ -185,7 +185,8 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActing(const StripS
 void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmbargo(
     const StripSettings& settings)
 {
-    if (!embargo())
+    // A report in the tenth of a second before the user's change is sent would undo the change.
+    if (!embargo() && !m_controls.hasPendingAction())
         implementSettingsFromDictionaryWithoutActing(settings);
 }
 

@@ -39,6 +39,12 @@ bool StripControls::isColourControl(const ControlModel& control) const
     return isSlider(control) || &control == &colourWell;
 }
 
+bool StripControls::hasPendingAction() const
+{
+    return brightnessSlider.hasPendingAction() || satSlider.hasPendingAction()
+        || warmthSlider.hasPendingAction() || colourWell.hasPendingAction();
+}
+
 void StripControls::setCapabilities(int capabilities)
 {
     satSlider.setEnabled((capabilities & kCapabilityColour) != 0);

@@ -27,6 +27,9 @@ struct StripControls {
     /// The four sliders and the well.
     bool isColourControl(const ControlModel& control) const;
 
+    /// The user has just moved something, and it is still on its way to the strip.
+    bool hasPendingAction() const;
+
     void setCapabilities(int capabilities);
     SliderValues sliderValues() const;
     /// What the sliders say, as settings with all four colour members.

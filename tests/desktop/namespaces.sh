@@ -46,7 +46,7 @@ check() { # what was found
     done
     echo "found by $1"
 }
-"$1" --defaults "$folder/a.plist" --snapshot "$folder/a.png" >"$folder/table" 2>"$folder/log" ||
+"$1" --log --defaults "$folder/a.plist" --snapshot "$folder/a.png" >"$folder/table" 2>"$folder/log" ||
     cat "$folder/log"
 check "a real broadcast"
 grep -q '"type":2,' "$folder/traffic"
@@ -61,6 +61,6 @@ cat >"$folder/b.plist" <<'P'
 <plist version="1.0"><dict><key>noBroadcastSupport</key><true/></dict></plist>
 P
 : >"$folder/traffic"
-"$1" --defaults "$folder/b.plist" --snapshot "$folder/b.png" >"$folder/table" 2>"$folder/log" ||
+"$1" --log --defaults "$folder/b.plist" --snapshot "$folder/b.png" >"$folder/table" 2>"$folder/log" ||
     cat "$folder/log"
 check "the ARP table"

@@ -156,6 +156,7 @@ TEST_F(SystemArp, withoutTheCommandReadsTheKernelsTable)
     ASSERT_TRUE(result);
     EXPECT_EQ(result->output,
         "lifx-desk (10.0.0.7) at d0:73:d5:00:00:01 [ether] on eth0\n"
+        "? (10.0.0.8) at <incomplete> on eth0\n"
         "? (10.0.0.9) at aa:bb:cc:00:00:01 [ether] on eth0\n");
 }
 

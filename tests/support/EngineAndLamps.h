@@ -13,6 +13,7 @@
 #include <virtual-lamps/LampNetwork.h>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <sstream>
@@ -52,8 +53,14 @@ struct EngineAndLamps : ::testing::Test {
         lamp->setColour({1000, 65535, 40000, 3500}, Time());
         lamp->setPower(true, Time());
         std::string error;
-        EXPECT_TRUE(network.add(std::move(lamp), "127.0.61." + std::to_string(number), error))
-            << error;
+        EXPECT_TRUE(network.add(std::move(lamp), address(number), error)) << error;
+    }
+    /// Of this process alone, since tests run side by side.
+    static std::string address(unsigned number)
+    {
+        const auto process = static_cast<unsigned>(::getpid());
+        return "127." + std::to_string(64 + process / 256 % 64) + "."
+            + std::to_string(process % 256) + "." + std::to_string(number);
     }
     /// What `look` finds at a lamp, from 0.
     template <typename F> auto onLamp(std::size_t index, F look)

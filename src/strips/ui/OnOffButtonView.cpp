@@ -75,10 +75,10 @@ void OnOffButtonView::paintEvent(QPaintEvent*)
         painter.setBrush(qColor(fill));
         painter.drawEllipse(oval);
     }
-    paintGlow(painter, oval);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(qColor(paint.outline), paint.outlineWidth));
     painter.drawEllipse(oval);
+    paintGlow(painter, oval);
     const bool on = m_model.state();
     paintPowerSign(painter, oval, on ? QColor(60, 60, 66) : QColor(240, 240, 244));
     if (hasFocus()) {

@@ -123,6 +123,7 @@ void SliderView::mouseReleaseEvent(QMouseEvent* event)
         return;
     follow(event->position().x());
     setSliderDown(false);
+    mirror(); // the lamp may have reported meanwhile, to a knob held still
 }
 
 void SliderView::follow(double x)
