@@ -38,6 +38,7 @@ ManualController::ManualController(
     , m_log(log)
     , m_engineRoom(engineRoom)
     , m_panel(panel)
+    , m_layoutManager(defaults, log, panel)
     , m_collection(defaults, log)
 {
 }
@@ -105,14 +106,16 @@ void ManualController::setUp()
             m_collection.add(makeControlStripForLamp(*lamp, StripType::Lamp));
     }
     m_collection.applySortOrder();
-    m_panel.showStrips(m_collection.strips());
+    recalculateControlStripPositions();
     m_setUp = true;
     m_setUpBuffered = false;
 }
 
 void ManualController::refreshSetUpUsingRecycling(bool recycling)
 {
-    if (m_panel.popoverIsOpen()) {
+    const auto isEditing = [](const auto& strip) { return strip->popoverIsOpen(); };
+    if (std::any_of(m_collection.strips().begin(), m_collection.strips().end(), isEditing)
+        || m_panel.popoverIsOpen()) {
         m_deferredRefresh = m_runLoop.after(
             kRefreshDeferral, [this, recycling] { refreshSetUpUsingRecycling(recycling); });
         return;
@@ -121,6 +124,8 @@ void ManualController::refreshSetUpUsingRecycling(bool recycling)
         m_recycler.clear();
     for (const auto& strip : m_collection.strips()) {
         strip->deactivate();
+        if (auto* view = strip->getControlStripView())
+            view->setShown(false);
         if (recycling)
             recycleStrip(strip);
     }
@@ -141,6 +146,10 @@ std::shared_ptr<LampControlStrip> ManualController::makeControlStripForLamp(
     settings.onoff = lamp.onoff.value_or(false);
     settings.label = lamp.label.empty() ? lamp.id : lamp.label;
     strip->implementSettingsFromDictionaryWithoutActing(settings);
+    if (!strip->getControlStripView())
+        strip->setControlStripView(m_panel.newControlStripView(*strip, m_layoutManager.theme()));
+    if (auto* view = strip->getControlStripView())
+        view->setShown(true);
     return strip;
 }
 
@@ -152,6 +161,31 @@ std::shared_ptr<LampControlStrip> ManualController::recycledStripForID(
     if (found != m_recycler.end())
         return *found;
     return std::make_shared<LampControlStrip>(id, type, m_runLoop);
+}
+
+/// Places every strip that the user does not hold, and fits the window and its scroll bars.
+void ManualController::recalculateControlStripPositions()
+{
+    m_layoutManager.reset();
+    std::vector<LampControlStripView*> views;
+    for (const auto& strip : m_collection.strips()) {
+        auto* view = strip->getControlStripView();
+        if (!view)
+            continue;
+        const Point origin = m_layoutManager.getNextPointFor(view->size());
+        if (!view->isBeingDragged())
+            view->setOrigin(origin, true);
+        views.push_back(view);
+    }
+    m_panel.setKeyboardOrder(views);
+    m_panel.setContentSize(m_layoutManager.getWindowSize());
+    m_panel.setContentMaxSize(m_layoutManager.getMaxWindowSize());
+    m_panel.setContentMinSize(m_layoutManager.getMinWindowSize());
+    Size container = m_layoutManager.getViewSize();
+    container.height = std::max(container.height, m_panel.scrollViewSize().height);
+    m_panel.setContainerSize(container);
+    m_panel.setScrollers(
+        m_layoutManager.shouldScrollHorizontally(), m_layoutManager.shouldScrollVertically());
 }
 
 void ManualController::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)

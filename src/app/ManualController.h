@@ -1,6 +1,8 @@
 #pragma once
 
+#include "app/NavigationModel.h"
 #include "app/PanelView.h"
+#include "app/StripCollection.h"
 
 namespace lumeroom {
 
@@ -46,6 +48,7 @@ private:
     std::shared_ptr<LampControlStrip> makeControlStripForLamp(const Lamp& lamp, StripType type);
     std::shared_ptr<LampControlStrip> recycledStripForID(const std::string& id, StripType type);
     void recycleStrip(const std::shared_ptr<LampControlStrip>& strip);
+    void recalculateControlStripPositions();
     void updateLampsSoon();
     void updateLamps(const Lamps& lamps);
 
@@ -55,6 +58,8 @@ private:
     EngineRoom& m_engineRoom;
     PanelView& m_panel;
 
+    LayoutManager m_layoutManager;
+    NavigationModel m_navigation;
     StripCollection m_collection;
     Strips m_recycler;
     bool m_attemptedSetUp = false;

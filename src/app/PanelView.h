@@ -1,26 +1,56 @@
 #pragma once
 
-#include "app/StripCollection.h"
 #include "engine/QVLIFXEngineDelegate.h"
+#include "strips/LampControlStrip.h"
+#include "strips/LayoutManager.h"
 
 namespace lumeroom {
 
-/// The control panel's window, as its controller sees it.
-class PanelView {
-public:
-    virtual ~PanelView() = default;
+struct NavigationModel;
 
+/// A popover over the panel in which a group, location or tag is made or edited. It closes only
+/// through its two buttons.
+struct WorkflowPopover {
+    std::string title;
+    std::string name; ///< what the name field begins with
+    std::string confirm; ///< the title of the second button; the first is "Cancel"
+    Rectangle pointsAt; ///< in the container of the strips
+    /// A button was pressed: 0 for the first, 1 for the second; with the text of the name field.
+    std::function<void(int tag, const std::string& name)> close;
+};
+
+/// The control panel's window, as its controller sees it.
+class PanelView : public PanelGeometry {
+public:
     virtual void setTitle(const std::string& title) = 0;
+    /// Brings the window to the front with the keyboard focus.
+    virtual void makeKeyAndFront() = 0;
+    /// Shows the alert and returns, once it is dismissed, the index of the button pressed.
+    virtual int runModal(const Alert& alert) = 0;
+    /// The model lasts longer than the view's use of it.
+    virtual void setNavigation(NavigationModel& navigation) = 0;
+
     /// The search indication in the middle of the panel.
     virtual void startThrobber() = 0;
     virtual void stopThrobber() = 0;
-    /// Shows just these strips, in this order. A strip that was shown before keeps its view.
-    virtual void showStrips(const Strips& strips) = 0;
+
+    /// A row for the strip in the container; null for a theme that does not exist.
+    virtual std::unique_ptr<LampControlStripView> newControlStripView(
+        LampControlStrip& strip, int theme)
+        = 0;
+    virtual Size scrollViewSize() const = 0;
+    virtual void setContainerSize(Size size) = 0;
+    virtual void setContentSize(Size size) = 0;
+    virtual void setContentMinSize(Size size) = 0;
+    virtual void setContentMaxSize(Size size) = 0;
+    virtual void setScrollers(bool horizontal, bool vertical) = 0;
+    /// The rows in the order in which the keyboard goes through them.
+    virtual void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) = 0;
+
+    virtual void showWorkflowPopover(const WorkflowPopover& popover) = 0;
+    virtual void closeWorkflowPopover() = 0;
     /// While the user edits in a popover, the panel must not be rebuilt under it.
     virtual bool popoverIsOpen() const = 0;
-    /// Brings the window to the front with the keyboard focus.
-    virtual void makeKeyAndFront() = 0;
-    virtual int runModal(const Alert& alert) = 0;
 };
 
 } // namespace lumeroom

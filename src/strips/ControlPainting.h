@@ -1,20 +1,12 @@
 #pragma once
 
+#include "base/Geometry.h"
 #include "strips/Colour.h"
 
 #include <vector>
 
 /// What the strips' controls look like, as data for a painter.
 namespace lumeroom {
-
-struct Rectangle {
-    float x = 0;
-    float y = 0;
-    float width = 0;
-    float height = 0;
-
-    bool operator==(const Rectangle&) const = default;
-};
 
 /// The bar of a slider: a rounded rectangle with an even gradient.
 struct SliderBar {

@@ -13,7 +13,9 @@ void ButtonModel::press()
         return;
     if (m_kind == Kind::TwoStates)
         setState(!m_state);
-    if (m_target)
+    if (m_action)
+        m_action();
+    else if (m_target)
         m_target->handleControl(*this);
 }
 
@@ -68,12 +70,6 @@ void ColourWellModel::userHasPickedColour(const Colour& colour)
 }
 
 void ColourWellModel::fireFilteredAction()
-{
-    if (m_target)
-        m_target->handleControl(*this);
-}
-
-void MenuItemModel::choose() const
 {
     if (m_target)
         m_target->handleControl(*this);

@@ -51,8 +51,10 @@ public:
     int tag() const { return m_tag; }
     bool isEnabled() const { return m_enabled; }
     bool isHidden() const { return m_hidden; }
+    const std::string& toolTip() const { return m_toolTip; }
     void setEnabled(bool enabled) { assign(m_enabled, enabled); }
     void setHidden(bool hidden) { assign(m_hidden, hidden); }
+    void setToolTip(const std::string& text) { assign(m_toolTip, text); }
 
     /// The view's wish to be told of changes.
     std::function<void()> onChange;
@@ -75,6 +77,7 @@ private:
     int m_tag;
     bool m_enabled = true;
     bool m_hidden = false;
+    std::string m_toolTip;
 };
 
 class TextModel : public ControlModel {
@@ -99,6 +102,8 @@ public:
     bool state() const { return m_state; }
     void setState(bool on) { assign(m_state, on); }
     void setTarget(ControlTarget* target) { m_target = target; }
+    /// In place of a target.
+    void setAction(std::function<void()> action) { m_action = std::move(action); }
 
     /// The user pressed it.
     void press();
@@ -107,6 +112,23 @@ private:
     Kind m_kind;
     bool m_state = false;
     ControlTarget* m_target = nullptr;
+    std::function<void()> m_action;
+};
+
+/// Shows what kind of thing a strip controls.
+class BadgeModel : public ControlModel {
+public:
+    enum class Image { None, LightStrip, LightGroup, RoomGroup };
+    using ControlModel::ControlModel;
+    Image image() const { return m_image; }
+    /// For a layout that shows words in the picture's place.
+    const std::string& text() const { return m_text; }
+    void setImage(Image image) { assign(m_image, image); }
+    void setText(const std::string& text) { assign(m_text, text); }
+
+private:
+    Image m_image = Image::None;
+    std::string m_text;
 };
 
 /// A slider whose every movement is an action.
@@ -183,28 +205,6 @@ private:
     int m_capabilities = 7;
     ControlTarget* m_target = nullptr;
     ActionFilter m_actionFilter;
-};
-
-/// An entry of a menu, with a picture that is drawn afresh each time the menu shows.
-class MenuItemModel : public ControlModel {
-public:
-    MenuItemModel(int tag, std::string title)
-        : ControlModel(tag)
-        , m_title(std::move(title))
-    {
-    }
-    const std::string& title() const { return m_title; }
-    void setTarget(ControlTarget* target) { m_target = target; }
-    void setImage(std::function<MenuImage()> image) { m_image = std::move(image); }
-    MenuImage image() const { return m_image ? m_image() : MenuImage(); }
-
-    /// The user chose it.
-    void choose() const;
-
-private:
-    std::string m_title;
-    ControlTarget* m_target = nullptr;
-    std::function<MenuImage()> m_image;
 };
 
 } // namespace lumeroom

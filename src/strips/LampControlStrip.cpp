@@ -25,6 +25,11 @@ void LampControlStrip::setCapabilities(int capabilities)
     m_controls.setCapabilities(capabilities);
 }
 
+void LampControlStrip::setControlStripView(std::unique_ptr<LampControlStripView> view)
+{
+    m_view = std::move(view);
+}
+
 void LampControlStrip::deactivate()
 {
     m_engineRoom = nullptr;

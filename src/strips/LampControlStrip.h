@@ -2,6 +2,7 @@
 
 #include "engine/LampReference.h"
 #include "strips/LampControlStripOwner.h"
+#include "strips/MenuModel.h"
 #include "strips/StripControls.h"
 #include "strips/StripEmbargo.h"
 #include "strips/StripTarget.h"
@@ -20,8 +21,8 @@ public:
 
     // Those around it; without them, what needs them does nothing
     void setOwner(LampControlStripOwner* owner) { m_owner = owner; }
-    void setControlStripView(LampControlStripView* view) { m_view = view; }
-    LampControlStripView* getControlStripView() const { return m_view; }
+    void setControlStripView(std::unique_ptr<LampControlStripView> view);
+    LampControlStripView* getControlStripView() const { return m_view.get(); }
 
     // The controls
     TextModel& label() { return m_controls.label; }
@@ -29,6 +30,9 @@ public:
     ButtonModel& onOffButton() { return m_controls.onOffButton; }
     ButtonModel& getSelectedButton() { return m_controls.selectedButton; }
     ButtonModel& effectButton() { return m_controls.effectButton; }
+    BadgeModel& kindBadge() { return m_controls.kindBadge; }
+    /// Leads to the strips of the lamps or zones behind this one. Hidden where there are none.
+    ButtonModel& navigationButton() { return m_controls.navigationButton; }
     ZTSlider& brightnessSlider() { return m_controls.brightnessSlider; }
     SliderModel& colourSlider() { return m_controls.colourSlider; }
     ZTSlider& satSlider() { return m_controls.satSlider; }
@@ -118,11 +122,11 @@ private:
     int m_capabilities = kCapabilitiesColourLamp;
     EngineRoom* m_engineRoom = nullptr;
     LampControlStripOwner* m_owner = nullptr;
-    LampControlStripView* m_view = nullptr;
     StripControls m_controls;
     StripEmbargo m_embargo;
     std::unique_ptr<StripEffect> m_runner;
     std::shared_ptr<MenuItemModel> m_statusBarMenuItem;
+    std::unique_ptr<LampControlStripView> m_view; ///< looks at the controls, so it goes first
 };
 
 } // namespace lumeroom

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Geometry.h"
 #include "engine/QVLIFXEngineDelegate.h"
 #include "strips/EffectMenu.h"
 #include "strips/StripSettings.h"
@@ -11,11 +12,6 @@ namespace lumeroom {
 
 class LampControlStrip;
 class UserDefaults;
-
-struct Point {
-    float x = 0;
-    float y = 0;
-};
 
 /// An effect that plays on a strip.
 class StripEffect {
@@ -51,10 +47,21 @@ public:
         = 0;
 };
 
-/// The row that shows the strip.
+/// The row that shows the strip, in the container of all rows. The strip owns it.
 class LampControlStripView {
 public:
     virtual ~LampControlStripView() = default;
+
+    // The row in its container
+    virtual Size size() const = 0;
+    virtual Point origin() const = 0;
+    /// At once, or gliding there.
+    virtual void setOrigin(Point origin, bool gliding) = 0;
+    virtual void setShown(bool shown) = 0;
+    /// The user has it by its handle.
+    virtual bool isBeingDragged() const = 0;
+    /// Whether the row lies at this point of the container.
+    virtual bool hitTest(Point point) const = 0;
 
     /// Opens the popover under the label, with the present name in its field.
     virtual void showReNamePopover(const std::string& name) = 0;

@@ -26,6 +26,8 @@ StripControls::StripControls(RunLoop& runLoop, ControlTarget& target)
     warmthSlider.setFilteredTarget(&target);
     colourWell.setFilteredTarget(&target);
     selectedButton.setHidden(true);
+    kindBadge.setHidden(true);
+    navigationButton.setHidden(true);
 }
 
 bool StripControls::isSlider(const ControlModel& control) const

@@ -15,6 +15,8 @@ struct StripControls {
     ButtonModel onOffButton{controltag::kOnOffButton};
     ButtonModel selectedButton{controltag::kSelectionButton};
     ButtonModel effectButton{controltag::kEffectButton, ButtonModel::Kind::Momentary};
+    BadgeModel kindBadge{controltag::kKindBadge};
+    ButtonModel navigationButton{controltag::kNavigationButton, ButtonModel::Kind::Momentary};
     ZTSlider brightnessSlider;
     SliderModel colourSlider;
     ZTSlider satSlider;

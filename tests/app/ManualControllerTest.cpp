@@ -1,42 +1,11 @@
 #include "app/ManualController.h"
 
+#include "FakePanel.h"
 #include "support/EngineHarness.h"
 
 namespace lumeroom::test {
 
 namespace {
-
-struct FakePanel : PanelView {
-    void setTitle(const std::string& text) override { title = text; }
-    void startThrobber() override { throbbing = true; }
-    void stopThrobber() override { throbbing = false; }
-    void showStrips(const Strips& now) override
-    {
-        strips = now;
-        ++builds;
-    }
-    bool popoverIsOpen() const override { return popover; }
-    void makeKeyAndFront() override { }
-    int runModal(const Alert& alert) override
-    {
-        alerts.push_back(alert);
-        return 0;
-    }
-    std::vector<std::string> names() const
-    {
-        std::vector<std::string> list;
-        for (const auto& strip : strips)
-            list.push_back(strip->label().text());
-        return list;
-    }
-
-    std::string title;
-    bool throbbing = false;
-    bool popover = false;
-    int builds = 0;
-    Strips strips;
-    std::vector<Alert> alerts;
-};
 
 using Names = std::vector<std::string>;
 
@@ -72,7 +41,7 @@ TEST_F(Controller, launchWaitsForLamps)
     loop.advance(Seconds(1.5));
     EXPECT_FALSE(panel.throbbing);
     EXPECT_EQ(panel.names(), Names{"Desk"});
-    EXPECT_TRUE(panel.strips[0]->onOffButton().state());
+    EXPECT_TRUE(panel.strip(0).onOffButton().state());
     loop.advance(Seconds(10));
     EXPECT_EQ(panel.builds, 1);
 }
@@ -81,7 +50,7 @@ TEST_F(Controller, aBurstOfLampsIsOneRebuildThatKeepsTheStrips)
 {
     addNamed(1, "One");
     launch();
-    const auto first = panel.strips.at(0);
+    LampControlStrip* const first = &panel.strip(0);
     for (unsigned n = 2; n <= 10; ++n) {
         addNamed(n, "Lamp");
         loop.advance(Seconds(0.1));
@@ -89,35 +58,35 @@ TEST_F(Controller, aBurstOfLampsIsOneRebuildThatKeepsTheStrips)
     EXPECT_EQ(panel.builds, 1);
     loop.advance(Seconds(0.6)); // 1.5 seconds after the first
     EXPECT_EQ(panel.builds, 2);
-    ASSERT_EQ(panel.strips.size(), 10U);
-    EXPECT_EQ(panel.strips[0], first);
+    ASSERT_EQ(panel.rows.size(), 10U);
+    EXPECT_EQ(&panel.strip(0), first);
     EXPECT_FALSE(first->embargo());
     receive(stateService(3), "127.0.9.99"); // the same lamp at another address: one strip
     receive(lightState(3, {.label = "Moved"}));
     loop.advance(Seconds(2));
-    EXPECT_EQ(panel.strips.size(), 10U);
+    EXPECT_EQ(panel.rows.size(), 10U);
 }
 
 TEST_F(Controller, aRebuildWaitsForAnOpenPopover)
 {
     addNamed(1, "One");
     launch();
-    panel.popover = true;
+    panel.rows[0]->popover = true;
     addNamed(2, "Two");
     loop.advance(Seconds(6));
     EXPECT_EQ(panel.builds, 1);
-    panel.popover = false;
+    panel.rows[0]->popover = false;
     addNamed(3, "Three"); // starts no rebuild of its own
     loop.advance(Seconds(5));
     EXPECT_EQ(panel.builds, 2);
-    EXPECT_EQ(panel.strips.size(), 3U);
+    EXPECT_EQ(panel.rows.size(), 3U);
 }
 
 TEST_F(Controller, reportsMoveTheStripsUnlessTouched)
 {
     addNamed(1, "One");
     launch();
-    LampControlStrip& strip = *panel.strips.at(0);
+    LampControlStrip& strip = panel.strip(0);
     receive(lightState(1, {.brightness = 25700, .label = "One"}));
     EXPECT_NE(strip.brightnessSlider().value(), 100); // not within the socket's delivery
     loop.runPosted();

@@ -29,7 +29,7 @@ struct PanelEndToEnd : test::EngineAndLamps {
     template <typename View> View* control(const std::string& name, const QString& role)
     {
         for (auto* strip : panel.findChildren<ControlStripView*>()) {
-            if (strip->strip()->label().text() != name)
+            if (strip->strip().label().text() != name)
                 continue;
             for (View* view : strip->findChildren<View*>()) {
                 if (view->property("role").toString() == role)

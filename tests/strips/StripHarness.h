@@ -10,7 +10,7 @@ namespace lumeroom::test {
 using Lines = std::vector<std::string>;
 
 /// Keeps what the strip asks for, and counts what was on the wire when an effect was stopped.
-class FakeOwner : public LampControlStripOwner, public LampControlStripView {
+class FakeOwner : public LampControlStripOwner {
 public:
     FakeOwner(const UserDefaults& defaults, const FakeSockets& sockets)
         : m_defaults(defaults)
@@ -40,10 +40,6 @@ public:
     {
         return name == "unknown" ? nullptr : std::make_unique<Effect>(*this, name);
     }
-    void showReNamePopover(const std::string& name) override { calls.push_back("name? " + name); }
-    bool popoverIsOpen() const override { return false; }
-    void popUpEffectMenu(const std::vector<EffectMenuItem>& shown) override { menu = shown; }
-
     Lines takeCalls() { return std::exchange(calls, {}); }
 
     Lines calls;
@@ -80,13 +76,41 @@ private:
     const FakeSockets& m_sockets;
 };
 
+/// A row that keeps what it is asked for with its owner.
+class FakeView : public LampControlStripView {
+public:
+    explicit FakeView(FakeOwner& owner)
+        : m_owner(owner)
+    {
+    }
+    Size size() const override { return {100, 50}; }
+    Point origin() const override { return m_origin; }
+    void setOrigin(Point origin, bool) override { m_origin = origin; }
+    void setShown(bool) override { }
+    bool isBeingDragged() const override { return false; }
+    bool hitTest(Point) const override { return false; }
+    void showReNamePopover(const std::string& name) override
+    {
+        m_owner.calls.push_back("name? " + name);
+    }
+    bool popoverIsOpen() const override { return false; }
+    void popUpEffectMenu(const std::vector<EffectMenuItem>& shown) override
+    {
+        m_owner.menu = shown;
+    }
+
+private:
+    FakeOwner& m_owner;
+    Point m_origin;
+};
+
 struct StripHarness : EngineHarness {
     /// A strip in use, whose sliders stand at 0 until it is told otherwise.
     std::unique_ptr<LampControlStrip> makeStrip(const std::string& id, StripType type)
     {
         auto strip = std::make_unique<LampControlStrip>(id, type, loop);
         strip->setOwner(&owner);
-        strip->setControlStripView(&owner);
+        strip->setControlStripView(std::make_unique<FakeView>(owner));
         strip->reactivateWithEngineRoom(&engine());
         return strip;
     }

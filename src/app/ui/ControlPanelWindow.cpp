@@ -8,34 +8,36 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace lumeroom {
 
 namespace {
+
 constexpr QSize kFirstSize{860, 420};
-constexpr int kLeastWidth = 700;
-constexpr int kLeastHeight = 160;
+
+QSize qSize(Size size)
+{
+    return {static_cast<int>(size.width), static_cast<int>(size.height)};
+}
+
+Size sizeFrom(QSize size)
+{
+    return {static_cast<float>(size.width()), static_cast<float>(size.height())};
+}
+
 } // namespace
 
 ControlPanelWindow::ControlPanelWindow()
     : m_scrollView(new QScrollArea(this))
     , m_contentView(new QWidget)
-    , m_column(new QVBoxLayout(m_contentView))
     , m_mainWindowThrobber(new Throbber(m_scrollView))
 {
-    m_column->setContentsMargins(0, 0, 0, 0);
-    m_column->setSpacing(0);
-    m_column->addStretch(1);
     m_scrollView->setWidget(m_contentView);
-    m_scrollView->setWidgetResizable(true);
     m_scrollView->setFrameShape(QFrame::NoFrame);
-    m_scrollView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scrollView->setFocusPolicy(Qt::NoFocus);
     setCentralWidget(m_scrollView);
-    setMinimumSize(kLeastWidth, kLeastHeight);
     resize(kFirstSize);
 }
 
@@ -69,46 +71,71 @@ void ControlPanelWindow::resizeEvent(QResizeEvent* event)
     placeThrobber();
 }
 
-void ControlPanelWindow::showStrips(const Strips& strips)
+void ControlPanelWindow::setNavigation(NavigationModel&) { }
+
+std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
+    LampControlStrip& strip, int)
 {
-    std::vector<ControlStripView*> views;
-    for (const auto& strip : strips) {
-        const auto known = std::find_if(m_stripViews.begin(), m_stripViews.end(),
-            [&strip](const ControlStripView* view) { return view && view->strip() == strip; });
-        if (known == m_stripViews.end()) {
-            views.push_back(new ControlStripView(strip, m_contentView));
-        } else {
-            views.push_back(*known);
-            *known = nullptr;
-        }
-    }
-    for (ControlStripView* gone : m_stripViews)
-        delete gone;
-    m_stripViews = std::move(views);
-    for (std::size_t i = 0; i < m_stripViews.size(); ++i)
-        m_column->insertWidget(static_cast<int>(i), m_stripViews[i]);
-    // The keyboard goes through the strips as the eye does.
-    for (ControlStripView* view : m_stripViews)
-        view->show();
-    fitHeight();
+    return std::make_unique<ControlStripView>(strip, m_contentView);
 }
 
-/// The first strips set the height of a window that nobody has sized yet.
-void ControlPanelWindow::fitHeight()
+Size ControlPanelWindow::contentSize() const
 {
-    if (m_hasHadStrips || m_stripViews.empty())
-        return;
-    m_hasHadStrips = true;
-    const int wanted = static_cast<int>(m_stripViews.size()) * m_stripViews.front()->height()
-        + height() - m_scrollView->viewport()->height();
-    const int most = screen()->availableGeometry().height() * 4 / 5;
-    resize(width(), std::clamp(wanted, kLeastHeight, most));
+    return sizeFrom(centralWidget()->size());
 }
+
+Size ControlPanelWindow::screenSize() const
+{
+    return sizeFrom(screen()->availableGeometry().size());
+}
+
+Size ControlPanelWindow::scrollViewSize() const
+{
+    return sizeFrom(m_scrollView->viewport()->size());
+}
+
+void ControlPanelWindow::setContainerSize(Size size)
+{
+    m_contentView->resize(qSize(size));
+}
+
+QSize ControlPanelWindow::around() const
+{
+    return size() - centralWidget()->size();
+}
+
+void ControlPanelWindow::setContentSize(Size size)
+{
+    resize(qSize(size) + around());
+}
+
+void ControlPanelWindow::setContentMinSize(Size size)
+{
+    setMinimumSize(qSize(size) + around());
+}
+
+void ControlPanelWindow::setContentMaxSize(Size size)
+{
+    setMaximumSize(qSize(size) + around());
+}
+
+void ControlPanelWindow::setScrollers(bool horizontal, bool vertical)
+{
+    const auto policy
+        = [](bool needed) { return needed ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff; };
+    m_scrollView->setHorizontalScrollBarPolicy(policy(horizontal));
+    m_scrollView->setVerticalScrollBarPolicy(policy(vertical));
+}
+
+void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView*>&) { }
+
+void ControlPanelWindow::showWorkflowPopover(const WorkflowPopover&) { }
+
+void ControlPanelWindow::closeWorkflowPopover() { }
 
 bool ControlPanelWindow::popoverIsOpen() const
 {
-    return std::any_of(m_stripViews.begin(), m_stripViews.end(),
-        [](const ControlStripView* view) { return view->popoverIsOpen(); });
+    return false;
 }
 
 void ControlPanelWindow::makeKeyAndFront()

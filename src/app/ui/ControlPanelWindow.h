@@ -4,17 +4,14 @@
 
 #include <QMainWindow>
 
-#include <vector>
-
 class QScrollArea;
-class QVBoxLayout;
 
 namespace lumeroom {
 
-class ControlStripView;
 class Throbber;
 
-/// The window of the control panel: the strips one below the other.
+/// The window of the control panel: the navigation, and beside it the strips in a container that
+/// scrolls.
 class ControlPanelWindow : public QMainWindow, public PanelView {
     Q_OBJECT
 
@@ -23,26 +20,40 @@ public:
     ~ControlPanelWindow() override;
 
     void setTitle(const std::string& title) override;
-    void startThrobber() override;
-    void stopThrobber() override;
-    void showStrips(const Strips& strips) override;
-    bool popoverIsOpen() const override;
     void makeKeyAndFront() override;
     int runModal(const Alert& alert) override;
+    void setNavigation(NavigationModel& navigation) override;
+
+    void startThrobber() override;
+    void stopThrobber() override;
+
+    std::unique_ptr<LampControlStripView> newControlStripView(
+        LampControlStrip& strip, int theme) override;
+    Size contentSize() const override;
+    Size screenSize() const override;
+    Size scrollViewSize() const override;
+    void setContainerSize(Size size) override;
+    void setContentSize(Size size) override;
+    void setContentMinSize(Size size) override;
+    void setContentMaxSize(Size size) override;
+    void setScrollers(bool horizontal, bool vertical) override;
+    void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) override;
+
+    void showWorkflowPopover(const WorkflowPopover& popover) override;
+    void closeWorkflowPopover() override;
+    bool popoverIsOpen() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void placeThrobber();
-    void fitHeight();
+    /// What the window has around its content: the menu bar.
+    QSize around() const;
 
     QScrollArea* m_scrollView;
     QWidget* m_contentView;
-    QVBoxLayout* m_column;
     Throbber* m_mainWindowThrobber;
-    std::vector<ControlStripView*> m_stripViews;
-    bool m_hasHadStrips = false;
 };
 
 } // namespace lumeroom

@@ -16,6 +16,7 @@ namespace lumeroom {
 namespace {
 
 constexpr int kHeight = 56;
+constexpr int kWidth = 820;
 constexpr int kNameWidth = 150;
 constexpr int kMargin = 12;
 constexpr int kSpacing = 14;
@@ -33,12 +34,12 @@ QToolButton* makeRenameButton(QWidget* parent)
 
 } // namespace
 
-ControlStripView::ControlStripView(std::shared_ptr<LampControlStrip> strip, QWidget* parent)
+ControlStripView::ControlStripView(LampControlStrip& strip, QWidget* parent)
     : QWidget(parent)
-    , m_strip(std::move(strip))
+    , m_strip(strip)
 {
-    LampControlStrip& s = *m_strip;
-    setFixedHeight(kHeight);
+    LampControlStrip& s = m_strip;
+    setFixedSize(kWidth, kHeight);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(kMargin, 0, kMargin, 0);
     row->setSpacing(kSpacing);
@@ -47,7 +48,7 @@ ControlStripView::ControlStripView(std::shared_ptr<LampControlStrip> strip, QWid
     m_name->setTextFormat(Qt::PlainText);
     m_name->setMinimumWidth(kNameWidth);
     auto* rename = makeRenameButton(this);
-    connect(rename, &QToolButton::clicked, this, [this] { showReNamePopover(); });
+    connect(rename, &QToolButton::clicked, this, [this] { m_strip.showReNamePopover(); });
 
     row->addWidget(new OnOffButtonView(s.onOffButton(), s.colourWell(), this));
     row->addWidget(m_name, 1);
@@ -69,7 +70,7 @@ ControlStripView::ControlStripView(std::shared_ptr<LampControlStrip> strip, QWid
 
 ControlStripView::~ControlStripView()
 {
-    LampControlStrip& s = *m_strip;
+    LampControlStrip& s = m_strip;
     for (ControlModel* model :
         std::initializer_list<ControlModel*>{&s.label(), &s.onOffButton(), &s.brightnessSlider(),
             &s.colourSlider(), &s.satSlider(), &s.warmthSlider(), &s.colourWell()})
@@ -78,7 +79,7 @@ ControlStripView::~ControlStripView()
 
 void ControlStripView::mirrorLabel()
 {
-    const QString name = QString::fromStdString(m_strip->label().text());
+    const QString name = QString::fromStdString(m_strip.label().text());
     m_name->setText(m_name->fontMetrics().elidedText(name, Qt::ElideRight, m_name->width()));
     m_name->setToolTip(m_name->text() == name ? QString() : name.toHtmlEscaped());
     nameControls();
@@ -87,7 +88,7 @@ void ControlStripView::mirrorLabel()
 /// Each control is announced with its lamp: "Desk lamp, brightness".
 void ControlStripView::nameControls()
 {
-    const QString lamp = QString::fromStdString(m_strip->label().text());
+    const QString lamp = QString::fromStdString(m_strip.label().text());
     m_name->setAccessibleName(lamp);
     for (QWidget* child : findChildren<QWidget*>()) {
         if (child == m_name || child->accessibleName().isEmpty())
@@ -104,12 +105,38 @@ bool ControlStripView::popoverIsOpen() const
     return m_popover != nullptr;
 }
 
-void ControlStripView::showReNamePopover()
+Size ControlStripView::size() const
+{
+    return {static_cast<float>(width()), static_cast<float>(height())};
+}
+
+Point ControlStripView::origin() const
+{
+    return {static_cast<float>(x()), static_cast<float>(y())};
+}
+
+void ControlStripView::setOrigin(Point origin, bool)
+{
+    move(static_cast<int>(origin.x), static_cast<int>(origin.y));
+}
+
+void ControlStripView::setShown(bool shown)
+{
+    setVisible(shown);
+}
+
+bool ControlStripView::hitTest(Point point) const
+{
+    return geometry().contains(static_cast<int>(point.x), static_cast<int>(point.y));
+}
+
+void ControlStripView::popUpEffectMenu(const std::vector<EffectMenuItem>&) { }
+
+void ControlStripView::showReNamePopover(const std::string& name)
 {
     m_popover = new RenamePopover(
-        QString::fromStdString(m_strip->label().text()),
-        [strip = m_strip](const QString& text) { strip->popoverShouldClose(text.toStdString()); },
-        this);
+        QString::fromStdString(name),
+        [this](const QString& text) { m_strip.popoverShouldClose(text.toStdString()); }, this);
     connect(m_popover, &QObject::destroyed, this, [this] { m_popover = nullptr; });
     m_popover->move(m_name->mapToGlobal(QPoint(0, m_name->height())));
     m_popover->show();

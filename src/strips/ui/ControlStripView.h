@@ -9,16 +9,24 @@ class QLabel;
 namespace lumeroom {
 
 /// One strip as a row: power, name, the four sliders and the swatch.
-class ControlStripView : public QWidget {
+class ControlStripView : public QWidget, public LampControlStripView {
     Q_OBJECT
 
 public:
-    explicit ControlStripView(std::shared_ptr<LampControlStrip> strip, QWidget* parent = nullptr);
+    explicit ControlStripView(LampControlStrip& strip, QWidget* parent = nullptr);
     ~ControlStripView() override;
 
-    const std::shared_ptr<LampControlStrip>& strip() const { return m_strip; }
-    /// Whether the user is editing the name.
-    bool popoverIsOpen() const;
+    LampControlStrip& strip() const { return m_strip; }
+
+    Size size() const override;
+    Point origin() const override;
+    void setOrigin(Point origin, bool gliding) override;
+    void setShown(bool shown) override;
+    bool isBeingDragged() const override { return false; }
+    bool hitTest(Point point) const override;
+    void showReNamePopover(const std::string& name) override;
+    bool popoverIsOpen() const override;
+    void popUpEffectMenu(const std::vector<EffectMenuItem>& menu) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -27,9 +35,8 @@ protected:
 private:
     void mirrorLabel();
     void nameControls();
-    void showReNamePopover();
 
-    std::shared_ptr<LampControlStrip> m_strip;
+    LampControlStrip& m_strip;
     QLabel* m_name = nullptr;
     QWidget* m_popover = nullptr;
 };

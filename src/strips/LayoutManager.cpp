@@ -1,0 +1,233 @@
+#include "strips/LayoutManager.h"
+
+#include "base/DefaultsKeys.h"
+#include "base/Log.h"
+#include "base/UserDefaults.h"
+
+#include <algorithm>
+#include <array>
+
+namespace lumeroom {
+
+namespace {
+
+// What the window has beside the strips: the navigation and a scroll bar.
+constexpr float kAllowance = 135;
+constexpr float kLeastLength = 300;
+constexpr float kLeastWidthOfARow = 600;
+constexpr float kMostInGrid = 5000;
+constexpr float kPopoverBand = 50;
+
+constexpr std::string_view kWidth = "width";
+constexpr std::string_view kHeight = "height";
+
+struct Layout {
+    std::string_view name;
+    std::string_view windowStateKey;
+};
+constexpr std::array<Layout, theme::kCount> kLayouts = {{
+    {"SingleControl", keys::kClassicWindowState},
+    {"HorizontalControl", keys::kHorizontalWindowState},
+    {"SquareControl", keys::kBoxWindowState},
+    {"thinControl", keys::kThinWindowState},
+}};
+
+} // namespace
+
+LayoutManager::LayoutManager(UserDefaults& defaults, Log& log, const PanelGeometry& panel)
+    : m_defaults(defaults)
+    , m_log(log)
+    , m_panel(panel)
+    , m_theme(static_cast<int>(
+          std::clamp<std::int64_t>(defaults.integerForKey(keys::kCurrentTheme), -1, theme::kCount)))
+{
+    if (!themeExists())
+        m_log.line("{} {} is no layout, ignored", keys::kCurrentTheme, m_theme);
+}
+
+bool LayoutManager::themeExists() const
+{
+    return m_theme >= 0 && m_theme < theme::kCount;
+}
+
+std::string LayoutManager::stripLayoutName() const
+{
+    return themeExists() ? std::string(kLayouts[static_cast<std::size_t>(m_theme)].name) : "";
+}
+
+std::string_view LayoutManager::windowStateKey() const
+{
+    return themeExists() ? kLayouts[static_cast<std::size_t>(m_theme)].windowStateKey : "";
+}
+
+void LayoutManager::reset()
+{
+    m_w = 0;
+    m_h = 0;
+    m_runningTotal = 0;
+    m_rows = 0;
+    m_columns = 0;
+    m_matrixMaxCols = 0;
+}
+
+Point LayoutManager::getNextPointFor(Size stripView)
+{
+    m_w = stripView.width;
+    m_h = stripView.height;
+    Point point;
+    switch (m_theme) {
+    case theme::kSingleControl:
+        point.x = m_runningTotal;
+        m_runningTotal += m_w;
+        break;
+    case theme::kHorizontalControl:
+    case theme::kThinControl:
+        point.y = m_runningTotal;
+        m_runningTotal += m_h;
+        break;
+    case theme::kSquareControl:
+        point = {m_w * static_cast<float>(m_columns), m_h * static_cast<float>(m_rows)};
+        if (static_cast<float>(m_columns + 2) * m_w <= m_panel.contentSize().width - kAllowance) {
+            ++m_columns;
+        } else {
+            ++m_rows;
+            m_columns = 0;
+            m_runningTotal += m_h;
+        }
+        m_matrixMaxCols = std::max(m_matrixMaxCols, m_columns);
+        break;
+    default:
+        break;
+    }
+    return point;
+}
+
+bool LayoutManager::shouldScrollHorizontally() const
+{
+    return m_theme == theme::kSingleControl;
+}
+
+bool LayoutManager::shouldScrollVertically() const
+{
+    return themeExists() && m_theme != theme::kSingleControl;
+}
+
+Size LayoutManager::getViewSize() const
+{
+    switch (m_theme) {
+    case theme::kSingleControl:
+        return {m_runningTotal, m_h};
+    case theme::kHorizontalControl:
+    case theme::kThinControl:
+        return {m_w, m_runningTotal};
+    case theme::kSquareControl:
+        return {
+            static_cast<float>(m_matrixMaxCols + 1) * m_w, static_cast<float>(m_rows + 1) * m_h};
+    default:
+        return {};
+    }
+}
+
+Size LayoutManager::getMinWindowSize() const
+{
+    switch (m_theme) {
+    case theme::kSingleControl:
+        return {kLeastWidthOfARow, m_h};
+    case theme::kHorizontalControl:
+    case theme::kThinControl:
+        return {m_w + kAllowance, kLeastLength};
+    case theme::kSquareControl:
+        return {kLeastLength, kLeastLength};
+    default:
+        return {};
+    }
+}
+
+Size LayoutManager::getMaxWindowSize() const
+{
+    switch (m_theme) {
+    case theme::kSingleControl:
+        return {m_panel.screenSize().width, m_h};
+    case theme::kHorizontalControl:
+    case theme::kThinControl:
+        return {m_w + kAllowance, m_panel.screenSize().height};
+    case theme::kSquareControl:
+        return {kMostInGrid, kMostInGrid};
+    default:
+        return {};
+    }
+}
+
+Size LayoutManager::getWindowSize() const
+{
+    const auto within = [](float length, float least, float most) {
+        return std::max(least, std::min(length, most));
+    };
+    const Size least = getMinWindowSize();
+    const Size most = getMaxWindowSize();
+    switch (m_theme) {
+    case theme::kSingleControl: {
+        const float width = within(m_runningTotal + kAllowance, least.width, most.width);
+        return {storedLength(kWidth, width), m_h};
+    }
+    case theme::kHorizontalControl:
+    case theme::kThinControl: {
+        const float height = within(m_runningTotal + m_h, least.height, most.height);
+        return {m_w + kAllowance, storedLength(kHeight, height)};
+    }
+    case theme::kSquareControl:
+        return m_panel.contentSize();
+    default:
+        return {};
+    }
+}
+
+/// The stored length of the theme's window, whatever the limits; without a usable one, `computed`.
+float LayoutManager::storedLength(std::string_view key, float computed) const
+{
+    const auto state = m_defaults.objectForKey(windowStateKey());
+    if (!state)
+        return computed;
+    constexpr float kSilly = 100000;
+    const Value* stored = state->find(key);
+    const float length = stored ? stored->floatValue() : 0.0F;
+    if (length >= 1 && length < kSilly)
+        return length;
+    m_log.line("{} has no usable {}, ignored", windowStateKey(), key);
+    return computed;
+}
+
+// The height for rows is a product of two lengths, and so reaches far beyond the panel.
+Rectangle LayoutManager::getRectFormakeGroupPopover(float containerWidth) const
+{
+    switch (m_theme) {
+    case theme::kSingleControl:
+        return {0, 0, containerWidth, kPopoverBand};
+    case theme::kHorizontalControl:
+    case theme::kThinControl:
+        return {containerWidth - kPopoverBand, 0, kPopoverBand, m_runningTotal * m_h};
+    case theme::kSquareControl:
+        return {
+            containerWidth - kPopoverBand, 0, kPopoverBand, static_cast<float>(m_rows + 1) * m_h};
+    default:
+        return {};
+    }
+}
+
+void LayoutManager::saveWindowState()
+{
+    if (!themeExists())
+        return;
+    const Size size = m_panel.contentSize();
+    m_defaults.setObject(windowStateKey(),
+        Value::Dictionary{{std::string(kWidth), static_cast<double>(size.width)},
+            {std::string(kHeight), static_cast<double>(size.height)}});
+    m_defaults.setObject(keys::kCurrentTheme, m_theme);
+}
+
+bool LayoutManager::hasPreviousForCurrentTheme() const
+{
+    return themeExists() && m_defaults.objectForKey(windowStateKey()).has_value();
+}
+
+} // namespace lumeroom

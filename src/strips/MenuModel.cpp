@@ -1,0 +1,59 @@
+#include "strips/MenuModel.h"
+
+#include <algorithm>
+
+namespace lumeroom {
+
+std::shared_ptr<MenuItemModel> MenuItemModel::separator()
+{
+    auto item = std::make_shared<MenuItemModel>(0, std::string());
+    item->m_separator = true;
+    return item;
+}
+
+void MenuItemModel::choose() const
+{
+    if (m_action)
+        m_action();
+    else if (m_target)
+        m_target->handleControl(*this);
+}
+
+void MenuModel::removeAllItems()
+{
+    m_items.clear();
+    changed();
+}
+
+void MenuModel::addItem(std::shared_ptr<MenuItemModel> item)
+{
+    m_items.push_back(std::move(item));
+    changed();
+}
+
+void MenuModel::addItem(const std::string& title, std::function<void()> action)
+{
+    auto item = std::make_shared<MenuItemModel>(0, title);
+    item->setAction(std::move(action));
+    addItem(std::move(item));
+}
+
+void MenuModel::addSeparator()
+{
+    addItem(MenuItemModel::separator());
+}
+
+std::shared_ptr<MenuItemModel> MenuModel::itemWithTitle(std::string_view title) const
+{
+    const auto found = std::find_if(m_items.begin(), m_items.end(),
+        [title](const auto& item) { return !item->isSeparator() && item->title() == title; });
+    return found == m_items.end() ? nullptr : *found;
+}
+
+void MenuModel::changed() const
+{
+    if (onChange)
+        onChange();
+}
+
+} // namespace lumeroom

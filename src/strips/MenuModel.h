@@ -1,0 +1,79 @@
+#pragma once
+
+#include "strips/Controls.h"
+
+#include <memory>
+#include <vector>
+
+namespace lumeroom {
+
+class MenuModel;
+
+/// An entry of a menu, with a picture that is drawn afresh each time the menu shows.
+class MenuItemModel : public ControlModel {
+public:
+    MenuItemModel(int tag, std::string title)
+        : ControlModel(tag)
+        , m_title(std::move(title))
+    {
+    }
+    const std::string& title() const { return m_title; }
+    /// A number that goes with the entry; wider than a control's tag.
+    std::int64_t representedTag() const { return m_representedTag; }
+    void setRepresentedTag(std::int64_t tag) { m_representedTag = tag; }
+    bool isSeparator() const { return m_separator; }
+    static std::shared_ptr<MenuItemModel> separator();
+
+    void setTarget(ControlTarget* target) { m_target = target; }
+    /// In place of a target.
+    void setAction(std::function<void()> action) { m_action = std::move(action); }
+    void setSubmenu(std::shared_ptr<MenuModel> menu) { m_submenu = std::move(menu); }
+    const std::shared_ptr<MenuModel>& submenu() const { return m_submenu; }
+    void setImage(std::function<MenuImage()> image) { m_image = std::move(image); }
+    /// Empty for an entry without one.
+    bool hasImage() const { return static_cast<bool>(m_image); }
+    MenuImage image() const { return m_image ? m_image() : MenuImage(); }
+
+    /// The user chose it.
+    void choose() const;
+
+private:
+    std::string m_title;
+    std::int64_t m_representedTag = 0;
+    bool m_separator = false;
+    ControlTarget* m_target = nullptr;
+    std::function<void()> m_action;
+    std::shared_ptr<MenuModel> m_submenu;
+    std::function<MenuImage()> m_image;
+};
+
+/// A menu as a plain list that a view mirrors.
+class MenuModel {
+public:
+    explicit MenuModel(std::string title = {})
+        : m_title(std::move(title))
+    {
+    }
+    MenuModel(const MenuModel&) = delete;
+    MenuModel& operator=(const MenuModel&) = delete;
+
+    const std::string& title() const { return m_title; }
+    const std::vector<std::shared_ptr<MenuItemModel>>& items() const { return m_items; }
+    void removeAllItems();
+    void addItem(std::shared_ptr<MenuItemModel> item);
+    void addItem(const std::string& title, std::function<void()> action);
+    void addSeparator();
+    /// The first with this title; null if there is none.
+    std::shared_ptr<MenuItemModel> itemWithTitle(std::string_view title) const;
+
+    /// The view's wish to be told of changes.
+    std::function<void()> onChange;
+
+private:
+    void changed() const;
+
+    std::string m_title;
+    std::vector<std::shared_ptr<MenuItemModel>> m_items;
+};
+
+} // namespace lumeroom

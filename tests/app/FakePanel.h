@@ -1,0 +1,106 @@
+#pragma once
+
+#include "app/NavigationModel.h"
+#include "app/PanelView.h"
+
+namespace lumeroom::test {
+
+/// A row of a given size, known by its strip.
+class FakeRow : public LampControlStripView {
+public:
+    FakeRow(LampControlStrip& shownStrip, Size size)
+        : strip(shownStrip)
+        , m_size(size)
+    {
+    }
+    Size size() const override { return m_size; }
+    Point origin() const override { return m_origin; }
+    void setOrigin(Point origin, bool) override { m_origin = origin; }
+    void setShown(bool now) override { shown = now; }
+    bool isBeingDragged() const override { return dragged; }
+    bool hitTest(Point point) const override
+    {
+        return point.x >= m_origin.x && point.x < m_origin.x + m_size.width && point.y >= m_origin.y
+            && point.y < m_origin.y + m_size.height;
+    }
+    void showReNamePopover(const std::string&) override { popover = true; }
+    bool popoverIsOpen() const override { return popover; }
+    void popUpEffectMenu(const std::vector<EffectMenuItem>&) override { }
+
+    LampControlStrip& strip;
+    bool shown = false;
+    bool dragged = false;
+    bool popover = false;
+
+private:
+    Size m_size;
+    Point m_origin;
+};
+
+/// A panel window without a window: it keeps what it is told.
+class FakePanel : public PanelView {
+public:
+    void setTitle(const std::string& text) override { title = text; }
+    void makeKeyAndFront() override { ++timesInFront; }
+    int runModal(const Alert& alert) override
+    {
+        alerts.push_back(alert);
+        return answer;
+    }
+    void setNavigation(NavigationModel& model) override { navigation = &model; }
+    void startThrobber() override { throbbing = true; }
+    void stopThrobber() override { throbbing = false; }
+    std::unique_ptr<LampControlStripView> newControlStripView(
+        LampControlStrip& strip, int theme) override
+    {
+        ++rowsMade;
+        return theme > 3 ? nullptr : std::make_unique<FakeRow>(strip, rowSize);
+    }
+    Size contentSize() const override { return content; }
+    Size screenSize() const override { return {1920, 1080}; }
+    Size scrollViewSize() const override { return content; }
+    void setContainerSize(Size size) override { container = size; }
+    void setContentSize(Size size) override { content = size; }
+    void setContentMinSize(Size size) override { least = size; }
+    void setContentMaxSize(Size size) override { most = size; }
+    void setScrollers(bool horizontal, bool vertical) override
+    {
+        scrollers = {horizontal, vertical};
+    }
+    void setKeyboardOrder(const std::vector<LampControlStripView*>& now) override
+    {
+        ++builds;
+        rows.clear();
+        for (auto* row : now)
+            rows.push_back(static_cast<FakeRow*>(row));
+    }
+    void showWorkflowPopover(const WorkflowPopover& shown) override { workflow = shown; }
+    void closeWorkflowPopover() override { workflow.reset(); }
+    bool popoverIsOpen() const override { return workflow.has_value(); }
+
+    LampControlStrip& strip(std::size_t index) const { return rows.at(index)->strip; }
+    std::vector<std::string> names() const
+    {
+        std::vector<std::string> list;
+        for (const FakeRow* row : rows)
+            list.push_back(row->strip.label().text());
+        return list;
+    }
+
+    std::string title;
+    NavigationModel* navigation = nullptr;
+    bool throbbing = false;
+    int timesInFront = 0;
+    int builds = 0;
+    int rowsMade = 0;
+    int answer = 0; ///< the button that is pressed in alerts
+    Size rowSize{800, 50};
+    Size content{900, 400};
+    Size container, least, most;
+    std::pair<bool, bool> scrollers;
+    std::vector<FakeRow*> rows; ///< as they show, from the first
+    std::optional<WorkflowPopover> workflow;
+    std::vector<Alert> alerts;
+};
+
+} // namespace lumeroom::test
