@@ -1,35 +1,19 @@
 #include "app/ManualController.h"
 
+#include "app/PanelView.h"
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
 #include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/EngineRoom.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace lumeroom {
 
 namespace {
-
-constexpr Seconds kSetUpRetry(1.5);
-constexpr Seconds kSetUpBuffer(1.5);
-constexpr Seconds kRefreshDeferral(5.0);
 constexpr std::string_view kBundleName = "Lumeroom";
-
-/// What a report shows in a strip; nothing before the lamp's power, brightness and name are known.
-std::optional<StripSettings> reportFrom(const Lamp& lamp)
-{
-    if (!lamp.onoff || !lamp.brightness)
-        return {};
-    StripSettings report;
-    report.adopt(lamp);
-    report.onoff = lamp.onoff;
-    report.label = lamp.label;
-    return report;
 }
-
-} // namespace
 
 ManualController::ManualController(
     RunLoop& runLoop, UserDefaults& defaults, Log& log, EngineRoom& engineRoom, PanelView& panel)
@@ -38,8 +22,8 @@ ManualController::ManualController(
     , m_log(log)
     , m_engineRoom(engineRoom)
     , m_panel(panel)
-    , m_layoutManager(defaults, log, panel)
-    , m_collection(defaults, log)
+    , m_panelSetUp({runLoop, defaults, log, engineRoom, panel, *this, companions()})
+    , m_reports(engineRoom, m_panelSetUp.collection(), m_panelSetUp.factory(), log)
 {
 }
 
@@ -48,12 +32,24 @@ ManualController::~ManualController()
     m_engineRoom.setDelegate(nullptr);
 }
 
+PanelSetUp::Companions ManualController::companions()
+{
+    return {
+        .begin = [] {},
+        .addToStatusMenu = [](const std::shared_ptr<LampControlStrip>&) {},
+        .fillEditMenus = [](bool) {},
+        .finish = [this] { populateLampsPopUp(); },
+        .placed = [] {},
+    };
+}
+
 void ManualController::awakeFromNib()
 {
     m_defaults.setObject(keys::kVeryVerboseAtStartup, false);
     if (m_defaults.integerForKey(keys::kVerbosity) >= 2)
         m_defaults.setObject(keys::kVerbosity, 1); // high levels do not outlive a run
     m_panel.setTitle(fmt::format("{} manual control panel", kBundleName));
+    m_panel.setNavigation(m_panelSetUp.navigation().model());
     m_defaults.registerDefaults(registeredDefaults());
 }
 
@@ -61,13 +57,14 @@ void ManualController::applicationDidFinishLaunching()
 {
     m_engineRoom.setDelegate(this);
     m_engineRoom.startHeartbeat();
-    setUp();
+    m_panelSetUp.setUp();
 }
 
 void ManualController::applicationShouldTerminate()
 {
     m_engineRoom.closeUp();
-    m_collection.saveStripOrder();
+    m_panelSetUp.layoutManager().saveWindowState();
+    m_panelSetUp.collection().saveStripOrder();
 }
 
 void ManualController::showManualControl()
@@ -82,147 +79,74 @@ void ManualController::allOn()
 
 void ManualController::allOff()
 {
+    for (const auto& strip : collection())
+        strip->stopEffect();
     m_engineRoom.allOn(false);
 }
 
-void ManualController::setUp()
+void ManualController::windowDidEndLiveResize()
 {
-    if (m_attemptedSetUp)
-        m_engineRoom.invalidateSockets();
-    m_attemptedSetUp = true;
-    m_collection.clear();
-
-    if (m_engineRoom.lightsArray().empty()) {
-        if (m_log.shows(1))
-            m_log.line("No lights found, trying again in 1.5s");
-        m_panel.startThrobber();
-        m_retry = m_runLoop.after(kSetUpRetry, [this] { setUp(); });
-        return;
-    }
-    m_panel.stopThrobber();
-    for (const auto& lamp : m_engineRoom.lightsArray()) {
-        // A lamp that was heard at a second address has a second record, but one strip.
-        if (!m_collection.getStripWithID(lamp->id))
-            m_collection.add(makeControlStripForLamp(*lamp, StripType::Lamp));
-    }
-    m_collection.applySortOrder();
-    recalculateControlStripPositions();
-    m_setUp = true;
-    m_setUpBuffered = false;
+    m_runLoop.post(m_lifeline.guard([this] {
+        m_panelSetUp.layoutManager().saveWindowState();
+        m_panelSetUp.refreshSetUpUsingRecycling(true);
+    }));
 }
 
-void ManualController::refreshSetUpUsingRecycling(bool recycling)
+Strips ManualController::getStripsInGroup(std::string_view id) const
 {
-    const auto isEditing = [](const auto& strip) { return strip->popoverIsOpen(); };
-    if (std::any_of(m_collection.strips().begin(), m_collection.strips().end(), isEditing)
-        || m_panel.popoverIsOpen()) {
-        m_deferredRefresh = m_runLoop.after(
-            kRefreshDeferral, [this, recycling] { refreshSetUpUsingRecycling(recycling); });
-        return;
-    }
-    if (!recycling)
-        m_recycler.clear();
-    for (const auto& strip : m_collection.strips()) {
-        strip->deactivate();
-        if (auto* view = strip->getControlStripView())
-            view->setShown(false);
-        if (recycling)
-            recycleStrip(strip);
-    }
-    setUp();
-}
-
-std::shared_ptr<LampControlStrip> ManualController::makeControlStripForLamp(
-    const Lamp& lamp, StripType type)
-{
-    auto strip = recycledStripForID(lamp.id, type);
-    strip->reactivateWithEngineRoom(&m_engineRoom);
-    strip->setCapabilities(lamp.capabilities.value_or(kCapabilitiesColourLamp));
-    StripSettings settings;
-    settings.colour = lamp.colour.value_or(0);
-    settings.saturation = lamp.saturation.value_or(0);
-    settings.brightness = lamp.brightness.value_or(0);
-    settings.warmth = lamp.warmth.value_or(0);
-    settings.onoff = lamp.onoff.value_or(false);
-    settings.label = lamp.label.empty() ? lamp.id : lamp.label;
-    strip->implementSettingsFromDictionaryWithoutActing(settings);
-    if (!strip->getControlStripView())
-        strip->setControlStripView(m_panel.newControlStripView(*strip, m_layoutManager.theme()));
-    if (auto* view = strip->getControlStripView())
-        view->setShown(true);
-    return strip;
-}
-
-std::shared_ptr<LampControlStrip> ManualController::recycledStripForID(
-    const std::string& id, StripType type)
-{
-    const auto found = std::find_if(m_recycler.begin(), m_recycler.end(),
-        [&](const auto& strip) { return strip->getID() == id && strip->type() == type; });
-    if (found != m_recycler.end())
-        return *found;
-    return std::make_shared<LampControlStrip>(id, type, m_runLoop);
-}
-
-/// Places every strip that the user does not hold, and fits the window and its scroll bars.
-void ManualController::recalculateControlStripPositions()
-{
-    m_layoutManager.reset();
-    std::vector<LampControlStripView*> views;
-    for (const auto& strip : m_collection.strips()) {
-        auto* view = strip->getControlStripView();
-        if (!view)
-            continue;
-        const Point origin = m_layoutManager.getNextPointFor(view->size());
-        if (!view->isBeingDragged())
-            view->setOrigin(origin, true);
-        views.push_back(view);
-    }
-    m_panel.setKeyboardOrder(views);
-    m_panel.setContentSize(m_layoutManager.getWindowSize());
-    m_panel.setContentMaxSize(m_layoutManager.getMaxWindowSize());
-    m_panel.setContentMinSize(m_layoutManager.getMinWindowSize());
-    Size container = m_layoutManager.getViewSize();
-    container.height = std::max(container.height, m_panel.scrollViewSize().height);
-    m_panel.setContainerSize(container);
-    m_panel.setScrollers(
-        m_layoutManager.shouldScrollHorizontally(), m_layoutManager.shouldScrollVertically());
-}
-
-void ManualController::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)
-{
-    if (std::find(m_recycler.begin(), m_recycler.end(), strip) == m_recycler.end())
-        m_recycler.push_back(strip);
+    return m_panelSetUp.collection().stripsOfLamps(m_engineRoom.lightsArrayForGroup(id));
 }
 
 // A burst of lamps makes one rebuild, 1.5 seconds after the first.
 void ManualController::newLampsAdded()
 {
-    if (!m_setUp || m_setUpBuffered)
-        return;
-    m_setUpBuffered = true;
-    m_setUpBuffer = m_runLoop.after(kSetUpBuffer, [this] { refreshSetUpUsingRecycling(true); });
-}
-
-void ManualController::lampStatesChanged()
-{
-    updateLampsSoon();
-}
-
-void ManualController::lampZoneStatesChanged()
-{
-    updateLampsSoon();
+    m_panelSetUp.refreshSoon();
 }
 
 void ManualController::newZoneAdded()
 {
-    updateLampsSoon();
+    if (m_panelSetUp.navigation().filterType() == StripType::Zone)
+        m_panelSetUp.refreshSoon();
+    if (m_panelSetUp.navigation().shows(StripType::Lamp))
+        lampZoneStatesChanged();
+}
+
+// Many reports come in a row: the strips are brought up to date once, after all of them.
+void ManualController::lampStatesChanged()
+{
+    if (std::exchange(m_statesPending, true))
+        return;
+    m_runLoop.post(m_lifeline.guard([this] {
+        m_statesPending = false;
+        const Navigation& navigation = m_panelSetUp.navigation();
+        if (navigation.shows(StripType::Lamp))
+            m_reports.updateLamps(m_engineRoom.lightsArray());
+        if (navigation.shows(StripType::Group))
+            m_reports.updateGroups(m_engineRoom.groupsArray());
+        if (navigation.shows(StripType::Location))
+            m_reports.updateLocations(m_engineRoom.locationssArray());
+        if (navigation.shows(StripType::Tag))
+            m_reports.updateTags(m_engineRoom.tagsArray());
+        if (navigation.model().all.state())
+            m_reports.updateGroupAll();
+    }));
+}
+
+void ManualController::lampZoneStatesChanged()
+{
+    if (std::exchange(m_lampsPending, true))
+        return;
+    m_runLoop.post(m_lifeline.guard([this] {
+        m_lampsPending = false;
+        m_reports.updateLamps(m_engineRoom.lightsArray());
+    }));
 }
 
 void ManualController::engineIsSsearching(bool) { }
 
 void ManualController::lampCapabilitiesChanged()
 {
-    updateLampsSoon();
+    lampZoneStatesChanged();
 }
 
 int ManualController::runModal(const Alert& alert)
@@ -230,29 +154,61 @@ int ManualController::runModal(const Alert& alert)
     return m_panel.runModal(alert);
 }
 
-// Many reports come in a row: the strips are brought up to date once, after all of them.
-void ManualController::updateLampsSoon()
+// The members' controls move at once, and their lamps' reports are held off.
+void ManualController::sendSettingsToStripsInGroup(
+    const StripSettings& settings, const std::string& id)
 {
-    if (m_updatePending)
-        return;
-    m_updatePending = true;
-    m_runLoop.post(m_lifeline.guard([this] {
-        m_updatePending = false;
-        updateLamps(m_engineRoom.lightsArray());
-    }));
+    for (const auto& strip : m_panelSetUp.collection().stripsOfLamps(lampsOfGroupStrip(id))) {
+        strip->implementSettingsFromDictionaryWithoutActing(settings);
+        strip->imposeTemporaryEmbargo();
+    }
 }
 
-void ManualController::updateLamps(const Lamps& lamps)
+Lamps ManualController::lampsOfGroupStrip(const std::string& id) const
 {
-    for (const auto& lamp : lamps) {
-        const auto strip = m_collection.getStripWithID(lamp->id);
-        if (!strip)
-            continue;
-        if (lamp->capabilities)
-            strip->setCapabilities(*lamp->capabilities);
-        if (const auto report = reportFrom(*lamp))
-            strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(*report);
+    if (id == kAllLampsId)
+        return m_engineRoom.lightsArray();
+    const auto strip = m_panelSetUp.collection().getGroupStripWithID(id);
+    switch (strip ? strip->type() : StripType::None) {
+    case StripType::Group:
+        return m_engineRoom.lightsArrayForGroup(id);
+    case StripType::Location:
+        return m_engineRoom.lightsArrayForLocation(id);
+    case StripType::Tag:
+        return m_engineRoom.lightsArrayForTag(id);
+    default:
+        return {};
     }
+}
+
+void ManualController::populateLampsPopUp() { }
+
+void ManualController::viewDidBeginDragging()
+{
+    m_panelSetUp.layoutManager().saveWindowState();
+}
+
+void ManualController::changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point)
+{
+    StripCollection& collection = m_panelSetUp.collection();
+    const int position = collection.positionForPoint(point, strip);
+    if (position < 0 || position == collection.sortedPositionOfStrip(strip))
+        return;
+    collection.insertStripIntoPosition(strip, position);
+    m_panelSetUp.recalculateControlStripPositions();
+}
+
+void ManualController::viewDidFinishDragging()
+{
+    m_panelSetUp.recalculateControlStripPositions();
+    m_panelSetUp.collection().saveStripOrder();
+}
+
+void ManualController::showEffectsManager() { }
+
+std::unique_ptr<StripEffect> ManualController::makeEffect(const std::string&, LampControlStrip&)
+{
+    return nullptr;
 }
 
 } // namespace lumeroom

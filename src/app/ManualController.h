@@ -1,17 +1,13 @@
 #pragma once
 
-#include "app/NavigationModel.h"
-#include "app/PanelView.h"
-#include "app/StripCollection.h"
+#include "app/PanelSetUp.h"
+#include "app/StripReports.h"
+#include "engine/QVLIFXEngineDelegate.h"
 
 namespace lumeroom {
 
-class EngineRoom;
-class Log;
-class UserDefaults;
-
 /// The application's centre: between the engine and the panel of control strips.
-class ManualController : public QVLIFXEngineDelegate {
+class ManualController : public QVLIFXEngineDelegate, public LampControlStripOwner {
 public:
     ManualController(RunLoop& runLoop, UserDefaults& defaults, Log& log, EngineRoom& engineRoom,
         PanelView& panel);
@@ -27,13 +23,15 @@ public:
 
     void showManualControl();
     void allOn();
+    /// Effects that play end here, and only here.
     void allOff();
 
-    /// Builds the panel; while no lamp is known, tries again every 1.5 seconds.
-    void setUp();
-    /// Builds it anew, once no popover is open.
-    void refreshSetUpUsingRecycling(bool recycling);
-    const Strips& collection() const { return m_collection.strips(); }
+    PanelSetUp& panelSetUp() { return m_panelSetUp; }
+    const Strips& collection() const { return m_panelSetUp.collection().strips(); }
+    void switchTheme(int theme) { m_panelSetUp.switchTheme(theme); }
+    void windowDidEndLiveResize();
+    /// The strips of the lamps of this group, location or tag, as far as they are on the panel.
+    Strips getStripsInGroup(std::string_view id) const;
 
     // From the engine
     void newLampsAdded() override;
@@ -44,31 +42,30 @@ public:
     void lampCapabilitiesChanged() override;
     int runModal(const Alert& alert) override;
 
+    // From the strips
+    const UserDefaults& userDefaults() const override { return m_defaults; }
+    void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id) override;
+    void populateLampsPopUp() override;
+    void viewDidBeginDragging() override;
+    void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) override;
+    void viewDidFinishDragging() override;
+    void showEffectsManager() override;
+    std::unique_ptr<StripEffect> makeEffect(
+        const std::string& name, LampControlStrip& strip) override;
+
 private:
-    std::shared_ptr<LampControlStrip> makeControlStripForLamp(const Lamp& lamp, StripType type);
-    std::shared_ptr<LampControlStrip> recycledStripForID(const std::string& id, StripType type);
-    void recycleStrip(const std::shared_ptr<LampControlStrip>& strip);
-    void recalculateControlStripPositions();
-    void updateLampsSoon();
-    void updateLamps(const Lamps& lamps);
+    PanelSetUp::Companions companions();
+    Lamps lampsOfGroupStrip(const std::string& id) const;
 
     RunLoop& m_runLoop;
     UserDefaults& m_defaults;
     Log& m_log;
     EngineRoom& m_engineRoom;
     PanelView& m_panel;
-
-    LayoutManager m_layoutManager;
-    NavigationModel m_navigation;
-    StripCollection m_collection;
-    Strips m_recycler;
-    bool m_attemptedSetUp = false;
-    bool m_setUp = false; ///< a pass of setUp has found lamps
-    bool m_setUpBuffered = false; ///< a rebuild is coming and takes in whatever is new by then
-    bool m_updatePending = false;
-    Timer m_retry;
-    Timer m_setUpBuffer;
-    Timer m_deferredRefresh;
+    PanelSetUp m_panelSetUp;
+    StripReports m_reports;
+    bool m_lampsPending = false; ///< an update of the strips is on its way
+    bool m_statesPending = false;
     Lifeline m_lifeline;
 };
 

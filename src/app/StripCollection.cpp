@@ -5,6 +5,7 @@
 #include "base/UserDefaults.h"
 
 #include <algorithm>
+#include <set>
 
 namespace lumeroom {
 
@@ -14,6 +15,12 @@ namespace {
 constexpr std::string_view kEntryID = "ID";
 constexpr std::string_view kEntryGroup = "group";
 constexpr std::string_view kEntrySortOrder = "sortOrder";
+
+template <typename ByID> typename ByID::mapped_type find(const ByID& strips, std::string_view id)
+{
+    const auto found = strips.find(id);
+    return found == strips.end() ? nullptr : found->second;
+}
 
 } // namespace
 
@@ -25,21 +32,61 @@ StripCollection::StripCollection(UserDefaults& defaults, Log& log)
 
 void StripCollection::add(std::shared_ptr<LampControlStrip> strip)
 {
-    if (!strip->isGroup())
-        m_byID.emplace(strip->getID(), strip);
+    (strip->isGroup() ? m_groups : m_lampsAndZones).emplace(strip->getID(), strip);
     m_strips.push_back(std::move(strip));
 }
 
 void StripCollection::clear()
 {
     m_strips.clear();
-    m_byID.clear();
+    m_lampsAndZones.clear();
+    m_groups.clear();
 }
 
 std::shared_ptr<LampControlStrip> StripCollection::getStripWithID(std::string_view id) const
 {
-    const auto found = m_byID.find(id);
-    return found == m_byID.end() ? nullptr : found->second;
+    return find(m_lampsAndZones, id);
+}
+
+std::shared_ptr<LampControlStrip> StripCollection::getGroupStripWithID(std::string_view id) const
+{
+    return find(m_groups, id);
+}
+
+Strips StripCollection::stripsOfLamps(const std::vector<std::shared_ptr<Lamp>>& lamps) const
+{
+    Strips strips;
+    for (const auto& lamp : lamps) {
+        if (auto strip = getStripWithID(lamp->id))
+            strips.push_back(std::move(strip));
+    }
+    return strips;
+}
+
+int StripCollection::sortedPositionOfStrip(const LampControlStrip& strip) const
+{
+    const auto found = std::find_if(m_strips.begin(), m_strips.end(),
+        [&](const auto& candidate) { return candidate.get() == &strip; });
+    return found == m_strips.end() ? -1 : static_cast<int>(found - m_strips.begin());
+}
+
+int StripCollection::positionForPoint(Point point, const LampControlStrip& excluded) const
+{
+    const auto found = std::find_if(m_strips.begin(), m_strips.end(), [&](const auto& strip) {
+        const auto* view = strip->getControlStripView();
+        return strip.get() != &excluded && view && view->hitTest(point);
+    });
+    return found == m_strips.end() ? -1 : static_cast<int>(found - m_strips.begin());
+}
+
+void StripCollection::insertStripIntoPosition(const LampControlStrip& strip, int position)
+{
+    const int present = sortedPositionOfStrip(strip);
+    if (present < 0 || position < 0 || position >= static_cast<int>(m_strips.size()))
+        return;
+    const auto moved = m_strips[static_cast<std::size_t>(present)];
+    m_strips.erase(m_strips.begin() + present);
+    m_strips.insert(m_strips.begin() + position, moved);
 }
 
 void StripCollection::applySortOrder()
@@ -47,13 +94,16 @@ void StripCollection::applySortOrder()
     const auto order = m_defaults.arrayForKey(keys::kSortOrder).value_or(Value::Array());
     Strips sorted;
     sorted.reserve(m_strips.size());
+    std::set<const LampControlStrip*> placed;
     for (std::size_t position = 0; position < m_strips.size(); ++position) {
-        if (auto strip = getStripAtSortedPosition(order, position))
+        if (auto strip = getStripAtSortedPosition(order, position)) {
+            placed.insert(strip.get());
             sorted.push_back(std::move(strip));
+        }
     }
     if (sorted.size() != m_strips.size()) {
         for (const auto& strip : m_strips) {
-            if (std::find(sorted.begin(), sorted.end(), strip) == sorted.end())
+            if (placed.insert(strip.get()).second)
                 sorted.push_back(strip);
         }
     }
@@ -73,10 +123,8 @@ std::shared_ptr<LampControlStrip> StripCollection::getStripAtSortedPosition(
     const Value* group = order[position].find(kEntryGroup);
     const std::string wanted = id ? id->stringValue() : std::string();
     const bool isGroup = group && group->boolValue();
-    const auto found = std::find_if(m_strips.begin(), m_strips.end(),
-        [&](const auto& strip) { return strip->isGroup() == isGroup && strip->getID() == wanted; });
-    if (found != m_strips.end())
-        return *found;
+    if (auto strip = find(isGroup ? m_groups : m_lampsAndZones, wanted))
+        return strip;
     m_log.line("unable to find strip with ID '{}' in sortedArray", wanted);
     return nullptr;
 }

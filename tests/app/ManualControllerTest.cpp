@@ -1,29 +1,6 @@
-#include "app/ManualController.h"
-
-#include "FakePanel.h"
-#include "support/EngineHarness.h"
+#include "ControllerHarness.h"
 
 namespace lumeroom::test {
-
-namespace {
-
-using Names = std::vector<std::string>;
-
-} // namespace
-
-struct Controller : EngineHarness {
-    void launch()
-    {
-        controller.awakeFromNib();
-        controller.applicationDidFinishLaunching();
-    }
-    void addNamed(unsigned n, const std::string& name)
-    {
-        addLamp(n, {.brightness = 50000, .label = name});
-    }
-    FakePanel panel;
-    ManualController controller{loop, defaults, log, engine(), panel};
-};
 
 TEST_F(Controller, launchWaitsForLamps)
 {

@@ -1,0 +1,225 @@
+#include "app/PanelSetUp.h"
+
+#include "app/PanelView.h"
+#include "base/DefaultsKeys.h"
+#include "base/Log.h"
+#include "base/UserDefaults.h"
+#include "engine/EngineRoom.h"
+
+#include <algorithm>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr Seconds kSetUpRetry(1.5);
+constexpr Seconds kSetUpBuffer(1.5);
+constexpr Seconds kRefreshDeferral(5.0);
+
+} // namespace
+
+PanelSetUp::PanelSetUp(Environment environment)
+    : m_environment(std::move(environment))
+    , m_layoutManager(m_environment.defaults, m_environment.log, m_environment.panel)
+    , m_navigation({[this] { m_layoutManager.saveWindowState(); },
+          [this] { refreshSetUpUsingRecycling(true); },
+          [this] { m_environment.panel.closeWorkflowPopover(); }})
+    , m_collection(m_environment.defaults, m_environment.log)
+    , m_factory({m_environment.runLoop, m_environment.defaults, m_environment.engineRoom,
+          m_environment.panel, m_layoutManager, m_navigation, m_environment.owner})
+{
+}
+
+void PanelSetUp::setUp()
+{
+    m_retry = {};
+    if (m_attemptedSetUp)
+        m_environment.engineRoom.invalidateSockets();
+    m_attemptedSetUp = true;
+    m_navigation.turnSomethingOn();
+    m_collection.clear();
+    m_environment.companions.begin();
+
+    const auto lamps = lampsToShow();
+    if ((!lamps || lamps->empty()) && m_navigation.filterType() == StripType::None) {
+        if (m_environment.log.shows(1))
+            m_environment.log.line("No lights found, trying again in 1.5s");
+        m_environment.panel.startThrobber();
+        m_retry = m_environment.runLoop.after(kSetUpRetry, [this] { setUp(); });
+        return;
+    }
+    m_environment.panel.stopThrobber();
+    if (lamps && (m_navigation.shows(StripType::Lamp) || m_navigation.filter()))
+        addLampStrips(*lamps);
+    addGroupStrips();
+    addZoneStrips();
+    const bool showsTags = m_navigation.shows(StripType::Tag) && !m_navigation.filter();
+    m_environment.companions.fillEditMenus(showsTags);
+
+    m_collection.applySortOrder();
+    recalculateControlStripPositions();
+    m_environment.companions.finish();
+    m_setUp = true;
+    m_setUpBuffered = false;
+}
+
+/// The lamps that the filter leaves; nothing for a filter that is not about lamps.
+std::optional<Lamps> PanelSetUp::lampsToShow() const
+{
+    const auto& filter = m_navigation.filter();
+    const EngineRoom& engine = m_environment.engineRoom;
+    switch (m_navigation.filterType()) {
+    case StripType::None:
+        return engine.lightsArray();
+    case StripType::Group:
+        return engine.lightsArrayForGroup(filter->id);
+    case StripType::Location:
+        return engine.lightsArrayForLocation(filter->id);
+    case StripType::Tag:
+        return engine.lightsArrayForTag(filter->id);
+    default:
+        return {};
+    }
+}
+
+void PanelSetUp::addLampStrips(const Lamps& lamps)
+{
+    int tag = 0;
+    for (const auto& lamp : lamps) {
+        // A lamp that was heard at a second address has a second record, but one strip.
+        if (m_collection.getStripWithID(lamp->id))
+            continue;
+        addStrip(StripRecord::of(*lamp), StripType::Lamp, tag++);
+        m_environment.companions.addToStatusMenu(m_collection.strips().back());
+    }
+    if (!m_navigation.filter() || m_navigation.filterType() == StripType::None)
+        return;
+    // Narrowed down, the lamps are gone through again. A strip that was on the panel before is
+    // given out again and shows once; one that was not shows twice.
+    for (const auto& lamp : lamps) {
+        const auto strip
+            = m_factory.makeControlStripForLamp(StripRecord::of(*lamp), StripType::Lamp);
+        m_collection.add(strip);
+    }
+}
+
+void PanelSetUp::addGroupStrips()
+{
+    m_nextTag = 0;
+    if (m_navigation.filter())
+        return;
+    EngineRoom& engine = m_environment.engineRoom;
+    const auto add = [this](const StripRecord& record, StripType type, int tag) {
+        addStrip(record, type, tag);
+        m_environment.companions.addToStatusMenu(m_collection.strips().back());
+    };
+    if (m_navigation.shows(StripType::Group)) {
+        for (const auto& group : engine.groupsArray())
+            add(StripRecord::of(group->id, group->label, engine.settingsForGroup(group->id)),
+                StripType::Group, m_nextTag++);
+    }
+    if (m_navigation.shows(StripType::Location)) {
+        for (const auto& location : engine.locationssArray())
+            add(StripRecord::of(
+                    location->id, location->label, engine.settingsForLocation(location->id)),
+                StripType::Location, m_nextTag++);
+    }
+    if (m_navigation.shows(StripType::Tag)) {
+        for (const auto& tag : engine.tagsArray())
+            add(StripRecord::of(tag->id, tag->label, engine.settingsForTag(tag->id)),
+                StripType::Tag, m_nextTag++);
+    }
+    if (m_navigation.model().all.state())
+        add(StripRecord::ofAll(engine.settingsForGroup(kAllLampsId)), StripType::Group, 0);
+}
+
+void PanelSetUp::addZoneStrips()
+{
+    if (m_navigation.filterType() != StripType::Zone)
+        return;
+    const auto lamp = m_environment.engineRoom.lampWithID(m_navigation.filter()->id);
+    if (!lamp)
+        return;
+    for (const Zone& zone : lamp->zonesInOrder())
+        addStrip(StripRecord::of(zone, *lamp), StripType::Zone, m_nextTag++);
+}
+
+void PanelSetUp::addStrip(const StripRecord& record, StripType type, int tag)
+{
+    const auto strip = m_factory.makeControlStripForLamp(record, type);
+    strip->setTag(tag);
+    m_collection.add(strip);
+}
+
+bool PanelSetUp::popoverIsOpen() const
+{
+    const auto& strips = m_collection.strips();
+    return std::any_of(strips.begin(), strips.end(), [](const auto& strip) {
+        return strip->popoverIsOpen();
+    }) || m_environment.panel.popoverIsOpen();
+}
+
+void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
+{
+    if (!m_collection.strips().empty() && popoverIsOpen()) {
+        m_deferredRefresh = m_environment.runLoop.after(
+            kRefreshDeferral, [this, recycling] { refreshSetUpUsingRecycling(recycling); });
+        return;
+    }
+    if (!recycling)
+        m_factory.forgetRecycled();
+    for (const auto& strip : m_collection.strips()) {
+        strip->deactivate();
+        if (recycling)
+            m_factory.recycleStrip(strip);
+        if (auto* view = strip->getControlStripView())
+            view->setShown(false);
+    }
+    setUp();
+}
+
+void PanelSetUp::refreshSoon()
+{
+    if (!m_setUp || m_setUpBuffered)
+        return;
+    m_setUpBuffered = true;
+    m_setUpBuffer
+        = m_environment.runLoop.after(kSetUpBuffer, [this] { refreshSetUpUsingRecycling(true); });
+}
+
+void PanelSetUp::recalculateControlStripPositions()
+{
+    PanelView& panel = m_environment.panel;
+    m_layoutManager.reset();
+    std::vector<LampControlStripView*> views;
+    for (const auto& strip : m_collection.strips()) {
+        auto* view = strip->getControlStripView();
+        if (!view)
+            continue;
+        const Point origin = m_layoutManager.getNextPointFor(view->size());
+        if (!view->isBeingDragged())
+            view->setOrigin(origin, true);
+        views.push_back(view);
+    }
+    panel.setKeyboardOrder(views);
+    panel.setContentSize(m_layoutManager.getWindowSize());
+    panel.setContentMaxSize(m_layoutManager.getMaxWindowSize());
+    panel.setContentMinSize(m_layoutManager.getMinWindowSize());
+    Size container = m_layoutManager.getViewSize();
+    container.height = std::max(container.height, panel.scrollViewSize().height);
+    panel.setContainerSize(container);
+    panel.setScrollers(
+        m_layoutManager.shouldScrollHorizontally(), m_layoutManager.shouldScrollVertically());
+    m_environment.companions.placed();
+}
+
+void PanelSetUp::switchTheme(int theme)
+{
+    m_layoutManager.saveWindowState();
+    m_collection.saveStripOrder();
+    m_layoutManager.setTheme(theme);
+    m_environment.defaults.setObject(keys::kCurrentTheme, theme);
+    refreshSetUpUsingRecycling(false);
+}
+
+} // namespace lumeroom

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "app/Navigation.h"
+#include "app/StripFactory.h"
+#include "base/RunLoop.h"
+#include "strips/LayoutManager.h"
+
+namespace lumeroom {
+
+/// Builds the panel from what the engine knows, and builds it anew when that changes.
+class PanelSetUp {
+public:
+    /// What else is made anew with the panel.
+    struct Companions {
+        /// Before the strips: the status menu is emptied.
+        std::function<void()> begin;
+        /// A strip that is to have an entry in the status menu.
+        std::function<void(const std::shared_ptr<LampControlStrip>&)> addToStatusMenu;
+        /// The menus of groups, locations and tags. Those of tags change only with tags in view.
+        std::function<void(bool withTags)> fillEditMenus;
+        /// The strips stand in their order.
+        std::function<void()> finish;
+        /// The rows were placed anew.
+        std::function<void()> placed;
+    };
+    struct Environment {
+        RunLoop& runLoop;
+        UserDefaults& defaults;
+        Log& log;
+        EngineRoom& engineRoom;
+        PanelView& panel;
+        LampControlStripOwner& owner;
+        Companions companions;
+    };
+    explicit PanelSetUp(Environment environment);
+
+    StripCollection& collection() { return m_collection; }
+    const StripCollection& collection() const { return m_collection; }
+    Navigation& navigation() { return m_navigation; }
+    LayoutManager& layoutManager() { return m_layoutManager; }
+    const StripFactory& factory() const { return m_factory; }
+    /// A pass has found lamps.
+    bool isSetUp() const { return m_setUp; }
+
+    /// Builds the panel; while no lamp is known, tries again every 1.5 seconds.
+    void setUp();
+    /// Builds it anew, once no popover is open.
+    void refreshSetUpUsingRecycling(bool recycling);
+    /// The same, with all that becomes known in the next 1.5 seconds.
+    void refreshSoon();
+    /// Places every strip that the user does not hold, and fits the window and its scroll bars.
+    void recalculateControlStripPositions();
+    /// Only strips of this layout come back.
+    void switchTheme(int theme);
+
+private:
+    bool popoverIsOpen() const;
+    std::optional<Lamps> lampsToShow() const;
+    void addLampStrips(const Lamps& lamps);
+    void addGroupStrips();
+    void addZoneStrips();
+    void addStrip(const StripRecord& record, StripType type, int tag);
+
+    Environment m_environment;
+    LayoutManager m_layoutManager;
+    Navigation m_navigation;
+    StripCollection m_collection;
+    StripFactory m_factory;
+    bool m_attemptedSetUp = false;
+    bool m_setUp = false;
+    bool m_setUpBuffered = false; ///< a rebuild is coming and takes in whatever is new by then
+    int m_nextTag = 0; ///< of the strips other than lamps'
+    Timer m_retry;
+    Timer m_setUpBuffer;
+    Timer m_deferredRefresh;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,142 @@
+#include "app/StripFactory.h"
+
+#include "app/Navigation.h"
+#include "app/PanelView.h"
+#include "base/DefaultsKeys.h"
+#include "base/UserDefaults.h"
+#include "engine/EngineRoom.h"
+#include "strips/LayoutManager.h"
+
+#include <fmt/core.h>
+
+namespace lumeroom {
+
+namespace {
+
+/// The well takes the brightness as the lamp has it, 0 to 255, without scaling it down: until the
+/// lamp's first report, a new row's well is as bright as it can be.
+Colour wellColour(const StripSettings& settings)
+{
+    Colour colour;
+    colour.hue = static_cast<float>(settings.colour.value_or(0) / 65535);
+    colour.saturation = static_cast<float>((255 - settings.saturation.value_or(0)) / 255);
+    colour.brightness = static_cast<float>(settings.brightness.value_or(0));
+    return colour;
+}
+
+} // namespace
+
+StripFactory::StripFactory(const Environment& environment)
+    : m_environment(environment)
+{
+}
+
+std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
+    const StripRecord& record, StripType type)
+{
+    auto strip = recycledStripForID(record.id, type);
+    strip->reactivateWithEngineRoom(&m_environment.engineRoom);
+    if (!strip->getControlStripView()) {
+        strip->setControlStripView(
+            m_environment.panel.newControlStripView(*strip, m_environment.layoutManager.theme()));
+    }
+
+    StripSettings shown = record.settings;
+    shown.label = shown.label && !shown.label->empty() ? *shown.label : record.id;
+    shown.onoff = shown.onoff.value_or(false);
+    for (auto* value : {&shown.brightness, &shown.colour, &shown.saturation, &shown.warmth})
+        *value = value->value_or(0);
+    strip->setCapabilities(record.capabilities.value_or(kCapabilitiesColourLamp));
+    strip->implementSettingsFromDictionaryWithoutActing(shown);
+    strip->brightnessSlider().setValue(static_cast<float>(*shown.brightness)); // to the last unit
+    strip->setSelected(false);
+    strip->showSelectedButton(false);
+    setUpBadge(*strip);
+    setUpNavigationButton(*strip);
+    if (type == StripType::Lamp && record.zones > 0)
+        showZones(*strip, record.zones);
+    strip->colourWell().setHidden(
+        m_environment.defaults.integerForKey(keys::kColourPickerType) != 0);
+    strip->colourWell().setColour(wellColour(shown));
+
+    strip->setOwner(&m_environment.owner);
+    if (auto* view = strip->getControlStripView())
+        view->setShown(true);
+    return strip;
+}
+
+void StripFactory::setUpBadge(LampControlStrip& strip) const
+{
+    using Image = BadgeModel::Image;
+    const auto set = [&strip](Image image, const std::string& text) {
+        strip.kindBadge().setImage(image);
+        strip.kindBadge().setText(text);
+        strip.kindBadge().setToolTip(text);
+        strip.kindBadge().setHidden(image == Image::None);
+    };
+    switch (strip.type()) {
+    case StripType::Group:
+        return set(Image::LightGroup, "Group");
+    case StripType::Location:
+        return set(Image::RoomGroup, "Location");
+    case StripType::Tag:
+        return set(Image::LightGroup, "Tag");
+    default:
+        return set(Image::None, "");
+    }
+}
+
+void StripFactory::setUpNavigationButton(LampControlStrip& strip) const
+{
+    ButtonModel& button = strip.navigationButton();
+    LampControlStrip* const target = &strip; // which holds the button
+    Navigation& navigation = m_environment.navigation;
+    const bool leadsOn = strip.isGroup() && strip.getID() != kAllLampsId;
+    button.setHidden(!leadsOn);
+    if (!leadsOn)
+        return;
+    // Locations and tags are counted as groups: of two things with one ID, the group counts.
+    button.setToolTip(fmt::format(
+        "View {} lamps", m_environment.engineRoom.lightsArrayForGroup(strip.getID()).size()));
+    switch (strip.type()) {
+    case StripType::Location:
+        button.setAction([&navigation, target] { navigation.navigateToLocation(*target); });
+        break;
+    case StripType::Tag:
+        button.setAction([&navigation, target] { navigation.navigateToTag(*target); });
+        break;
+    default:
+        button.setAction([&navigation, target] { navigation.navigateToGroup(*target); });
+        break;
+    }
+}
+
+void StripFactory::showZones(LampControlStrip& strip, std::size_t zones) const
+{
+    const std::string count = fmt::format("View {} zones", zones);
+    strip.kindBadge().setImage(BadgeModel::Image::LightStrip);
+    strip.kindBadge().setToolTip("Light strip");
+    strip.kindBadge().setHidden(false);
+    ButtonModel& button = strip.navigationButton();
+    button.setToolTip(count);
+    button.setAction(
+        [&navigation = m_environment.navigation, &strip] { navigation.navigateToZones(strip); });
+    button.setHidden(false);
+}
+
+// One that is not kept yet is not kept by being asked for either.
+std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
+    const std::string& id, StripType type)
+{
+    const auto found = m_recycler.find({type, id});
+    return found != m_recycler.end()
+        ? found->second
+        : std::make_shared<LampControlStrip>(id, type, m_environment.runLoop);
+}
+
+void StripFactory::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)
+{
+    m_recycler.try_emplace({strip->type(), strip->getID()}, strip);
+}
+
+} // namespace lumeroom

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/StripCollection.h"
+#include "app/StripRecord.h"
+
+namespace lumeroom {
+
+class EngineRoom;
+class LayoutManager;
+class Navigation;
+class PanelView;
+class RunLoop;
+
+/// Makes the strips of the panel, and keeps those that were there before for reuse: a strip that
+/// comes back keeps its row.
+class StripFactory {
+public:
+    struct Environment {
+        RunLoop& runLoop;
+        const UserDefaults& defaults;
+        EngineRoom& engineRoom;
+        PanelView& panel;
+        const LayoutManager& layoutManager;
+        Navigation& navigation;
+        LampControlStripOwner& owner;
+    };
+    explicit StripFactory(const Environment& environment);
+
+    /// A strip in use that shows what the record says, with its row in the panel.
+    std::shared_ptr<LampControlStrip> makeControlStripForLamp(
+        const StripRecord& record, StripType type);
+    /// What a lamp that turns out to have zones shows of them.
+    void showZones(LampControlStrip& strip, std::size_t zones) const;
+
+    void recycleStrip(const std::shared_ptr<LampControlStrip>& strip);
+    void forgetRecycled() { m_recycler.clear(); }
+
+private:
+    std::shared_ptr<LampControlStrip> recycledStripForID(const std::string& id, StripType type);
+    void setUpBadge(LampControlStrip& strip) const;
+    void setUpNavigationButton(LampControlStrip& strip) const;
+
+    Environment m_environment;
+    std::map<std::pair<StripType, std::string>, std::shared_ptr<LampControlStrip>> m_recycler;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,75 @@
+#include "app/StripReports.h"
+
+#include "app/StripCollection.h"
+#include "app/StripFactory.h"
+#include "base/Log.h"
+#include "engine/EngineRoom.h"
+
+namespace lumeroom {
+
+StripReports::StripReports(const EngineRoom& engineRoom, const StripCollection& collection,
+    const StripFactory& factory, Log& log)
+    : m_engineRoom(engineRoom)
+    , m_collection(collection)
+    , m_factory(factory)
+    , m_log(log)
+{
+}
+
+void StripReports::updateLamps(const Lamps& lamps) const
+{
+    for (const auto& lamp : lamps) {
+        const auto strip = m_collection.getStripWithID(lamp->id);
+        if (!strip)
+            continue;
+        if (lamp->capabilities)
+            strip->setCapabilities(*lamp->capabilities);
+        if (!lamp->onoff || !lamp->brightness)
+            continue;
+        if (lamp->zones)
+            m_factory.showZones(*strip, lamp->zones->size());
+        strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(
+            StripRecord::of(*lamp).settings);
+    }
+}
+
+void StripReports::updateGroups(const Groups& groups) const
+{
+    for (const auto& group : groups)
+        showSummary(group->id, m_engineRoom.settingsForGroup(group->id));
+}
+
+void StripReports::updateLocations(const Locations& locations) const
+{
+    for (const auto& location : locations)
+        showSummary(location->id, m_engineRoom.settingsForLocation(location->id));
+}
+
+void StripReports::updateTags(const Tags& tags) const
+{
+    for (const auto& tag : tags)
+        showSummary(tag->id, m_engineRoom.settingsForTag(tag->id));
+}
+
+void StripReports::updateGroupAll() const
+{
+    if (!m_collection.getGroupStripWithID(kAllLampsId)) {
+        if (m_log.shows(1))
+            m_log.line("can't find all group");
+        return;
+    }
+    showSummary(kAllLampsId, m_engineRoom.settingsForGroup(kAllLampsId));
+}
+
+void StripReports::showSummary(std::string_view id, const Settings& summary) const
+{
+    const auto strip = m_collection.getGroupStripWithID(id);
+    if (!strip || !summary.onoff || !summary.brightness)
+        return;
+    StripSettings report;
+    report.adopt(summary);
+    report.onoff = summary.onoff;
+    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(report);
+}
+
+} // namespace lumeroom

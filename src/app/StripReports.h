@@ -1,0 +1,34 @@
+#pragma once
+
+#include "engine/Records.h"
+
+namespace lumeroom {
+
+class EngineRoom;
+class Log;
+class StripCollection;
+class StripFactory;
+struct Settings;
+
+/// Brings what the engine knows to the strips, without anything being sent back.
+class StripReports {
+public:
+    StripReports(const EngineRoom& engineRoom, const StripCollection& collection,
+        const StripFactory& factory, Log& log);
+
+    void updateLamps(const Lamps& lamps) const;
+    void updateGroups(const Groups& groups) const;
+    void updateLocations(const Locations& locations) const;
+    void updateTags(const Tags& tags) const;
+    void updateGroupAll() const;
+
+private:
+    void showSummary(std::string_view id, const Settings& summary) const;
+
+    const EngineRoom& m_engineRoom;
+    const StripCollection& m_collection;
+    const StripFactory& m_factory;
+    Log& m_log;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "FakePanel.h"
+#include "app/ManualController.h"
+#include "support/EngineHarness.h"
+
+namespace lumeroom::test {
+
+using Names = std::vector<std::string>;
+
+/// The controller over an engine with fake sockets and a panel without a window.
+struct Controller : EngineHarness {
+    void launch()
+    {
+        controller.awakeFromNib();
+        controller.applicationDidFinishLaunching();
+    }
+    void addNamed(unsigned n, const std::string& name)
+    {
+        addLamp(n, {.brightness = 50000, .label = name});
+    }
+
+    FakePanel panel;
+    ManualController controller{loop, defaults, log, engine(), panel};
+};
+
+} // namespace lumeroom::test

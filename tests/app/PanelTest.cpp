@@ -1,0 +1,205 @@
+#include "ControllerHarness.h"
+
+namespace lumeroom::test {
+
+namespace {
+
+constexpr unsigned kStateGroup = 53;
+constexpr unsigned kStateLocation = 50;
+
+} // namespace
+
+/// Three lamps; the first two in the group "Study" and the location "Home", the third a multizone
+/// one; the first carries the tag "Reading".
+struct Panel : Controller {
+    void furnish()
+    {
+        addNamed(1, "Desk");
+        addNamed(2, "Ceiling");
+        addStrip(3, 8);
+        receive(lightState(3, {.brightness = 50000, .label = "Shelf"}));
+        for (unsigned n : {1U, 2U}) {
+            receive(stateGrouping(kStateGroup, n, 7, "Study", 1));
+            receive(stateGrouping(kStateLocation, n, 9, "Home", 1));
+        }
+        receive(stateTagLabels(1, 1, "Reading"));
+        receive(stateTags(1, 1));
+        launch();
+        loop.advance(Seconds(2));
+    }
+    NavigationModel& navigation() { return *panel.navigation; }
+    FakeRow& row(const std::string& name)
+    {
+        for (FakeRow* candidate : panel.rows) {
+            if (candidate->strip.label().text() == name)
+                return *candidate;
+        }
+        throw std::out_of_range(name);
+    }
+    void showEverything()
+    {
+        navigation().groups.press();
+        navigation().locations.press();
+        navigation().tags.press();
+        navigation().all.press();
+    }
+};
+
+TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
+{
+    furnish();
+    EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling", "Shelf"}));
+    showEverything();
+    EXPECT_EQ(
+        panel.names(), (Names{"Desk", "Ceiling", "Shelf", "Study", "Home", "Reading", "All"}));
+    EXPECT_EQ(row("Study").strip.kindBadge().toolTip(), "Group");
+    EXPECT_EQ(row("Home").strip.kindBadge().image(), BadgeModel::Image::RoomGroup);
+    EXPECT_EQ(row("Study").strip.navigationButton().toolTip(), "View 2 lamps");
+    EXPECT_EQ(row("Home").strip.navigationButton().toolTip(), "View 2 lamps");
+    EXPECT_TRUE(row("All").strip.navigationButton().isHidden());
+    EXPECT_TRUE(row("Desk").strip.kindBadge().isHidden());
+    EXPECT_EQ(row("Shelf").strip.navigationButton().toolTip(), "View 8 zones");
+
+    const int made = panel.rowsMade;
+    navigation().lights.press();
+    EXPECT_EQ(panel.names(), (Names{"Study", "Home", "Reading", "All"}));
+    navigation().lights.press();
+    EXPECT_EQ(panel.rowsMade, made); // the rows came back
+    for (auto* button :
+        {&navigation().lights, &navigation().groups, &navigation().locations, &navigation().tags})
+        button->press();
+    navigation().all.press();
+    EXPECT_TRUE(navigation().lights.state()); // something always shows
+}
+
+TEST_F(Panel, drillingDownAndBack)
+{
+    furnish();
+    showEverything();
+    row("Study").strip.navigationButton().press();
+    EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling"}));
+    EXPECT_TRUE(navigation().isFiltered);
+    EXPECT_EQ(navigation().description, "viewing lamps in group Study");
+    EXPECT_TRUE(defaults.objectForKey("classicWindowState"));
+    navigation().back.press();
+    EXPECT_FALSE(navigation().isFiltered);
+    EXPECT_EQ(panel.rows.size(), 7U);
+
+    row("Shelf").strip.navigationButton().press();
+    EXPECT_EQ(navigation().description, "viewing zones for multizone lamp Shelf");
+    EXPECT_EQ(panel.rows.size(), 8U);
+    EXPECT_EQ(panel.names().at(7), "zone 7");
+    EXPECT_EQ(panel.strip(7).getID(), lampID(3) + "-7");
+    sockets.take();
+    panel.strip(2).brightnessSlider().moveTo(100);
+    loop.advance(Seconds(0.2));
+    EXPECT_EQ(sockets.takeOfType(501).size(), 1U);
+    navigation().back.press();
+
+    row("Home").strip.navigationButton().press();
+    EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling"}));
+    navigation().back.press();
+    row("Reading").strip.navigationButton().press();
+    EXPECT_EQ(panel.names(), Names{"Desk"});
+    EXPECT_EQ(navigation().description, "viewing lamps tagged Reading");
+}
+
+// Lamps that have not been on the panel yet show twice when the user drills down to them.
+TEST_F(Panel, lampsNewToThePanelShowTwice)
+{
+    furnish();
+    navigation().groups.press();
+    navigation().lights.press();
+    controller.switchTheme(1); // no strip of a lamp is kept
+    row("Study").strip.navigationButton().press();
+    EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling", "Desk", "Ceiling"}));
+}
+
+TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
+{
+    furnish();
+    const auto shelf = engine().lampWithID(lampID(3));
+    shelf->zones.reset();
+    controller.panelSetUp().navigation().navigateToZones(row("Shelf").strip);
+    EXPECT_TRUE(panel.rows.empty());
+    EXPECT_FALSE(panel.throbbing);
+    loop.advance(Seconds(5));
+    EXPECT_TRUE(panel.rows.empty());
+    receive(stateMultizone(3, 8, 0, 100)); // new zones while zones are in view
+    receive(stateZone(3, 8, 0, 100));
+    receive(stateMultizone(3, 8, 0, 100));
+    loop.advance(Seconds(2));
+    EXPECT_EQ(panel.rows.size(), 8U);
+}
+
+TEST_F(Panel, aGroupsChangeShowsOnItsMembersAndIsSentOnce)
+{
+    furnish();
+    showEverything();
+    sockets.take();
+    row("Study").strip.brightnessSlider().moveTo(20);
+    loop.advance(Seconds(0.2));
+    EXPECT_EQ(sockets.takeOfType(102).size(), 2U);
+    EXPECT_EQ(row("Desk").strip.brightnessSlider().integerValue(), 20);
+    EXPECT_TRUE(row("Ceiling").strip.embargo());
+    EXPECT_FALSE(row("Shelf").strip.embargo());
+
+    row("All").strip.onOffButton().press();
+    EXPECT_EQ(sockets.takeOfType(117).size(), 3U);
+    EXPECT_EQ(row("Shelf").strip.onOffButton().state(), row("All").strip.onOffButton().state());
+}
+
+TEST_F(Panel, summariesFollowTheLamps)
+{
+    furnish();
+    showEverything();
+    for (unsigned n : {1U, 2U})
+        receive(lightState(n, {.brightness = 25700, .power = 65535}));
+    loop.runPosted();
+    EXPECT_EQ(row("Study").strip.brightnessSlider().integerValue(), 100);
+    EXPECT_EQ(row("Home").strip.brightnessSlider().integerValue(), 100);
+    EXPECT_NE(row("All").strip.brightnessSlider().integerValue(), 100);
+}
+
+TEST_F(Panel, draggingReordersAndIsKept)
+{
+    furnish();
+    controller.switchTheme(1);
+    FakeRow& desk = row("Desk");
+    desk.dragged = true;
+    desk.strip.viewDidBeginDragging();
+    desk.strip.viewDidMoveTo({10, 125}); // over the third row
+    EXPECT_EQ(panel.names(), (Names{"Ceiling", "Shelf", "Desk"}));
+    EXPECT_EQ(row("Ceiling").origin(), (Point{0, 0}));
+    EXPECT_EQ(desk.origin(), (Point{0, 0})); // it stays under the hand
+    desk.strip.viewDidMoveTo({10, 999});
+    desk.dragged = false;
+    desk.strip.viewDidFinishDragging();
+    EXPECT_EQ(desk.origin(), (Point{0, 100}));
+    EXPECT_EQ(defaults.arrayForKey("sortOrder")->at(2).find("ID")->stringValue(), lampID(1));
+}
+
+TEST_F(Panel, layoutsSetTheWindow)
+{
+    furnish();
+    EXPECT_EQ(panel.scrollers, std::pair(true, false));
+    EXPECT_EQ(panel.content, (Size{1920, 50})); // three strips of 800 are wider than the screen
+    const int made = panel.rowsMade;
+    controller.switchTheme(1);
+    EXPECT_EQ(panel.rowsMade, made + 3);
+    EXPECT_EQ(panel.content, (Size{935, 300}));
+    EXPECT_EQ(panel.most, (Size{935, 1080}));
+    EXPECT_EQ(panel.container, (Size{800, 300}));
+    EXPECT_EQ(row("Shelf").origin(), (Point{0, 100}));
+    EXPECT_EQ(defaults.integerForKey("currentTheme"), 1);
+    controller.switchTheme(9);
+    EXPECT_TRUE(panel.rows.empty());
+    controller.switchTheme(2);
+    EXPECT_EQ(panel.rows.size(), 3U);
+
+    defaults.setObject("colourPickerType", 1);
+    controller.switchTheme(3);
+    EXPECT_TRUE(row("Desk").strip.colourWell().isHidden());
+}
+
+} // namespace lumeroom::test
