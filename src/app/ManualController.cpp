@@ -49,7 +49,9 @@ void ManualController::awakeFromNib()
     if (m_defaults.integerForKey(keys::kVerbosity) >= 2)
         m_defaults.setObject(keys::kVerbosity, 1); // high levels do not outlive a run
     m_panel.setTitle(fmt::format("{} manual control panel", kBundleName));
-    m_panel.setNavigation(m_panelSetUp.navigation().model());
+    m_panel.setNavigation(
+        m_panelSetUp.navigation().model(), {[this] { allOn(); }, [this] { allOff(); }});
+    m_panel.setDidEndLiveResize([this] { windowDidEndLiveResize(); });
     m_defaults.registerDefaults(registeredDefaults());
 }
 

@@ -20,4 +20,10 @@ struct NavigationModel {
     std::function<void()> onChange;
 };
 
+/// What the navigation offers besides.
+struct NavigationActions {
+    std::function<void()> allOn;
+    std::function<void()> allOff;
+};
+
 } // namespace lumeroom

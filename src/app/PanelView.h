@@ -6,6 +6,7 @@
 
 namespace lumeroom {
 
+struct NavigationActions;
 struct NavigationModel;
 
 /// A popover over the panel in which a group, location or tag is made or edited. It closes only
@@ -27,8 +28,10 @@ public:
     virtual void makeKeyAndFront() = 0;
     /// Shows the alert and returns, once it is dismissed, the index of the button pressed.
     virtual int runModal(const Alert& alert) = 0;
-    /// The model lasts longer than the view's use of it.
-    virtual void setNavigation(NavigationModel& navigation) = 0;
+    /// The model and the actions last longer than the view's use of them.
+    virtual void setNavigation(NavigationModel& navigation, NavigationActions actions) = 0;
+    /// Called when the user has let go of the window's edge.
+    virtual void setDidEndLiveResize(std::function<void()> action) = 0;
 
     /// The search indication in the middle of the panel.
     virtual void startThrobber() = 0;

@@ -47,7 +47,8 @@ public:
         alerts.push_back(alert);
         return answer;
     }
-    void setNavigation(NavigationModel& model) override { navigation = &model; }
+    void setNavigation(NavigationModel& model, NavigationActions) override { navigation = &model; }
+    void setDidEndLiveResize(std::function<void()> action) override { didEndLiveResize = action; }
     void startThrobber() override { throbbing = true; }
     void stopThrobber() override { throbbing = false; }
     std::unique_ptr<LampControlStripView> newControlStripView(
@@ -89,6 +90,7 @@ public:
 
     std::string title;
     NavigationModel* navigation = nullptr;
+    std::function<void()> didEndLiveResize;
     bool throbbing = false;
     int timesInFront = 0;
     int builds = 0;

@@ -1,13 +1,20 @@
 #include "app/ui/ControlPanelWindow.h"
 
+#include "app/NavigationModel.h"
+#include "app/ui/NavigationView.h"
 #include "app/ui/Throbber.h"
 #include "strips/ui/ControlStripView.h"
 
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QScrollArea>
-#include <QScrollBar>
+#include <QStyle>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -16,6 +23,9 @@ namespace lumeroom {
 namespace {
 
 constexpr QSize kFirstSize{860, 420};
+// The strips leave this much of the window's width to the navigation and a scroll bar.
+constexpr int kBesideTheStrips = 135;
+constexpr int kResizeRestMilliseconds = 250;
 
 QSize qSize(Size size)
 {
@@ -33,12 +43,21 @@ ControlPanelWindow::ControlPanelWindow()
     : m_scrollView(new QScrollArea(this))
     , m_contentView(new QWidget)
     , m_mainWindowThrobber(new Throbber(m_scrollView))
+    , m_resizeRest(new QTimer(this))
 {
     m_scrollView->setWidget(m_contentView);
     m_scrollView->setFrameShape(QFrame::NoFrame);
     m_scrollView->setFocusPolicy(Qt::NoFocus);
-    setCentralWidget(m_scrollView);
+    auto* content = new QWidget(this);
+    m_row = new QHBoxLayout(content);
+    m_row->setContentsMargins(0, 0, 0, 0);
+    m_row->setSpacing(0);
+    m_row->addWidget(m_scrollView, 1);
+    setCentralWidget(content);
     resize(kFirstSize);
+    m_resizeRest->setSingleShot(true);
+    m_resizeRest->setInterval(kResizeRestMilliseconds);
+    connect(m_resizeRest, &QTimer::timeout, this, [this] { endLiveResize(); });
 }
 
 ControlPanelWindow::~ControlPanelWindow() = default;
@@ -69,9 +88,36 @@ void ControlPanelWindow::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
     placeThrobber();
+    if (event->spontaneous())
+        m_resizeRest->start();
 }
 
-void ControlPanelWindow::setNavigation(NavigationModel&) { }
+/// The desktop has no message for the end of a resize: it has ended once the size rests and no
+/// button is held. A size that the desktop insists on is told once.
+void ControlPanelWindow::endLiveResize()
+{
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        m_resizeRest->start();
+        return;
+    }
+    if (m_endedSize == size())
+        return;
+    m_endedSize = size();
+    if (m_didEndLiveResize)
+        m_didEndLiveResize();
+}
+
+void ControlPanelWindow::setDidEndLiveResize(std::function<void()> action)
+{
+    m_didEndLiveResize = std::move(action);
+}
+
+void ControlPanelWindow::setNavigation(NavigationModel& navigation, NavigationActions actions)
+{
+    auto* view = new NavigationView(navigation, std::move(actions), centralWidget());
+    view->setFixedWidth(kBesideTheStrips - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    m_row->insertWidget(0, view);
+}
 
 std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
     LampControlStrip& strip, int)
@@ -101,12 +147,19 @@ void ControlPanelWindow::setContainerSize(Size size)
 
 QSize ControlPanelWindow::around() const
 {
-    return size() - centralWidget()->size();
+    const QWidget* bar = menuWidget();
+    return {0, bar && !bar->isHidden() ? bar->sizeHint().height() : 0};
 }
 
+// The window takes a size that is asked for whatever its limits were; these follow.
 void ControlPanelWindow::setContentSize(Size size)
 {
-    resize(qSize(size) + around());
+    if (size.width < 1 || size.height < 1)
+        return;
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    if (!isMaximized() && !isFullScreen())
+        resize(qSize(size) + around());
 }
 
 void ControlPanelWindow::setContentMinSize(Size size)
@@ -116,7 +169,8 @@ void ControlPanelWindow::setContentMinSize(Size size)
 
 void ControlPanelWindow::setContentMaxSize(Size size)
 {
-    setMaximumSize(qSize(size) + around());
+    if (size.width >= 1 && size.height >= 1)
+        setMaximumSize(qSize(size) + around());
 }
 
 void ControlPanelWindow::setScrollers(bool horizontal, bool vertical)
@@ -127,7 +181,25 @@ void ControlPanelWindow::setScrollers(bool horizontal, bool vertical)
     m_scrollView->setVerticalScrollBarPolicy(policy(vertical));
 }
 
-void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView*>&) { }
+// The keyboard goes through the rows as the eye does.
+void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView*>& rows)
+{
+    if (std::exchange(m_keyboardOrder, rows) == rows)
+        return;
+    QWidget* last = nullptr;
+    for (LampControlStripView* row : rows) {
+        const auto* widget = dynamic_cast<QWidget*>(row);
+        if (!widget)
+            continue;
+        for (QWidget* control : widget->findChildren<QWidget*>()) {
+            if (control->focusPolicy() == Qt::NoFocus)
+                continue;
+            if (last)
+                setTabOrder(last, control);
+            last = control;
+        }
+    }
+}
 
 void ControlPanelWindow::showWorkflowPopover(const WorkflowPopover&) { }
 

@@ -4,7 +4,9 @@
 
 #include <QMainWindow>
 
+class QHBoxLayout;
 class QScrollArea;
+class QTimer;
 
 namespace lumeroom {
 
@@ -22,7 +24,8 @@ public:
     void setTitle(const std::string& title) override;
     void makeKeyAndFront() override;
     int runModal(const Alert& alert) override;
-    void setNavigation(NavigationModel& navigation) override;
+    void setNavigation(NavigationModel& navigation, NavigationActions actions) override;
+    void setDidEndLiveResize(std::function<void()> action) override;
 
     void startThrobber() override;
     void stopThrobber() override;
@@ -48,12 +51,18 @@ protected:
 
 private:
     void placeThrobber();
+    void endLiveResize();
     /// What the window has around its content: the menu bar.
     QSize around() const;
 
+    QHBoxLayout* m_row;
     QScrollArea* m_scrollView;
     QWidget* m_contentView;
     Throbber* m_mainWindowThrobber;
+    std::function<void()> m_didEndLiveResize;
+    QTimer* m_resizeRest; ///< runs out when the window has kept its size for a moment
+    QSize m_endedSize; ///< what was told last
+    std::vector<LampControlStripView*> m_keyboardOrder;
 };
 
 } // namespace lumeroom

@@ -1,0 +1,89 @@
+#include "app/ui/NavigationButton.h"
+
+#include "strips/Controls.h"
+#include "strips/ui/Painting.h"
+
+#include <QPainter>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr int kHeight = 34;
+constexpr int kMargin = 8;
+constexpr int kIcon = 18;
+constexpr double kRadius = 6;
+
+} // namespace
+
+NavigationButton::NavigationButton(const QString& text, const QIcon& icon, QWidget* parent)
+    : QAbstractButton(parent)
+{
+    setText(text);
+    setIcon(icon);
+    setIconSize({kIcon, kIcon});
+    setAccessibleName(text);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+NavigationButton::NavigationButton(
+    ButtonModel& model, const QString& text, const QIcon& icon, QWidget* parent)
+    : NavigationButton(text, icon, parent)
+{
+    setCheckable(true);
+    const auto mirror = [this, &model] { setChecked(model.state()); };
+    model.onChange = mirror;
+    mirror();
+    connect(this, &QAbstractButton::clicked, this, [&model] { model.press(); });
+    connect(this, &QObject::destroyed, [&model] { model.onChange = nullptr; });
+}
+
+QSize NavigationButton::sizeHint() const
+{
+    return {2 * kMargin + kIcon + kMargin + fontMetrics().horizontalAdvance(text()), kHeight};
+}
+
+void NavigationButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool dark = isDark(*this);
+    const QRectF ground = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+    QColor fill(dark ? Qt::white : Qt::black);
+    fill.setAlphaF(isChecked() ? 0.13F : 0.0F);
+    if (isDown())
+        fill.setAlphaF(0.2F);
+    else if (underMouse())
+        fill.setAlphaF(fill.alphaF() + 0.05F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(ground, kRadius, kRadius);
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+        painter.drawRoundedRect(ground, kRadius, kRadius);
+    }
+    const QRect picture(kMargin, (height() - kIcon) / 2, kIcon, kIcon);
+    icon().paint(&painter, picture);
+    QColor ink = palette().color(QPalette::WindowText);
+    if (isCheckable() && !isChecked())
+        ink.setAlphaF(0.65F);
+    painter.setPen(ink);
+    const int left = icon().isNull() ? kMargin : picture.right() + kMargin;
+    const QRect room = rect().adjusted(left, 0, -4, 0);
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
+        fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+}
+
+void NavigationButton::enterEvent(QEnterEvent*)
+{
+    update();
+}
+
+void NavigationButton::leaveEvent(QEvent*)
+{
+    update();
+}
+
+} // namespace lumeroom

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QAbstractButton>
+
+namespace lumeroom {
+
+class ButtonModel;
+
+/// A row with a picture and a word; while it is on, it has a coloured ground.
+class NavigationButton : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    NavigationButton(ButtonModel& model, const QString& text, const QIcon& icon, QWidget* parent);
+    /// A push button that only acts.
+    NavigationButton(const QString& text, const QIcon& icon, QWidget* parent);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+};
+
+} // namespace lumeroom

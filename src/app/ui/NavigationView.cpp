@@ -1,0 +1,138 @@
+#include "app/ui/NavigationView.h"
+
+#include "app/NavigationModel.h"
+#include "app/ui/NavigationButton.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr int kMargin = 6;
+constexpr int kShownAt = 3; // where the way back stands
+constexpr int kAside = 5; // how far beyond the edge it waits
+constexpr int kGlideMilliseconds = 220;
+
+QVBoxLayout* makeColumn(QWidget* page)
+{
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    column->setSpacing(2);
+    return column;
+}
+
+} // namespace
+
+NavigationView::NavigationView(NavigationModel& model, NavigationActions actions, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_description(new QLabel)
+    , m_switches(makeSwitches())
+    , m_wayBack(makeWayBack())
+    , m_allButtons(makeAllButtons(std::move(actions)))
+{
+    m_model.onChange = [this] { mirror(true); };
+}
+
+NavigationView::~NavigationView()
+{
+    m_model.onChange = nullptr;
+}
+
+QWidget* NavigationView::makeSwitches()
+{
+    auto* page = new QWidget(this);
+    auto* column = makeColumn(page);
+    const auto add = [&](ButtonModel& button, const QString& text, const QString& tip) {
+        auto* view = new NavigationButton(button, text, QIcon(), page);
+        view->setToolTip(tip);
+        column->addWidget(view);
+    };
+    add(m_model.lights, tr("Lights"), tr("Show a strip for each lamp"));
+    add(m_model.groups, tr("Groups"), tr("Show a strip for each group"));
+    add(m_model.locations, tr("Locations"), tr("Show a strip for each location"));
+    add(m_model.tags, tr("Tags"), tr("Show a strip for each tag"));
+    add(m_model.all, tr("All"), tr("Show a strip for all lamps together"));
+    column->addStretch(1);
+    return page;
+}
+
+QWidget* NavigationView::makeWayBack()
+{
+    auto* page = new QWidget(this);
+    auto* column = makeColumn(page);
+    auto* back
+        = new NavigationButton(tr("Back"), style()->standardIcon(QStyle::SP_ArrowBack), page);
+    connect(back, &QAbstractButton::clicked, this, [this] { m_model.back.press(); });
+    column->addWidget(back);
+    m_description->setTextFormat(Qt::PlainText);
+    m_description->setWordWrap(true);
+    m_description->setContentsMargins(kMargin, kMargin, 0, 0);
+    column->addWidget(m_description);
+    column->addStretch(1);
+    return page;
+}
+
+QWidget* NavigationView::makeAllButtons(NavigationActions actions)
+{
+    auto* page = new QWidget(this);
+    auto* column = makeColumn(page);
+    const auto add = [&](const QString& text, std::function<void()> action) {
+        auto* button = new NavigationButton(text, QIcon(), page);
+        connect(button, &QAbstractButton::clicked, this, std::move(action));
+        column->addWidget(button);
+    };
+    add(tr("All on"), std::move(actions.allOn));
+    add(tr("All off"), std::move(actions.allOff));
+    return page;
+}
+
+void NavigationView::mirror(bool gliding)
+{
+    const bool filtered = m_model.isFiltered;
+    m_description->setText(QString::fromStdString(m_model.description));
+    place(m_switches, filtered ? -width() : 0, gliding);
+    place(m_wayBack, filtered ? kShownAt : width() + kAside, gliding);
+    m_switches->setEnabled(!filtered); // what is out of sight is out of the keyboard's reach
+    m_wayBack->setEnabled(filtered);
+}
+
+void NavigationView::place(QWidget* page, int x, bool gliding) const
+{
+    const bool animated = style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+    if (!gliding || !animated || !isVisible()) {
+        page->move(x, 0);
+        return;
+    }
+    auto* glide = new QPropertyAnimation(page, "pos", page);
+    glide->setDuration(kGlideMilliseconds);
+    glide->setEasingCurve(QEasingCurve::OutCubic);
+    glide->setEndValue(QPoint(x, 0));
+    glide->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void NavigationView::resizeEvent(QResizeEvent*)
+{
+    const int below = m_allButtons->sizeHint().height();
+    m_switches->resize(width(), height() - below);
+    m_wayBack->resize(width() - kShownAt, height() - below);
+    m_allButtons->setGeometry(0, height() - below, width(), below);
+    mirror(false);
+}
+
+void NavigationView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+    QColor line = palette().color(QPalette::WindowText);
+    line.setAlphaF(0.12F);
+    painter.setPen(line);
+    painter.drawLine(width() - 1, 0, width() - 1, height());
+}
+
+} // namespace lumeroom

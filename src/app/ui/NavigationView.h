@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace lumeroom {
+
+struct NavigationActions;
+struct NavigationModel;
+
+/// The column beside the strips: the five switches, or the way back with a description, and the
+/// buttons for all lamps.
+class NavigationView : public QWidget {
+    Q_OBJECT
+
+public:
+    NavigationView(NavigationModel& model, NavigationActions actions, QWidget* parent);
+    ~NavigationView() override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QWidget* makeSwitches();
+    QWidget* makeWayBack();
+    QWidget* makeAllButtons(NavigationActions actions);
+    void mirror(bool gliding);
+    void place(QWidget* page, int x, bool gliding) const;
+
+    NavigationModel& m_model;
+    QLabel* m_description;
+    QWidget* m_switches;
+    QWidget* m_wayBack;
+    QWidget* m_allButtons;
+};
+
+} // namespace lumeroom
