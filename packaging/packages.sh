@@ -3,9 +3,9 @@
 
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libgl-dev libplist-dev
     libfmt-dev nlohmann-json3-dev fonts-dejavu-core)
-display_packages=(xvfb)
+display_packages=(xvfb fonts-droid-fallback)
 test_packages=(libgtest-dev libbenchmark-dev iproute2 util-linux)
-check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)
+check_packages=(clang clang-format clang-tidy libclang-rt-dev)
 
 # The packages among the arguments that are not installed.
 missing_packages() {
@@ -16,7 +16,8 @@ missing_packages() {
     done
 }
 
-# Installs those of the packages that are missing, or says which and why it cannot.
+# Installs those of the packages that are missing, or says which and why it cannot. A desktop that
+# has just started often runs an upgrade of its own: apt-get waits for it rather than fail.
 install_packages() {
     local missing
     if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
@@ -28,8 +29,8 @@ install_packages() {
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
         if ! command -v sudo >/dev/null || ! sudo -v; then
-            echo "These packages are missing, and installing them needs root or sudo:" >&2
-            echo "  ${missing[*]}" >&2
+            echo "Packages are missing, and installing them needs root or sudo. As root:" >&2
+            echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
             return 1
         fi
         as_root=(sudo)
@@ -37,7 +38,7 @@ install_packages() {
     echo "Installing ${missing[*]} ..."
     if ! { "${as_root[@]}" apt-get update -qq &&
         "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
-            --no-install-recommends "${missing[@]}" >/dev/null; }; then
+            -o DPkg::Lock::Timeout=300 --no-install-recommends "${missing[@]}" >/dev/null; }; then
         echo "apt-get could not install: ${missing[*]}" >&2
         return 1
     fi
