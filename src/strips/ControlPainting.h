@@ -12,7 +12,7 @@ namespace lumeroom {
 struct SliderBar {
     Rectangle rectangle;
     float cornerRadius = 2;
-    float degrees = 0; ///< 0 runs from left to right, 270 from top to bottom
+    float degrees = 0; ///< 0 runs from left to right, 270 from the bottom to the top
     std::vector<Rgba> colours;
     float alpha = 1;
 };

@@ -5,6 +5,7 @@
 #include "desktop/QtRunLoop.h"
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
+#include "strips/LayoutManager.h"
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/SliderView.h"
@@ -115,7 +116,6 @@ struct StripViews : ::testing::Test {
     StripViews()
     {
         strip->label().setText("Desk <b>lamp</b>");
-        view.resize(900, 56);
         view.show();
     }
     QWidget* named(const QString& role)
@@ -129,7 +129,7 @@ struct StripViews : ::testing::Test {
     ManualRunLoop loop;
     std::shared_ptr<LampControlStrip> strip
         = std::make_shared<LampControlStrip>("1", StripType::Lamp, loop);
-    ControlStripView view{*strip};
+    ControlStripView view{*strip, theme::kHorizontalControl};
 };
 
 TEST_F(StripViews, slidersFollowTheHandTheKeysAndTheModel)

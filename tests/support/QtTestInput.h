@@ -23,12 +23,17 @@ inline bool workUntil(const std::function<bool()>& done)
     return done();
 }
 
-inline void mouse(QWidget& widget, QEvent::Type type, double x)
+inline void mouseAt(QWidget& widget, QEvent::Type type, QPointF place)
 {
-    const QPointF place(x, widget.height() / 2.0);
     QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton,
         type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&widget, &event);
+}
+
+/// At half the widget's height.
+inline void mouse(QWidget& widget, QEvent::Type type, double x)
+{
+    mouseAt(widget, type, {x, widget.height() / 2.0});
 }
 
 /// Presses in the middle and lets go at this part of the widget's width.

@@ -120,9 +120,11 @@ void ControlPanelWindow::setNavigation(NavigationModel& navigation, NavigationAc
 }
 
 std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
-    LampControlStrip& strip, int)
+    LampControlStrip& strip, int theme)
 {
-    return std::make_unique<ControlStripView>(strip, m_contentView);
+    if (theme < 0 || theme >= theme::kCount)
+        return nullptr;
+    return std::make_unique<ControlStripView>(strip, theme, m_contentView);
 }
 
 Size ControlPanelWindow::contentSize() const

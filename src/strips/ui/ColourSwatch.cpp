@@ -1,5 +1,6 @@
 #include "strips/ui/ColourSwatch.h"
 
+#include "strips/ui/Mirror.h"
 #include "strips/ui/Painting.h"
 
 #include <QPainter>
@@ -18,14 +19,17 @@ ColourSwatch::ColourSwatch(ColourWellModel& model, QWidget* parent)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAccessibleName(tr("colour"));
-    m_model.onChange = [this] {
-        const Colour& colour = m_model.colour();
-        setAccessibleDescription(tr("hue %1 degrees, saturation %2 percent")
-                                     .arg(std::lround(colour.hue * 360))
-                                     .arg(std::lround(colour.saturation * 100)));
-        update();
-    };
-    m_model.onChange();
+    followModel(m_model, this, &ColourSwatch::mirror);
+}
+
+void ColourSwatch::mirror()
+{
+    mirrorControl(*this, m_model);
+    const Colour& colour = m_model.colour();
+    setAccessibleDescription(tr("hue %1 degrees, saturation %2 percent")
+                                 .arg(std::lround(colour.hue * 360))
+                                 .arg(std::lround(colour.saturation * 100)));
+    update();
 }
 
 QSize ColourSwatch::sizeHint() const

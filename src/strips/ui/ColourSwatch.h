@@ -19,6 +19,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void mirror();
+
     ColourWellModel& m_model;
 };
 

@@ -1,87 +1,66 @@
 #include "strips/ui/ControlStripView.h"
 
-#include "strips/ui/ColourSwatch.h"
-#include "strips/ui/OnOffButtonView.h"
+#include "strips/LayoutManager.h"
+#include "strips/ui/DragHandle.h"
+#include "strips/ui/ElidedLabel.h"
+#include "strips/ui/IconButton.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/RenamePopover.h"
-#include "strips/ui/SliderView.h"
+#include "strips/ui/StripLayouts.h"
+#include "strips/ui/StripNeighbours.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
-#include <QToolButton>
+#include <QScrollArea>
+#include <QStyle>
 
 namespace lumeroom {
 
 namespace {
 
-constexpr int kHeight = 56;
-constexpr int kWidth = 820;
-constexpr int kNameWidth = 150;
-constexpr int kMargin = 12;
-constexpr int kSpacing = 14;
-
-/// A pencil that opens the name for editing.
-QToolButton* makeRenameButton(QWidget* parent)
+void layOut(int theme, QWidget& row, const StripWidgets& widgets)
 {
-    auto* button = new QToolButton(parent);
-    button->setText(QStringLiteral("\u270E"));
-    button->setAutoRaise(true);
-    button->setToolTip(QObject::tr("Rename"));
-    button->setAccessibleName(QObject::tr("rename"));
-    return button;
+    switch (theme) {
+    case theme::kSingleControl:
+        return layOutSingleControl(row, widgets);
+    case theme::kSquareControl:
+        return layOutSquareControl(row, widgets);
+    case theme::kThinControl:
+        return layOutThinControl(row, widgets);
+    default:
+        return layOutHorizontalControl(row, widgets);
+    }
+}
+
+/// Scrolls the row's future place into sight.
+void reveal(const ControlStripView& row)
+{
+    for (QWidget* parent = row.parentWidget(); parent; parent = parent->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(parent)) {
+            const Size size = row.size();
+            const Point origin = row.origin();
+            area->ensureVisible(static_cast<int>(origin.x + size.width / 2),
+                static_cast<int>(origin.y + size.height / 2), static_cast<int>(size.width / 2),
+                static_cast<int>(size.height / 2));
+        }
+    }
 }
 
 } // namespace
 
-ControlStripView::ControlStripView(LampControlStrip& strip, QWidget* parent)
+ControlStripView::ControlStripView(LampControlStrip& strip, int theme, QWidget* parent)
     : QWidget(parent)
     , m_strip(strip)
+    , m_widgets(strip, this)
+    , m_drag(strip, *this, *m_widgets.handle)
+    , m_glide(this, "pos")
 {
-    LampControlStrip& s = m_strip;
-    setFixedSize(kWidth, kHeight);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kMargin, 0, kMargin, 0);
-    row->setSpacing(kSpacing);
-
-    m_name = new QLabel(this);
-    m_name->setTextFormat(Qt::PlainText);
-    m_name->setMinimumWidth(kNameWidth);
-    auto* rename = makeRenameButton(this);
-    connect(rename, &QToolButton::clicked, this, [this] { m_strip.showReNamePopover(); });
-
-    row->addWidget(new OnOffButtonView(s.onOffButton(), s.colourWell(), this));
-    row->addWidget(m_name, 1);
-    row->addWidget(rename);
-    const auto addSlider = [&](SliderModel& model, const QString& name, SliderView::MakeBar bar) {
-        row->addWidget(new SliderView(model, std::move(bar), name, this), 1);
-    };
-    addSlider(s.brightnessSlider(), tr("brightness"), brightnessSliderBar);
-    addSlider(s.colourSlider(), tr("colour"), colourSliderBar);
-    addSlider(s.satSlider(), tr("saturation"), [&s](const Rectangle& inside, bool dark) {
-        return whitenessSliderBar(inside, s.saturatedHueComponent(), dark);
-    });
-    addSlider(s.warmthSlider(), tr("warmth"), warmthSliderBar);
-    row->addWidget(new ColourSwatch(s.colourWell(), this));
-
-    s.label().onChange = [this] { mirrorLabel(); };
-    mirrorLabel();
-}
-
-ControlStripView::~ControlStripView()
-{
-    LampControlStrip& s = m_strip;
-    for (ControlModel* model :
-        std::initializer_list<ControlModel*>{&s.label(), &s.onOffButton(), &s.brightnessSlider(),
-            &s.colourSlider(), &s.satSlider(), &s.warmthSlider(), &s.colourWell()})
-        model->onChange = nullptr;
-}
-
-void ControlStripView::mirrorLabel()
-{
-    const QString name = QString::fromStdString(m_strip.label().text());
-    m_name->setText(m_name->fontMetrics().elidedText(name, Qt::ElideRight, m_name->width()));
-    m_name->setToolTip(m_name->text() == name ? QString() : name.toHtmlEscaped());
+    layOut(theme, *this, m_widgets);
+    m_glide.setEasingCurve(QEasingCurve::OutCubic);
+    connect(m_widgets.rename, &IconButton::clicked, this, [this] { m_strip.showReNamePopover(); });
+    connect(m_widgets.handle, &DragHandle::arrowPressed, this, &ControlStripView::moveOnePlace);
+    connect(m_widgets.label, &ElidedLabel::nameChanged, this, &ControlStripView::nameControls);
     nameControls();
 }
 
@@ -89,20 +68,14 @@ void ControlStripView::mirrorLabel()
 void ControlStripView::nameControls()
 {
     const QString lamp = QString::fromStdString(m_strip.label().text());
-    m_name->setAccessibleName(lamp);
-    for (QWidget* child : findChildren<QWidget*>()) {
-        if (child == m_name || child->accessibleName().isEmpty())
+    for (QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (child == m_widgets.label || child->accessibleName().isEmpty())
             continue;
         const QVariant known = child->property("role");
         const QString role = known.isValid() ? known.toString() : child->accessibleName();
         child->setProperty("role", role);
-        child->setAccessibleName(lamp + QStringLiteral(", ") + role);
+        child->setAccessibleName(lamp.isEmpty() ? role : lamp + QStringLiteral(", ") + role);
     }
-}
-
-bool ControlStripView::popoverIsOpen() const
-{
-    return m_popover != nullptr;
 }
 
 Size ControlStripView::size() const
@@ -112,12 +85,31 @@ Size ControlStripView::size() const
 
 Point ControlStripView::origin() const
 {
-    return {static_cast<float>(x()), static_cast<float>(y())};
+    const QPoint place = glides() ? m_glide.endValue().toPoint() : pos();
+    return {static_cast<float>(place.x()), static_cast<float>(place.y())};
 }
 
-void ControlStripView::setOrigin(Point origin, bool)
+void ControlStripView::setOrigin(Point origin, bool gliding)
 {
-    move(static_cast<int>(origin.x), static_cast<int>(origin.y));
+    const QPoint place(static_cast<int>(origin.x), static_cast<int>(origin.y));
+    if (glides() && m_glide.endValue().toPoint() == place)
+        return;
+    m_glide.stop();
+    const bool comesIntoSight = !std::exchange(m_placed, true) || !isVisible();
+    if (!gliding || comesIntoSight || isBeingDragged() || glideMilliseconds() == 0) {
+        move(place);
+    } else if (place != pos()) {
+        m_glide.setDuration(glideMilliseconds());
+        m_glide.setStartValue(pos());
+        m_glide.setEndValue(place);
+        m_glide.start();
+    }
+}
+
+/// 0 on a desktop whose user wants no motion.
+int ControlStripView::glideMilliseconds() const
+{
+    return style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
 }
 
 void ControlStripView::setShown(bool shown)
@@ -125,20 +117,54 @@ void ControlStripView::setShown(bool shown)
     setVisible(shown);
 }
 
+// Rows that still glide out of the way of a dragged one no longer lie under it.
 bool ControlStripView::hitTest(Point point) const
 {
-    return geometry().contains(static_cast<int>(point.x), static_cast<int>(point.y));
+    const Point o = origin();
+    return !isHidden() && point.x >= o.x && point.x < o.x + size().width && point.y >= o.y
+        && point.y < o.y + size().height;
 }
 
-void ControlStripView::popUpEffectMenu(const std::vector<EffectMenuItem>&) { }
+/// The way of the keyboard: as if the row had been dragged onto its neighbour.
+void ControlStripView::moveOnePlace(Qt::Key arrow)
+{
+    const ControlStripView* neighbour = neighbourOf(*this, arrow);
+    if (!neighbour || isBeingDragged())
+        return;
+    const Point origin = neighbour->origin();
+    const Size size = neighbour->size();
+    m_strip.viewDidBeginDragging();
+    raise();
+    m_strip.viewDidMoveTo({origin.x + size.width / 2, origin.y + size.height / 2});
+    m_strip.viewDidFinishDragging();
+    reveal(*this);
+}
+
+void ControlStripView::popUpEffectMenu(const std::vector<EffectMenuItem>& menu)
+{
+    auto* popUp = new QMenu(this);
+    popUp->setAttribute(Qt::WA_DeleteOnClose);
+    for (const EffectMenuItem& item : menu) {
+        if (item.kind == EffectMenuItem::Kind::Separator) {
+            popUp->addSeparator();
+            continue;
+        }
+        QString title = QString::fromStdString(item.title);
+        title.replace(QLatin1Char('&'), QStringLiteral("&&")); // no accelerator
+        // Later, when the menu is gone: what is chosen may rebuild the panel.
+        connect(
+            popUp->addAction(title), &QAction::triggered, this,
+            [this, item] { m_strip.chooseFromEffectMenu(item); }, Qt::QueuedConnection);
+    }
+    popUp->popup(m_widgets.effect->mapToGlobal(QPoint(0, m_widgets.effect->height())));
+}
 
 void ControlStripView::showReNamePopover(const std::string& name)
 {
     m_popover = new RenamePopover(
         QString::fromStdString(name),
         [this](const QString& text) { m_strip.popoverShouldClose(text.toStdString()); }, this);
-    connect(m_popover, &QObject::destroyed, this, [this] { m_popover = nullptr; });
-    m_popover->move(m_name->mapToGlobal(QPoint(0, m_name->height())));
+    m_popover->move(m_widgets.label->mapToGlobal(QPoint(0, m_widgets.label->height())));
     m_popover->show();
     m_popover->setFocus();
 }
@@ -146,14 +172,35 @@ void ControlStripView::showReNamePopover(const std::string& name)
 void ControlStripView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const bool dark = isDark(*this);
     painter.fillRect(rect().adjusted(1, 0, 1, -1),
-        dark ? palette().color(QPalette::Base) : QColor::fromRgbF(0.91F, 0.91F, 0.91F));
+        isDark(*this) ? palette().color(QPalette::Base) : QColor::fromRgbF(0.91F, 0.91F, 0.91F));
 }
 
-void ControlStripView::resizeEvent(QResizeEvent*)
+void ControlStripView::mousePressEvent(QMouseEvent* event)
 {
-    mirrorLabel();
+    m_drag.mouseDown(*event);
+}
+
+void ControlStripView::mouseMoveEvent(QMouseEvent* event)
+{
+    m_drag.mouseDragged(*event);
+    if (isBeingDragged())
+        m_glide.stop(); // the hand has it now
+}
+
+void ControlStripView::mouseReleaseEvent(QMouseEvent*)
+{
+    m_drag.mouseUp();
+}
+
+void ControlStripView::hideEvent(QHideEvent* event)
+{
+    m_drag.abandon();
+    if (glides()) {
+        m_glide.stop();
+        move(m_glide.endValue().toPoint());
+    }
+    QWidget::hideEvent(event);
 }
 
 } // namespace lumeroom

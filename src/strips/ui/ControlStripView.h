@@ -1,44 +1,55 @@
 #pragma once
 
 #include "strips/LampControlStrip.h"
+#include "strips/ui/StripDrag.h"
+#include "strips/ui/StripWidgets.h"
 
+#include <QPointer>
+#include <QPropertyAnimation>
 #include <QWidget>
-
-class QLabel;
 
 namespace lumeroom {
 
-/// One strip as a row: power, name, the four sliders and the swatch.
+/// One strip in the layout of a theme. The user moves it by its handle.
 class ControlStripView : public QWidget, public LampControlStripView {
     Q_OBJECT
 
 public:
-    explicit ControlStripView(LampControlStrip& strip, QWidget* parent = nullptr);
-    ~ControlStripView() override;
+    /// `theme` is one that exists.
+    ControlStripView(LampControlStrip& strip, int theme, QWidget* parent = nullptr);
 
     LampControlStrip& strip() const { return m_strip; }
 
     Size size() const override;
+    /// While the row glides, the place that it glides to.
     Point origin() const override;
     void setOrigin(Point origin, bool gliding) override;
     void setShown(bool shown) override;
-    bool isBeingDragged() const override { return false; }
+    bool isBeingDragged() const override { return m_drag.isOn(); }
     bool hitTest(Point point) const override;
     void showReNamePopover(const std::string& name) override;
-    bool popoverIsOpen() const override;
+    bool popoverIsOpen() const override { return m_popover != nullptr; }
     void popUpEffectMenu(const std::vector<EffectMenuItem>& menu) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
-    void mirrorLabel();
     void nameControls();
+    void moveOnePlace(Qt::Key arrow);
+    int glideMilliseconds() const;
+    bool glides() const { return m_glide.state() == QAbstractAnimation::Running; }
 
     LampControlStrip& m_strip;
-    QLabel* m_name = nullptr;
-    QWidget* m_popover = nullptr;
+    StripWidgets m_widgets;
+    StripDrag m_drag;
+    QPropertyAnimation m_glide;
+    bool m_placed = false;
+    QPointer<QWidget> m_popover;
 };
 
 } // namespace lumeroom

@@ -1,5 +1,6 @@
 #include "strips/ui/OnOffButtonView.h"
 
+#include "strips/ui/Mirror.h"
 #include "strips/ui/Painting.h"
 
 #include <QPainter>
@@ -45,15 +46,16 @@ OnOffButtonView::OnOffButtonView(ButtonModel& model, const ColourWellModel& well
     setAccessibleName(tr("power"));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QAbstractButton::clicked, this, [this] { m_model.press(); });
-    m_model.onChange = [this] { mirror(); };
-    mirror();
+    followModel(m_model, this, &OnOffButtonView::mirror);
 }
 
 void OnOffButtonView::mirror()
 {
+    mirrorControl(*this, m_model);
     setChecked(m_model.state());
     setAccessibleDescription(m_model.state() ? tr("on") : tr("off"));
-    setToolTip(m_model.state() ? tr("Switch off") : tr("Switch on"));
+    if (m_model.toolTip().empty())
+        setToolTip(m_model.state() ? tr("Switch off") : tr("Switch on"));
     update();
 }
 

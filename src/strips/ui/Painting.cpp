@@ -32,7 +32,8 @@ void paintSliderBar(QPainter& painter, const SliderBar& bar)
 {
     const QRectF rect = qRect(bar.rectangle);
     const bool upright = bar.degrees != 0;
-    QLinearGradient gradient(rect.topLeft(), upright ? rect.bottomLeft() : rect.topRight());
+    QLinearGradient gradient(
+        upright ? rect.bottomLeft() : rect.topLeft(), upright ? rect.topLeft() : rect.topRight());
     for (std::size_t i = 0; i < bar.colours.size(); ++i) {
         const double place = static_cast<double>(i) / static_cast<double>(bar.colours.size() - 1);
         gradient.setColorAt(place, qColor(bar.colours[i]));

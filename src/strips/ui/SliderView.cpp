@@ -1,5 +1,6 @@
 #include "strips/ui/SliderView.h"
 
+#include "strips/ui/Mirror.h"
 #include "strips/ui/Painting.h"
 
 #include <QMouseEvent>
@@ -13,9 +14,9 @@ namespace lumeroom {
 namespace {
 
 constexpr double kKnobRadius = 8;
-constexpr int kHeight = 26;
-constexpr int kNarrowest = 70;
-constexpr int kUsualWidth = 130;
+constexpr int kThickness = 26;
+constexpr int kShortest = 70;
+constexpr int kUsualLength = 130;
 constexpr int kKeySteps = 50; // arrow keys from one end to the other
 constexpr int kPageSteps = 10;
 
@@ -38,14 +39,13 @@ SliderView::SliderView(SliderModel& model, MakeBar makeBar, const QString& name,
         if (!m_mirroring)
             m_model.moveTo(static_cast<float>(value));
     });
-    m_model.onChange = [this] { mirror(); };
-    mirror();
+    followModel(m_model, this, &SliderView::mirror);
 }
 
 void SliderView::mirror()
 {
     m_mirroring = true;
-    setEnabled(m_model.isEnabled());
+    mirrorControl(*this, m_model);
     if (!isSliderDown())
         setValue(m_model.integerValue());
     const double percent = 100.0 * m_model.value() / m_model.maximum();
@@ -56,17 +56,30 @@ void SliderView::mirror()
 
 QSize SliderView::sizeHint() const
 {
-    return {kUsualWidth, kHeight};
+    const QSize size(kUsualLength, kThickness);
+    return orientation() == Qt::Horizontal ? size : size.transposed();
 }
 
 QSize SliderView::minimumSizeHint() const
 {
-    return {kNarrowest, kHeight};
+    const QSize size(kShortest, kThickness);
+    return orientation() == Qt::Horizontal ? size : size.transposed();
 }
 
 QRectF SliderView::barRoom() const
 {
-    return QRectF(rect()).adjusted(kKnobRadius + 1, 0, -kKnobRadius - 1, 0);
+    constexpr double kEnd = kKnobRadius + 1;
+    return orientation() == Qt::Horizontal ? QRectF(rect()).adjusted(kEnd, 0, -kEnd, 0)
+                                           : QRectF(rect()).adjusted(0, kEnd, 0, -kEnd);
+}
+
+QPointF SliderView::knobCentre() const
+{
+    const QRectF room = barRoom();
+    const double place = static_cast<double>(value()) / std::max(1, maximum());
+    if (orientation() == Qt::Horizontal)
+        return {room.left() + place * room.width(), room.center().y()};
+    return {room.center().x(), room.bottom() - place * room.height()};
 }
 
 void SliderView::paintEvent(QPaintEvent*)
@@ -86,8 +99,7 @@ void SliderView::paintEvent(QPaintEvent*)
 
     if (!isEnabled())
         return;
-    const double place = static_cast<double>(value()) / std::max(1, maximum());
-    const QPointF knob(barRoom().left() + place * barRoom().width(), barRoom().center().y());
+    const QPointF knob = knobCentre();
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0, 0, 0, 40));
     painter.drawEllipse(knob + QPointF(0, 0.8), kKnobRadius, kKnobRadius);
@@ -108,28 +120,31 @@ void SliderView::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     setSliderDown(true);
-    follow(event->position().x());
+    follow(event->position());
 }
 
 void SliderView::mouseMoveEvent(QMouseEvent* event)
 {
     if (isSliderDown())
-        follow(event->position().x());
+        follow(event->position());
 }
 
 void SliderView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton || !isSliderDown())
         return;
-    follow(event->position().x());
+    follow(event->position());
     setSliderDown(false);
     mirror(); // the lamp may have reported meanwhile, to a knob held still
 }
 
-void SliderView::follow(double x)
+void SliderView::follow(QPointF mouse)
 {
-    const double place = std::clamp((x - barRoom().left()) / barRoom().width(), 0.0, 1.0);
-    setValue(static_cast<int>(std::lround(place * maximum())));
+    const QRectF room = barRoom();
+    const double place = orientation() == Qt::Horizontal
+        ? (mouse.x() - room.left()) / room.width()
+        : (room.bottom() - mouse.y()) / room.height();
+    setValue(static_cast<int>(std::lround(std::clamp(place, 0.0, 1.0) * maximum())));
 }
 
 void SliderView::enterEvent(QEnterEvent*)

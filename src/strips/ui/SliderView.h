@@ -7,8 +7,8 @@
 
 namespace lumeroom {
 
-/// A horizontal slider with a painted bar and a round knob, mirroring a model. A press on the bar
-/// brings the knob there.
+/// A slider with a painted bar and a round knob, mirroring a model. A press on the bar brings the
+/// knob there. Upright, its greatest value is at the top.
 class SliderView : public QAbstractSlider {
     Q_OBJECT
 
@@ -31,8 +31,9 @@ protected:
 
 private:
     void mirror();
-    void follow(double x);
+    void follow(QPointF mouse);
     QRectF barRoom() const;
+    QPointF knobCentre() const;
 
     SliderModel& m_model;
     MakeBar m_makeBar;

@@ -1,0 +1,116 @@
+#include "strips/ui/Icons.h"
+
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+// A resource of a static library has to be asked for, from outside any namespace.
+static void initIcons()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace lumeroom {
+
+namespace {
+
+QString fileOf(Icon which)
+{
+    switch (which) {
+    case Icon::LightStrip:
+        return QStringLiteral("light-strip");
+    case Icon::LightGroup:
+        return QStringLiteral("group");
+    case Icon::RoomGroup:
+        return QStringLiteral("room");
+    case Icon::Lightbulb:
+        return QStringLiteral("lightbulb");
+    case Icon::Power:
+        return QStringLiteral("power");
+    case Icon::NavLocations:
+        return QStringLiteral("location");
+    case Icon::NavTags:
+        return QStringLiteral("tag");
+    case Icon::NavAll:
+        return QStringLiteral("all");
+    case Icon::NavBack:
+        return QStringLiteral("back");
+    case Icon::NavForward:
+        return QStringLiteral("forward");
+    case Icon::Rename:
+        return QStringLiteral("rename");
+    case Icon::Effect:
+        return QStringLiteral("swirl");
+    case Icon::Handle:
+        return QStringLiteral("handle");
+    }
+    return {};
+}
+
+/// Draws a stencil in one colour of the palette, afresh for each size.
+class TintedStencil : public QIconEngine {
+public:
+    TintedStencil(QString file, const QPalette& palette)
+        : m_file(std::move(file))
+        , m_palette(palette)
+    {
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const double scale = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect, pixmap((QSizeF(rect.size()) * scale).toSize(), mode, state));
+    }
+
+    /// `size` is in pixels of the screen.
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
+    {
+        const QColor colour = colourFor(mode);
+        const QString key = QStringLiteral("%1 %2x%3 %4")
+                                .arg(m_file)
+                                .arg(size.width())
+                                .arg(size.height())
+                                .arg(colour.rgba());
+        QPixmap picture;
+        if (QPixmapCache::find(key, &picture))
+            return picture;
+        picture = QPixmap(size);
+        picture.fill(Qt::transparent);
+        QSvgRenderer stencil(QStringLiteral(":/icons/%1.svg").arg(m_file));
+        stencil.setAspectRatioMode(Qt::KeepAspectRatio);
+        QPainter painter(&picture);
+        stencil.render(&painter);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(picture.rect(), colour);
+        painter.end();
+        QPixmapCache::insert(key, picture);
+        return picture;
+    }
+
+    QIconEngine* clone() const override { return std::make_unique<TintedStencil>(*this).release(); }
+
+private:
+    QColor colourFor(QIcon::Mode mode) const
+    {
+        if (mode == QIcon::Selected)
+            return m_palette.color(QPalette::Active, QPalette::HighlightedText);
+        return m_palette.color(
+            mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active, QPalette::WindowText);
+    }
+
+    QString m_file;
+    QPalette m_palette;
+};
+
+} // namespace
+
+QIcon icon(Icon which, const QPalette& palette)
+{
+    initIcons();
+    // The icon owns its engine.
+    return QIcon(std::make_unique<TintedStencil>(fileOf(which), palette).release());
+}
+
+} // namespace lumeroom

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QIcon>
+
+class QPalette;
+
+namespace lumeroom {
+
+/// The pictures that the program draws its own controls with.
+enum class Icon {
+    LightStrip, ///< "Light strip"
+    LightGroup, ///< "Light group"
+    RoomGroup, ///< "Room group"
+    Lightbulb, ///< "lightbulb_trans_Template"
+    Power, ///< "power"
+    NavLocations,
+    NavTags,
+    NavAll,
+    NavBack,
+    NavForward, ///< from a strip to those behind it
+    Rename,
+    Effect,
+    Handle,
+    NavLights = Lightbulb,
+    NavGroups = LightGroup,
+};
+
+/// The picture in the palette's text colour, sharp at every size and scale.
+QIcon icon(Icon which, const QPalette& palette);
+
+} // namespace lumeroom

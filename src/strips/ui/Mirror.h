@@ -1,0 +1,28 @@
+#pragma once
+
+#include "strips/Controls.h"
+
+#include <QPointer>
+#include <QWidget>
+
+/// How a view follows its model.
+namespace lumeroom {
+
+/// Mirrors the model now and at each change, for as long as the view lives.
+template <typename View> void followModel(ControlModel& model, View* view, void (View::*mirror)())
+{
+    model.onChange = [view = QPointer<View>(view), mirror] {
+        if (view)
+            (view->*mirror)();
+    };
+    (view->*mirror)();
+}
+
+/// What all controls have in common: shown or hidden, enabled or not, and the model's tool tip
+/// where it has one.
+void mirrorControl(QWidget& view, const ControlModel& model);
+
+/// A tool tip that shows the text as it stands, also where it looks like markup.
+QString plainToolTip(const QString& text);
+
+} // namespace lumeroom

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+
+class QWidget;
+
+namespace lumeroom {
+
+class BadgeView;
+class DragHandle;
+class ElidedLabel;
+class IconButton;
+class LampControlStrip;
+class OnOffButtonView;
+class SelectionBox;
+class SliderView;
+
+/// The controls of one strip, each mirroring its model and known by its tag in the property "tag".
+/// A layout gives them their places. They belong to the row, and the keyboard goes through them in
+/// the order of the fields.
+struct StripWidgets {
+    StripWidgets(LampControlStrip& strip, QWidget* row);
+
+    DragHandle* handle;
+    SelectionBox* selected;
+    OnOffButtonView* onOffButton;
+    BadgeView* kindBadge;
+    ElidedLabel* label;
+    IconButton* rename;
+    SliderView* brightness;
+    SliderView* colour;
+    SliderView* saturation;
+    SliderView* warmth;
+    QWidget* well;
+    IconButton* effect;
+    IconButton* navigation;
+
+    std::array<SliderView*, 4> sliders() const { return {brightness, colour, saturation, warmth}; }
+};
+
+} // namespace lumeroom

@@ -1,0 +1,193 @@
+#include "desktop/StripRows.h"
+#include "strips/ui/DragHandle.h"
+#include "support/QtTestInput.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QProxyStyle>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace lumeroom::test {
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+void press(QWidget& widget, Qt::Key which, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent event(QEvent::KeyPress, which, modifiers);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+/// A style whose movements last this long.
+class TimedStyle : public QProxyStyle {
+public:
+    explicit TimedStyle(int milliseconds)
+        : QProxyStyle(QStringLiteral("fusion"))
+        , m_milliseconds(milliseconds)
+    {
+    }
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+        QStyleHintReturn* returned) const override
+    {
+        return hint == SH_Widget_Animation_Duration
+            ? m_milliseconds
+            : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+private:
+    int m_milliseconds;
+};
+
+} // namespace
+
+struct StripDragging : StripRows {
+    /// Rows one below the other.
+    void makeColumn(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            ControlStripView& row = rowOf(addStrip("Lamp", theme::kThinControl));
+            row.setOrigin({0, static_cast<float>(34 * i)}, true);
+        }
+        container.resize(820, 34 * count);
+        container.show();
+        QCoreApplication::processEvents();
+    }
+    ControlStripView& row(std::size_t index) { return rowOf(*strips.at(index)); }
+    QWidget& handle(std::size_t index) { return *tagged(row(index), controltag::kDragHandle); }
+};
+
+TEST_F(StripDragging, theHandleMovesTheRowWithTheMouse)
+{
+    makeColumn(3);
+    QWidget& grip = handle(0);
+    const QPointF middle = QRectF(grip.rect()).center();
+    mouseAt(grip, QEvent::MouseButtonPress, middle);
+    EXPECT_TRUE(owner.takeCalls().empty());
+    EXPECT_FALSE(row(0).isBeingDragged());
+    mouseAt(grip, QEvent::MouseMove, middle + QPointF(3, 5));
+    EXPECT_TRUE(row(0).isBeingDragged());
+    EXPECT_EQ(row(0).pos(), QPoint(3, 5));
+    mouseAt(grip, QEvent::MouseMove, middle + QPointF(0, 40)); // the row has moved under it
+    EXPECT_EQ(row(0).pos(), QPoint(3, 45));
+    EXPECT_EQ(owner.takeCalls(), (Calls{"begin", "move 1", "move 1"}));
+    const QPoint mouseInContainer = grip.mapTo(&container, middle.toPoint());
+    EXPECT_EQ(owner.points.back(),
+        (Point{
+            static_cast<float>(mouseInContainer.x()), static_cast<float>(mouseInContainer.y())}));
+    EXPECT_EQ(container.childAt(mouseInContainer)->parentWidget(), &row(0)); // in front
+    mouseAt(grip, QEvent::MouseButtonRelease, middle);
+    EXPECT_FALSE(row(0).isBeingDragged());
+    EXPECT_EQ(owner.takeCalls(), (Calls{"finish"}));
+}
+
+TEST_F(StripDragging, aPressBesideTheHandleMovesNothing)
+{
+    makeColumn(2);
+    QWidget& label = *tagged(row(0), controltag::kLabel);
+    mouseAt(label, QEvent::MouseButtonPress, {5, 5});
+    mouseAt(label, QEvent::MouseMove, {5, 60});
+    mouseAt(label, QEvent::MouseMove, label.mapFrom(&row(0), handle(0).geometry().center()));
+    mouseAt(label, QEvent::MouseButtonRelease, {5, 60});
+    mouseAt(handle(0), QEvent::MouseButtonPress, {5, 5});
+    mouseAt(handle(0), QEvent::MouseButtonRelease, {5, 5}); // a click is no drag
+    EXPECT_EQ(row(0).pos(), QPoint(0, 0));
+    EXPECT_TRUE(owner.takeCalls().empty());
+}
+
+TEST_F(StripDragging, aRowThatGoesOutOfSightIsLetGo)
+{
+    makeColumn(2);
+    mouseAt(handle(0), QEvent::MouseButtonPress, {5, 5});
+    mouseAt(handle(0), QEvent::MouseMove, {5, 20});
+    row(0).setShown(false);
+    EXPECT_FALSE(row(0).isBeingDragged());
+    EXPECT_FALSE(row(0).hitTest({5, 5}));
+    mouseAt(handle(0), QEvent::MouseButtonRelease, {5, 20});
+    EXPECT_EQ(owner.takeCalls(), (Calls{"begin", "move 1"}));
+}
+
+TEST_F(StripDragging, arrowKeysTradePlacesWithTheNeighbour)
+{
+    makeColumn(3);
+    const struct {
+        std::size_t row;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        Calls calls;
+        Point point;
+    } cases[] = {
+        {1, Qt::Key_Down, Qt::NoModifier, {"begin", "move 2", "finish"}, {410, 85}},
+        {1, Qt::Key_Up, Qt::AltModifier, {"begin", "move 2", "finish"}, {410, 17}},
+        {1, Qt::Key_Left, Qt::NoModifier, {"begin", "move 2", "finish"}, {410, 17}},
+        {0, Qt::Key_Up, Qt::NoModifier, {}, {}},
+        {2, Qt::Key_Down, Qt::NoModifier, {}, {}},
+        {1, Qt::Key_Down, Qt::ControlModifier, {}, {}},
+    };
+    for (const auto& c : cases) {
+        owner.points = {{}};
+        press(handle(c.row), c.key, c.modifiers);
+        EXPECT_EQ(owner.takeCalls(), c.calls) << c.row << " key " << c.key;
+        EXPECT_EQ(owner.points.back(), c.point) << c.row << " key " << c.key;
+    }
+    // In a grid, up and down mean the row above and below.
+    row(0).setOrigin({0, 0}, false);
+    row(1).setOrigin({820, 0}, false);
+    row(2).setOrigin({0, 34}, false);
+    press(handle(0), Qt::Key_Down);
+    EXPECT_EQ(owner.points.back(), (Point{410, 51}));
+    press(handle(0), Qt::Key_Right);
+    EXPECT_EQ(owner.points.back(), (Point{1230, 17}));
+}
+
+TEST_F(StripDragging, rowsGlideToTheirPlaces)
+{
+    TimedStyle moving(60);
+    TimedStyle still(0);
+    makeColumn(2);
+    row(0).setStyle(&moving);
+    row(0).setOrigin({0, 300}, true);
+    EXPECT_LT(row(0).y(), 300);
+    EXPECT_EQ(row(0).origin(), (Point{0, 300})); // where it goes is where it is
+    EXPECT_TRUE(row(0).hitTest({5, 310}));
+    EXPECT_FALSE(row(0).hitTest({5, 5}));
+    EXPECT_TRUE(workUntil([&] { return row(0).y() == 300; }));
+
+    row(0).setOrigin({0, 0}, true);
+    row(0).setShown(false); // out of sight it is there at once
+    EXPECT_EQ(row(0).pos(), QPoint(0, 0));
+    row(0).setOrigin({0, 50}, true);
+    EXPECT_EQ(row(0).pos(), QPoint(0, 50));
+
+    row(1).setStyle(&still);
+    row(1).setOrigin({7, 8}, true);
+    EXPECT_EQ(row(1).pos(), QPoint(7, 8));
+    ControlStripView& late = rowOf(addStrip("New", theme::kThinControl));
+    late.setShown(true);
+    late.setOrigin({0, 100}, true); // a new row does not fly in from the corner
+    EXPECT_EQ(late.pos(), QPoint(0, 100));
+    row(0).setStyle(nullptr);
+    row(1).setStyle(nullptr);
+}
+
+TEST_F(StripDragging, theAreaScrollsWhileTheMouseIsAtItsEdge)
+{
+    makeColumn(20);
+    QScrollArea area;
+    area.setWidget(&container);
+    area.resize(860, 200);
+    area.show();
+    QCoreApplication::processEvents();
+    QWidget& grip = handle(0);
+    mouseAt(grip, QEvent::MouseButtonPress, {5, 5});
+    mouseAt(grip, QEvent::MouseMove, {5, 195});
+    const QScrollBar& bar = *area.verticalScrollBar();
+    const int before = row(0).y();
+    EXPECT_TRUE(workUntil([&] { return bar.value() == bar.maximum(); }));
+    EXPECT_EQ(row(0).y() - before, bar.maximum()); // it stays under the mouse
+    mouseAt(grip, QEvent::MouseButtonRelease, {5, 5});
+    area.takeWidget();
+}
+
+} // namespace lumeroom::test

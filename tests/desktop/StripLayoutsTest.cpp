@@ -1,0 +1,186 @@
+#include "desktop/StripRows.h"
+#include "strips/ui/ColourSwatch.h"
+#include "strips/ui/Icons.h"
+#include "strips/ui/SliderView.h"
+#include "support/QtTestInput.h"
+
+#include <QImage>
+#include <QMenu>
+#include <QPainter>
+#include <QToolButton>
+
+namespace lumeroom::test {
+
+namespace ct = controltag;
+
+namespace {
+
+const std::vector<int> kTags{ct::kLabel, ct::kOnOffButton, ct::kBrightnessSlider, ct::kColourSlider,
+    ct::kSaturationSlider, ct::kRenameButton, ct::kKindBadge, ct::kEffectButton,
+    ct::kSelectionButton, ct::kWarmthSlider, ct::kDragHandle, ct::kNavigationButton};
+
+void showEverything(LampControlStrip& strip)
+{
+    strip.showSelectedButton(true);
+    strip.kindBadge().setImage(BadgeModel::Image::LightStrip);
+    strip.kindBadge().setHidden(false);
+    strip.navigationButton().setHidden(false);
+}
+
+} // namespace
+
+TEST_F(StripRows, everyLayoutHasRoomForEveryControl)
+{
+    for (int theme = 0; theme < theme::kCount; ++theme) {
+        LampControlStrip& strip = addStrip("Desk lamp with a long name", theme);
+        showEverything(strip);
+        container.show();
+        ControlStripView& row = rowOf(strip);
+        row.setShown(true);
+        QCoreApplication::processEvents();
+        std::vector<const QWidget*> seen;
+        for (const int tag : kTags) {
+            const QWidget* control = tagged(row, tag);
+            ASSERT_TRUE(control) << "theme " << theme << " tag " << tag;
+            EXPECT_TRUE(control->isVisible()) << theme << " tag " << tag;
+            seen.push_back(control);
+        }
+        seen.push_back(row.findChild<ColourSwatch*>());
+        ASSERT_TRUE(seen.back());
+        for (std::size_t i = 0; i < seen.size(); ++i) {
+            EXPECT_TRUE(row.rect().contains(seen[i]->geometry())) << theme << " control " << i;
+            EXPECT_GE(seen[i]->width(), 14) << theme << " control " << i;
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(seen[i]->geometry().intersects(seen[j]->geometry()))
+                    << theme << " controls " << i << " and " << j;
+        }
+        const bool upright = theme == theme::kSingleControl;
+        const QWidget* slider = tagged(row, ct::kWarmthSlider);
+        EXPECT_EQ(slider->height() > slider->width(), upright) << theme;
+        EXPECT_GE(std::max(slider->height(), slider->width()), 80) << theme;
+    }
+}
+
+TEST_F(StripRows, controlsComeAndGoWithTheirModelsAndKeepTheirPlaces)
+{
+    LampControlStrip& strip = addStrip("Strip", theme::kThinControl);
+    container.show();
+    strip.showSelectedButton(false);
+    strip.navigationButton().setHidden(true);
+    QCoreApplication::processEvents();
+    ControlStripView& row = rowOf(strip);
+    EXPECT_FALSE(tagged(row, ct::kSelectionButton)->isVisible());
+    EXPECT_FALSE(tagged(row, ct::kNavigationButton)->isVisible());
+    const QRect power = tagged(row, ct::kOnOffButton)->geometry();
+
+    showEverything(strip);
+    strip.navigationButton().setToolTip("View 16 zones");
+    int navigated = 0;
+    strip.navigationButton().setAction([&] { ++navigated; });
+    QCoreApplication::processEvents();
+    auto* navigation = qobject_cast<QToolButton*>(tagged(row, ct::kNavigationButton));
+    EXPECT_TRUE(navigation->isVisible());
+    EXPECT_TRUE(navigation->toolTip().contains("View 16 zones"));
+    EXPECT_EQ(navigation->accessibleName(), "Strip, view lamps");
+    EXPECT_EQ(tagged(row, ct::kOnOffButton)->geometry(), power);
+    navigation->click();
+    EXPECT_EQ(navigated, 1);
+    qobject_cast<QAbstractButton*>(tagged(row, ct::kSelectionButton))->click();
+    EXPECT_TRUE(strip.isSelected());
+    strip.setSelected(false);
+    EXPECT_FALSE(qobject_cast<QAbstractButton*>(tagged(row, ct::kSelectionButton))->isChecked());
+}
+
+TEST_F(StripRows, anUprightSliderIsFullAtTheTop)
+{
+    LampControlStrip& strip = addStrip("Desk", theme::kSingleControl);
+    container.show();
+    QCoreApplication::processEvents();
+    auto* slider = qobject_cast<SliderView*>(tagged(rowOf(strip), ct::kBrightnessSlider));
+    const double centre = slider->width() / 2.0;
+    mouseAt(*slider, QEvent::MouseButtonPress, {centre, slider->height() / 2.0});
+    EXPECT_NEAR(slider->value(), 128, 3);
+    mouseAt(*slider, QEvent::MouseMove, {centre, 0});
+    EXPECT_EQ(strip.brightnessSlider().value(), 255);
+    const QImage picture = slider->grab().toImage();
+    const auto lightness = [&](double part) {
+        return picture
+            .pixelColor(static_cast<int>(centre), static_cast<int>(slider->height() * part))
+            .lightness();
+    };
+    EXPECT_GT(lightness(0.2), lightness(0.9) + 5); // the white end of the bar
+    mouseAt(*slider, QEvent::MouseButtonRelease, {centre, slider->height() + 10.0});
+    EXPECT_EQ(strip.brightnessSlider().value(), 0);
+}
+
+TEST_F(StripRows, aNameShowsAsItStands)
+{
+    LampControlStrip& strip = addStrip("Lamp", theme::kSquareControl);
+    container.show();
+    QCoreApplication::processEvents();
+    QWidget* label = tagged(rowOf(strip), ct::kLabel);
+    EXPECT_EQ(label->toolTip(), "");
+    const std::string name = "<b>A lamp</b> & its very long name that no card has room for";
+    strip.label().setText(name);
+    EXPECT_EQ(label->accessibleName(), QString::fromStdString(name));
+    EXPECT_TRUE(label->toolTip().contains("&lt;b&gt;A lamp&lt;/b&gt; &amp; its"));
+    strip.label().setText("");
+    EXPECT_EQ(label->toolTip(), "");
+    EXPECT_EQ(tagged(rowOf(strip), ct::kWarmthSlider)->accessibleName(), "warmth");
+}
+
+TEST_F(StripRows, aNewRowTakesTheStripOver)
+{
+    LampControlStrip& strip = addStrip("Lamp", theme::kHorizontalControl);
+    strip.setControlStripView(
+        std::make_unique<ControlStripView>(strip, theme::kSquareControl, &container));
+    strip.label().setText("Other");
+    strip.brightnessSlider().setValue(99);
+    const ControlStripView& row = rowOf(strip);
+    EXPECT_EQ(tagged(row, ct::kLabel)->accessibleName(), "Other");
+    EXPECT_EQ(qobject_cast<SliderView*>(tagged(row, ct::kBrightnessSlider))->value(), 99);
+}
+
+TEST_F(StripRows, theEffectMenuActsOnceItIsGone)
+{
+    LampControlStrip& strip = addStrip("Lamp", theme::kHorizontalControl);
+    container.show();
+    ControlStripView& row = rowOf(strip);
+    row.popUpEffectMenu({{EffectMenuItem::Kind::Effect, "Fire & ice"}, {},
+        {EffectMenuItem::Kind::EditEffects, "Add / edit effects..."}});
+    auto* menu = row.findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    ASSERT_EQ(menu->actions().size(), 3);
+    EXPECT_EQ(menu->actions().at(0)->text(), "Fire && ice");
+    EXPECT_TRUE(menu->actions().at(1)->isSeparator());
+    menu->actions().at(0)->trigger();
+    menu->actions().at(2)->trigger();
+    EXPECT_TRUE(owner.takeCalls().empty());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(owner.takeCalls(), (std::vector<std::string>{"effect Fire & ice", "effects"}));
+}
+
+TEST(Icons, areSharpAndInTheColourOfTheText)
+{
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, QColor(10, 200, 30));
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(90, 90, 90));
+    for (int which = 0; which <= static_cast<int>(Icon::Handle); ++which) {
+        const QIcon picture = icon(static_cast<Icon>(which), palette);
+        const QPixmap sharp = picture.pixmap(QSize(20, 20), 2.0);
+        EXPECT_EQ(sharp.width(), 40) << which;
+        const auto coloured = [](const QPixmap& pixmap, QColor wanted) {
+            const QImage image = pixmap.toImage();
+            int found = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    found += image.pixelColor(x, y) == wanted;
+            }
+            return found;
+        };
+        EXPECT_GT(coloured(sharp, QColor(10, 200, 30)), 20) << which;
+        EXPECT_GT(coloured(picture.pixmap(QSize(20, 20), 2.0, QIcon::Disabled), {90, 90, 90}), 20);
+    }
+}
+
+} // namespace lumeroom::test
