@@ -160,7 +160,9 @@ std::shared_ptr<LampControlStrip> ManualController::recycledStripForID(
         [&](const auto& strip) { return strip->getID() == id && strip->type() == type; });
     if (found != m_recycler.end())
         return *found;
-    return std::make_shared<LampControlStrip>(id, type, m_runLoop);
+    auto strip = std::make_shared<LampControlStrip>(id, type, m_runLoop);
+    strip->colourWell().setSurroundings(m_defaults, m_log);
+    return strip;
 }
 
 /// Places every strip that the user does not hold, and fits the window and its scroll bars.
