@@ -1,6 +1,6 @@
 #include "strips/ui/ControlStripView.h"
 
-#include "strips/ui/ColourSwatch.h"
+#include "strips/ui/ColourWellView.h"
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/RenamePopover.h"
@@ -62,7 +62,7 @@ ControlStripView::ControlStripView(LampControlStrip& strip, QWidget* parent)
         return whitenessSliderBar(inside, s.saturatedHueComponent(), dark);
     });
     addSlider(s.warmthSlider(), tr("warmth"), warmthSliderBar);
-    row->addWidget(new ColourSwatch(s.colourWell(), this));
+    row->addWidget(new ColourWellView(s.colourWell(), this));
 
     s.label().onChange = [this] { mirrorLabel(); };
     mirrorLabel();
