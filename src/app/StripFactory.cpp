@@ -129,9 +129,11 @@ std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
     const std::string& id, StripType type)
 {
     const auto found = m_recycler.find({type, id});
-    return found != m_recycler.end()
-        ? found->second
-        : std::make_shared<LampControlStrip>(id, type, m_environment.runLoop);
+    if (found != m_recycler.end())
+        return found->second;
+    auto strip = std::make_shared<LampControlStrip>(id, type, m_environment.runLoop);
+    strip->colourWell().setSurroundings(m_environment.defaults, m_environment.log);
+    return strip;
 }
 
 void StripFactory::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)

@@ -18,6 +18,7 @@ public:
     struct Environment {
         RunLoop& runLoop;
         const UserDefaults& defaults;
+        Log& log;
         EngineRoom& engineRoom;
         PanelView& panel;
         const LayoutManager& layoutManager;

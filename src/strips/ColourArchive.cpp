@@ -57,19 +57,18 @@ Value::Data archivedColour(Colour& colour)
     });
 }
 
-std::optional<Colour> colourUsingArchivedColour(std::span<const std::uint8_t> data, Log& log)
+std::optional<Colour> colourUsingArchivedColour(const Value::Data* data, Log& log)
 {
-    if (data.empty()) {
+    if (!data) {
         log.line("unable to make colour with nil archive");
         return {};
     }
-    const auto dictionary = dictionaryFromKeyedArchive(data).value_or(Value::Dictionary());
+    const auto dictionary = dictionaryFromKeyedArchive(*data).value_or(Value::Dictionary());
     const auto hue = component(dictionary, kHue);
     const auto saturation = component(dictionary, kSaturation);
     const auto brightness = component(dictionary, kBrightness);
     if (!hue || !saturation || !brightness) {
-        log.line("unable to make colour using archived colour: {}",
-            description(Value::Data(data.begin(), data.end())));
+        log.line("unable to make colour using archived colour: {}", description(*data));
         return Colour{1, 1, 1, 1, {}};
     }
     return Colour{*hue, *saturation, *brightness, 1, kelvinOf(dictionary)};

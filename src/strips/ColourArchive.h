@@ -3,8 +3,6 @@
 #include "base/Value.h"
 #include "strips/Colour.h"
 
-#include <span>
-
 namespace lumeroom {
 
 class Log;
@@ -13,7 +11,8 @@ class Log;
 /// which files from a Mac carry too. A colour without kelvin is given 3500 K by this.
 Value::Data archivedColour(Colour& colour);
 
-/// The colour in an archive; nothing without data. One that lacks a component is solid red.
-std::optional<Colour> colourUsingArchivedColour(std::span<const std::uint8_t> data, Log& log);
+/// The colour in an archive; nothing for null. One that lacks a component is solid red, and so are
+/// bytes that are no archive, even none at all.
+std::optional<Colour> colourUsingArchivedColour(const Value::Data* data, Log& log);
 
 } // namespace lumeroom

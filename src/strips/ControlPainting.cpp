@@ -47,7 +47,7 @@ SliderBar brightnessSliderBar(const Rectangle& inside, bool dark)
 
 SliderBar warmthSliderBar(const Rectangle& inside, bool dark)
 {
-    return bar(inside, dark, {{0.717F, 0.921F, 0.996F, 1}, white(1), {0.996F, 0.808F, 0.565F, 1}});
+    return bar(inside, dark, {kWarmthColours.begin(), kWarmthColours.end()});
 }
 
 SliderBar colourSliderBar(const Rectangle& inside, bool dark)

@@ -3,6 +3,7 @@
 #include "base/Geometry.h"
 #include "strips/Colour.h"
 
+#include <array>
 #include <vector>
 
 /// What the strips' controls look like, as data for a painter.
@@ -21,6 +22,9 @@ struct SliderBar {
 SliderBar whitenessSliderBar(const Rectangle& inside, float saturatedHueComponent, bool dark);
 SliderBar brightnessSliderBar(const Rectangle& inside, bool dark);
 SliderBar warmthSliderBar(const Rectangle& inside, bool dark);
+/// From the coolest white to the warmest, evenly.
+inline constexpr std::array<Rgba, 3> kWarmthColours{
+    {{0.717F, 0.921F, 0.996F, 1}, {1, 1, 1, 1}, {0.996F, 0.808F, 0.565F, 1}}};
 /// Once around the hues.
 SliderBar colourSliderBar(const Rectangle& inside, bool dark);
 

@@ -1,7 +1,5 @@
 #include "strips/Controls.h"
 
-#include "engine/Records.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -51,28 +49,6 @@ void ZTSlider::fireFilteredAction()
 {
     if (target())
         target()->handleControl(*this);
-}
-
-void ColourWellModel::setColour(const Colour& colour)
-{
-    Colour shown = colour;
-    if ((m_capabilities & kCapabilityColour) == 0) {
-        shown = Colour::grey(colour.brightness);
-        shown.kelvin = colour.kelvin;
-    }
-    assign(m_colour, shown);
-}
-
-void ColourWellModel::userHasPickedColour(const Colour& colour)
-{
-    setColour(colour);
-    handleChange();
-}
-
-void ColourWellModel::fireFilteredAction()
-{
-    if (m_target)
-        m_target->handleControl(*this);
 }
 
 } // namespace lumeroom

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "strips/ActionFilter.h"
-#include "strips/Colour.h"
 #include "strips/ControlPainting.h"
 
 #include <string>
@@ -176,34 +175,6 @@ protected:
     void didMove() override { handleChange(); }
 
 private:
-    ActionFilter m_actionFilter;
-};
-
-/// The swatch that shows a strip's colour, and takes one from the user.
-class ColourWellModel : public ControlModel {
-public:
-    explicit ColourWellModel(RunLoop& runLoop)
-        : ControlModel(0)
-        , m_actionFilter(runLoop, [this] { fireFilteredAction(); })
-    {
-    }
-    const Colour& colour() const { return m_colour; }
-    /// A target without colour shows the grey of the same brightness.
-    void setColour(const Colour& colour);
-    int capabilities() const { return m_capabilities; }
-    void setCapabilities(int capabilities) { assign(m_capabilities, capabilities); }
-    void setFilteredTarget(ControlTarget* target) { m_target = target; }
-
-    /// From the picker, while the user moves through its colours.
-    void userHasPickedColour(const Colour& colour);
-    void handleChange() { m_actionFilter.controlDidChange(); }
-    void fireFilteredAction();
-    bool hasPendingAction() const { return m_actionFilter.isPending(); }
-
-private:
-    Colour m_colour;
-    int m_capabilities = 7;
-    ControlTarget* m_target = nullptr;
     ActionFilter m_actionFilter;
 };
 

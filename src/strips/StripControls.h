@@ -2,6 +2,7 @@
 
 #include "engine/Records.h"
 #include "strips/ColourConversions.h"
+#include "strips/ColourWellModel.h"
 #include "strips/Controls.h"
 
 namespace lumeroom {

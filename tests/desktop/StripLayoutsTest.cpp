@@ -1,5 +1,4 @@
 #include "desktop/StripRows.h"
-#include "strips/ui/ColourSwatch.h"
 #include "strips/ui/Icons.h"
 #include "strips/ui/SliderView.h"
 #include "support/QtTestInput.h"

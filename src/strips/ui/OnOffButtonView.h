@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strips/Controls.h"
+#include "strips/ColourWellModel.h"
 
 #include <QAbstractButton>
 

@@ -2,7 +2,7 @@
 
 #include "strips/LampControlStrip.h"
 #include "strips/ui/BadgeView.h"
-#include "strips/ui/ColourSwatch.h"
+#include "strips/ui/ColourWellView.h"
 #include "strips/ui/DragHandle.h"
 #include "strips/ui/ElidedLabel.h"
 #include "strips/ui/IconButton.h"
@@ -59,7 +59,7 @@ StripWidgets::StripWidgets(LampControlStrip& strip, QWidget* row)
           });
     warmth = slider(strip.warmthSlider(), "warmth", warmthSliderBar);
 
-    well = new ColourSwatch(strip.colourWell(), row);
+    well = new ColourWellView(strip.colourWell(), row);
     effect = tagged(ct::kEffectButton,
         new IconButton(Icon::Effect, text("effects"), strip.effectButton(), row));
     navigation = keepingItsRoom(tagged(ct::kNavigationButton,

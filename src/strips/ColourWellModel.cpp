@@ -1,0 +1,150 @@
+#include "strips/ColourWellModel.h"
+
+#include "base/DefaultsKeys.h"
+#include "base/UserDefaults.h"
+#include "engine/Records.h"
+#include "strips/ColourArchive.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr float kLevels = 255;
+constexpr int kLogLevelOfDrops = 2;
+
+/// Levels of brightness per line of the wheel.
+float scrollSpeed(const UserDefaults* defaults)
+{
+    constexpr float kUnlessSet = 1.5F;
+    const auto speed = defaults ? defaults->objectForKey(keys::kScrollToDimTrackingSpeed)
+                                : std::optional<Value>();
+    return speed ? speed->floatValue() : kUnlessSet;
+}
+
+} // namespace
+
+void ColourWellModel::setSurroundings(const UserDefaults& defaults, Log& log)
+{
+    m_defaults = &defaults;
+    m_log = &log;
+}
+
+void ColourWellModel::setColour(const Colour& colour)
+{
+    Colour shown = colour;
+    if ((m_capabilities & kCapabilityColour) == 0) {
+        shown = Colour::grey(colour.brightness);
+        shown.kelvin = colour.kelvin;
+    }
+    assign(m_colour, shown);
+}
+
+void ColourWellModel::userHasPickedColour(const Colour& colour)
+{
+    setColour(colour);
+    handleChange();
+}
+
+void ColourWellModel::fireFilteredAction()
+{
+    if (m_target)
+        m_target->handleControl(*this);
+}
+
+void ColourWellModel::setColourPicker(std::shared_ptr<ZTColourPicker> picker)
+{
+    if (m_picker && m_picker != picker && m_picker->delegate() == this)
+        m_picker->setDelegate(nullptr);
+    m_picker = std::move(picker);
+}
+
+void ColourWellModel::showThePopover()
+{
+    constexpr float kWhitest = 0.01F;
+    if (!m_picker || !m_popover || !isEnabled())
+        return;
+    m_picker->setDelegate(nullptr); // what it shows on loading is not to come back to any well
+    m_picker->setColour(m_colour);
+    if (usableKelvin(m_colour) && m_colour.saturation <= kWhitest)
+        m_picker->switchToWhitesMode();
+    m_popover->showAtWell(ColourWellPopover::Edge::Right);
+    m_picker->setDelegate(this);
+}
+
+void ColourWellModel::mouseUp()
+{
+    if (m_clickstep != 0)
+        showThePopover();
+    m_clickstep = 0;
+}
+
+void ColourWellModel::scrollWheel(float deltaY)
+{
+    constexpr float kLowestLevel = 0.5F;
+    const float level = m_colour.brightness * kLevels + scrollSpeed(m_defaults) * deltaY;
+    if (!isEnabled() || std::isnan(level))
+        return;
+    setColour({.hue = m_colour.hue,
+        .saturation = m_colour.saturation,
+        .brightness = std::clamp(level, kLowestLevel, kLevels) / kLevels,
+        .alpha = 1,
+        .kelvin = usableKelvin(m_colour)});
+    handleChange();
+}
+
+Value::Data ColourWellModel::archivedColour()
+{
+    return lumeroom::archivedColour(m_colour);
+}
+
+bool ColourWellModel::performDragOperation(const ColourDrop& drop)
+{
+    if (!drop.offersArchive && !drop.offersColour)
+        return refuseDrop("Error MyNSView performDragOperation");
+    const bool taken
+        = drop.offersArchive ? takeArchivedColour(drop.archivedColour) : takeColour(drop.colour);
+    if (!taken)
+        return refuseDrop("Error: MyNSView zPasteboardData == nil");
+    if (m_log->shows(kLogLevelOfDrops)) {
+        const Rgba rgba = rgbaFrom(m_colour);
+        m_log->line("colour dropped with rgbk {:.2f}, {:.2f}, {:.2f}, {} ", rgba.red, rgba.green,
+            rgba.blue, m_colour.kelvin.value_or(0));
+    }
+    return true;
+}
+
+bool ColourWellModel::takeArchivedColour(const std::optional<Value::Data>& data)
+{
+    if (!data)
+        return false;
+    const auto colour = colourUsingArchivedColour(&*data, *m_log);
+    if (!colour)
+        return false;
+    setColour(*colour);
+    fireFilteredAction();
+    if (m_picker) {
+        const bool white = m_colour.saturation * kLevels < 1;
+        m_picker->setPickingWhites(white && usableKelvin(m_colour));
+    }
+    return true;
+}
+
+bool ColourWellModel::takeColour(const std::optional<Colour>& colour)
+{
+    if (!colour)
+        return false;
+    setColour(*colour);
+    fireFilteredAction();
+    return true;
+}
+
+bool ColourWellModel::refuseDrop(std::string_view reason)
+{
+    m_log->line("{}", reason);
+    return false;
+}
+
+} // namespace lumeroom

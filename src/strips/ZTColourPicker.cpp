@@ -1,0 +1,97 @@
+#include "strips/ZTColourPicker.h"
+
+#include "strips/ColourConversions.h"
+
+#include <algorithm>
+
+namespace lumeroom {
+
+namespace {
+constexpr Size kWheelSize{200, 200};
+}
+
+ZTColourPicker::ZTColourPicker()
+    : m_mainSlider(kWheelSize)
+{
+    m_mainSlider.setAllowsCenterPoint(true);
+    m_mainSlider.setAllowsNonEdgePositions(true);
+    m_mainSlider.setAppearance(0);
+    m_mainSlider.setAction([this] { sliderChanged(); });
+    m_mainSlider.setEnabled(true);
+    m_mainSlider.setAngleUnits(SSCircularSlider::AngleUnits::Degrees);
+    handleControl(Control::Whites);
+    handleControl(Control::BrightnessSlider);
+    m_kelvin = kDefaultKelvin;
+}
+
+Colour ZTColourPicker::getColor()
+{
+    if (isPickingWhites()) {
+        m_kelvin = kelvinFromKnob(m_mainSlider.getXOffsetAndYOffset().x);
+        Colour white = Colour::grey(m_brightness);
+        white.kelvin = m_kelvin;
+        return white;
+    }
+    const auto [degrees, distance] = m_mainSlider.getAngleAndDistance();
+    Colour colour = colourFromKnob({degrees, distance}, m_brightness);
+    colour.kelvin = m_kelvin;
+    return colour;
+}
+
+void ZTColourPicker::setColour(const Colour& colour)
+{
+    constexpr float kWhitest = 0.01F;
+    m_kelvin = usableKelvin(colour).value_or(m_kelvin);
+    // As a press of the button, this takes the kelvin back from the knob of the whites: whoever
+    // picks on from a colour opened so has the temperature of the white picked before it.
+    if (isPickingWhites() && colour.saturation > kWhitest)
+        handleControl(Control::Colours);
+    const KnobPlace knob = isPickingWhites() ? knobFromKelvin(m_kelvin) : knobFromColour(colour);
+    m_mainSlider.setAngleAndDistance({knob.degrees, knob.distance});
+    m_brightness = colour.brightness;
+    m_mainSlider.setBrightness(colour.brightness);
+    setNeedsDisplay();
+}
+
+void ZTColourPicker::setPickingWhites(bool whites)
+{
+    m_mainSlider.setWhites(whites);
+    setNeedsDisplay();
+}
+
+void ZTColourPicker::handleControl(Control sender)
+{
+    Colour colour = getColor();
+    switch (sender) {
+    case Control::Whites:
+        colour = Colour::grey(m_brightness);
+        m_mainSlider.setWhites(true);
+        setColour(colour);
+        break;
+    case Control::Colours:
+        m_mainSlider.setWhites(false);
+        setColour(colour);
+        break;
+    case Control::BrightnessSlider:
+        m_mainSlider.setBrightness(m_brightness);
+        setNeedsDisplay();
+        break;
+    }
+    sliderChanged();
+}
+
+void ZTColourPicker::moveBrightnessTo(float brightness)
+{
+    m_brightness = std::clamp(brightness, 0.0F, 1.0F);
+    handleControl(Control::BrightnessSlider);
+}
+
+void ZTColourPicker::sliderChanged()
+{
+    const Colour colour = getColor();
+    if (m_delegate)
+        m_delegate->userHasPickedColour(colour);
+    setNeedsDisplay();
+}
+
+} // namespace lumeroom

@@ -1,0 +1,247 @@
+#include "strips/ui/ColourWellView.h"
+
+#include "strips/ui/ColourPickerPopover.h"
+#include "strips/ui/Mirror.h"
+#include "strips/ui/Painting.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr int kSize = 30;
+constexpr int kSwatchSize = 15;
+const auto kColourType = QStringLiteral("application/x-color");
+
+/// How far the wheel turned, in lines of the model's scrolling: a notch is as many lines as it is
+/// elsewhere on this desktop, usually 3, and a touchpad gives parts of one.
+float linesOf(const QWheelEvent& event)
+{
+    constexpr float kNotch = 120; // eighths of a degree
+    constexpr float kPixelsPerLine = 10;
+    const int turned = event.angleDelta().y();
+    if (turned == 0)
+        return static_cast<float>(event.pixelDelta().y()) / kPixelsPerLine;
+    return static_cast<float>(turned * QApplication::wheelScrollLines()) / kNotch;
+}
+
+Colour colourFrom(const QColor& colour)
+{
+    const QColor hsv = colour.toHsv();
+    return {.hue = std::max(0.0F, hsv.hsvHueF()), // a grey has none
+        .saturation = hsv.hsvSaturationF(),
+        .brightness = hsv.valueF(),
+        .alpha = colour.alphaF(),
+        .kelvin = {}};
+}
+
+ColourDrop dropFrom(const QMimeData& data)
+{
+    ColourDrop drop;
+    drop.offersArchive = data.hasFormat(ColourWellView::kArchiveType);
+    const QByteArray bytes = data.data(ColourWellView::kArchiveType);
+    if (!bytes.isEmpty()) // the toolkit cannot tell no data from none to read
+        drop.archivedColour.emplace(bytes.begin(), bytes.end());
+    drop.offersColour = data.hasFormat(kColourType);
+    const auto colour = data.colorData().value<QColor>();
+    if (colour.isValid())
+        drop.colour = colourFrom(colour);
+    return drop;
+}
+
+void paintGlow(QPainter& painter, const QRectF& oval)
+{
+    constexpr float kFraction = 0.4F;
+    QRadialGradient glow(oval.center() - QPointF(0, oval.height() * 0.25), oval.width() * 0.6);
+    glow.setColorAt(0, QColor::fromRgbF(1, 1, 1, kFraction));
+    glow.setColorAt(1, QColor::fromRgbF(1, 1, 1, 0));
+    painter.setBrush(glow);
+    painter.drawEllipse(oval);
+}
+
+} // namespace
+
+ColourWellView::ColourWellView(ColourWellModel& model, QWidget* parent)
+    : QAbstractButton(parent)
+    , m_model(model)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    setAccessibleName(tr("colour"));
+    connect(this, &QAbstractButton::clicked, this, [this] { m_model.showThePopover(); });
+    m_model.setPopover(this);
+    followModel(m_model, this, &ColourWellView::mirror);
+}
+
+ColourWellView::~ColourWellView()
+{
+    m_model.onChange = nullptr;
+    m_model.setPopover(nullptr);
+    m_model.setColourPicker(nullptr);
+}
+
+void ColourWellView::mirror()
+{
+    mirrorControl(*this, m_model);
+    const Colour& colour = m_model.colour();
+    setAccessibleDescription(tr("hue %1 degrees, saturation %2 percent, brightness %3 percent")
+                                 .arg(std::lround(colour.hue * 360))
+                                 .arg(std::lround(colour.saturation * 100))
+                                 .arg(std::lround(std::min(colour.brightness, 1.0F) * 100)));
+    const std::string& toolTip = m_model.toolTip();
+    setToolTip(
+        toolTip.empty() ? tr("Choose a colour; scroll to dim") : QString::fromStdString(toolTip));
+    update();
+}
+
+QSize ColourWellView::sizeHint() const
+{
+    return {kSize, kSize};
+}
+
+/// The picker is that of the window in which the well now is.
+void ColourWellView::showEvent(QShowEvent*)
+{
+    m_model.setColourPicker(ColourPickerPopover::of(*window()).picker());
+}
+
+void ColourWellView::showAtWell(Edge preferredEdge)
+{
+    ColourPickerPopover::of(*window()).showAt(*this, preferredEdge);
+}
+
+void ColourWellView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_press = event->position().toPoint();
+    m_model.mouseDown();
+}
+
+void ColourWellView::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (!rect().contains(place))
+        m_model.mouseExited();
+    if (!m_press || (place - *m_press).manhattanLength() < QApplication::startDragDistance())
+        return;
+    m_model.mouseExited(); // a drag is no click
+    startDrag(*std::exchange(m_press, std::nullopt));
+}
+
+void ColourWellView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_press.reset();
+    m_model.mouseUp();
+}
+
+void ColourWellView::leaveEvent(QEvent*)
+{
+    m_model.mouseExited();
+}
+
+void ColourWellView::wheelEvent(QWheelEvent* event)
+{
+    const float lines = linesOf(*event);
+    event->setAccepted(lines != 0);
+    if (lines != 0)
+        m_model.scrollWheel(lines);
+}
+
+/// Space clicks, as on any button.
+void ColourWellView::keyPressEvent(QKeyEvent* event)
+{
+    constexpr float kLinesPerKey = 4;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        return;
+    case Qt::Key_Up:
+        m_model.scrollWheel(kLinesPerKey);
+        return;
+    case Qt::Key_Down:
+        m_model.scrollWheel(-kLinesPerKey);
+        return;
+    default:
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+QMimeData* ColourWellView::makeDragData()
+{
+    const Value::Data archive = m_model.archivedColour();
+    auto* offer = new QMimeData;
+    offer->setData(kArchiveType,
+        QByteArray(reinterpret_cast<const char*>(archive.data()), qsizetype(archive.size())));
+    offer->setColorData(qColor(rgbaFrom(m_model.colour())));
+    return offer;
+}
+
+QPixmap ColourWellView::swatch() const
+{
+    const double ratio = devicePixelRatioF();
+    QPixmap pixmap((QSizeF(kSwatchSize, kSwatchSize) * ratio).toSize());
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(qColor(rgbaFrom(m_model.colour())));
+    return pixmap;
+}
+
+void ColourWellView::startDrag(QPoint press)
+{
+    auto* drag = new QDrag(this);
+    drag->setMimeData(makeDragData());
+    drag->setPixmap(swatch());
+    const QPoint middle(kSwatchSize / 2, kSwatchSize / 2);
+    drag->setHotSpot(press - rect().center() + middle); // it sets out from the well's centre
+    drag->exec(Qt::CopyAction);
+}
+
+void ColourWellView::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QMimeData& offer = *event->mimeData();
+    const bool known = offer.hasFormat(kArchiveType) || offer.hasFormat(kColourType);
+    if (!known || !isEnabled() || !event->possibleActions().testFlag(Qt::CopyAction))
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void ColourWellView::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(m_model.performDragOperation(dropFrom(*event->mimeData())));
+}
+
+void ColourWellView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF oval = QRectF(rect()).adjusted(1, 1, -1, -1);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromRgbF(0.9F, 0.9F, 0.9F));
+    painter.drawEllipse(oval);
+    painter.setBrush(qColor(swatchFill(m_model.colour())));
+    painter.drawEllipse(oval);
+    paintGlow(painter, oval);
+
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor::fromRgbF(0.75F, 0.75F, 0.75F), height() / 40.0));
+    painter.drawEllipse(oval);
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawEllipse(oval);
+    }
+}
+
+} // namespace lumeroom

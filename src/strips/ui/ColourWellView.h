@@ -1,0 +1,53 @@
+#pragma once
+
+#include "strips/ColourWellModel.h"
+
+#include <QAbstractButton>
+
+class QMimeData;
+
+namespace lumeroom {
+
+/// A round swatch of a colour. A click opens the picker of its window, the wheel dims, and colours
+/// can be dragged out and dropped in. The model must outlive it.
+class ColourWellView : public QAbstractButton, private ColourWellPopover {
+    Q_OBJECT
+
+public:
+    /// The type under which a well drags an archived colour.
+    static constexpr const char* kArchiveType = "application/x-qvcolorpboardtype";
+
+    ColourWellView(ColourWellModel& model, QWidget* parent);
+    ~ColourWellView() override;
+
+    QSize sizeHint() const override;
+
+    /// What a drag out of the well carries; the caller owns it.
+    QMimeData* makeDragData();
+    /// The picture under the mouse during such a drag.
+    QPixmap swatch() const;
+
+protected:
+    /// Waits until the drag is over. The well may be gone then.
+    virtual void startDrag(QPoint press);
+
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void showAtWell(Edge preferredEdge) override;
+    void mirror();
+
+    ColourWellModel& m_model;
+    std::optional<QPoint> m_press; ///< where the left button went down, while it may become a drag
+};
+
+} // namespace lumeroom

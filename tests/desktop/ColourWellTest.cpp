@@ -1,0 +1,307 @@
+#include "base/ManualRunLoop.h"
+#include "base/UserDefaults.h"
+#include "strips/ColourArchive.h"
+#include "strips/ui/CircularSliderView.h"
+#include "strips/ui/ColourPickerPopover.h"
+#include "strips/ui/ColourWellView.h"
+#include "strips/ui/SliderView.h"
+#include "support/QtTestInput.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScreen>
+
+#include <gtest/gtest.h>
+
+namespace lumeroom {
+
+using test::mouse;
+
+namespace {
+
+/// Notes the start of a drag in place of waiting for its end.
+class Well : public ColourWellView {
+public:
+    using ColourWellView::ColourWellView;
+    int drags = 0;
+
+protected:
+    void startDrag(QPoint) override { ++drags; }
+};
+
+void mouseAt(QWidget& widget, QEvent::Type type, QPointF place)
+{
+    const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void key(QWidget& widget, Qt::Key which)
+{
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, which, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
+/// Whether the widget took it.
+bool wheel(QWidget& widget, QPoint pixels, QPoint angle)
+{
+    const QPointF place = widget.rect().center();
+    QWheelEvent event(place, widget.mapToGlobal(place), pixels, angle, Qt::NoButton, Qt::NoModifier,
+        Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
+    return event.isAccepted();
+}
+
+} // namespace
+
+struct ColourWell : ::testing::Test, ControlTarget {
+    ColourWell()
+    {
+        model.setSurroundings(defaults, log);
+        model.setFilteredTarget(this);
+        window.resize(300, 200);
+        well->setGeometry(20, 20, 30, 30);
+        window.show();
+    }
+    void handleControl(const ControlModel&) override { ++handled; }
+    void unfilteredAction(const ControlModel&) override { }
+    ColourPickerPopover& popover() { return ColourPickerPopover::of(window); }
+    ZTColourPicker& picker() { return *popover().picker(); }
+    QAbstractButton& button(const QString& title)
+    {
+        for (QPushButton* found : popover().findChildren<QPushButton*>()) {
+            if (found->text() == title)
+                return *found;
+        }
+        throw std::out_of_range(title.toStdString());
+    }
+    void click()
+    {
+        mouse(*well, QEvent::MouseButtonPress, 15);
+        mouse(*well, QEvent::MouseButtonRelease, 15);
+    }
+    /// Whether the well takes what is dragged over it and let go there.
+    bool drop(const QMimeData& data, Qt::DropActions actions = Qt::CopyAction)
+    {
+        QDragEnterEvent enter(QPoint(15, 15), actions, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QCoreApplication::sendEvent(well, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event(QPointF(15, 15), actions, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(well, &event);
+        return event.isAccepted();
+    }
+
+    ManualRunLoop loop;
+    UserDefaults defaults;
+    std::vector<std::string> lines;
+    Log log{[this](std::string_view line) { lines.emplace_back(line); }};
+    int handled = 0;
+    ColourWellModel model{loop};
+    QWidget window;
+    Well* well = new Well(model, &window);
+};
+
+TEST_F(ColourWell, aClickOpensThePopoverOnTheScreen)
+{
+    const QRect screen = window.screen()->availableGeometry();
+    for (const QPoint corner :
+        {screen.topLeft(), QPoint(screen.right() - 60, screen.top()), screen.bottomRight()}) {
+        window.move(corner);
+        click();
+        ASSERT_TRUE(popover().isVisible());
+        const QRect place = popover().geometry();
+        EXPECT_EQ(place, place & screen);
+        EXPECT_FALSE(popover().geometry().intersects(
+            QRect(well->mapToGlobal(QPoint(0, 0)), well->size()) & screen));
+        key(popover(), Qt::Key_Escape);
+        EXPECT_FALSE(popover().isVisible());
+    }
+    mouse(*well, QEvent::MouseButtonPress, 15);
+    mouse(*well, QEvent::MouseMove, 16);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(well, &leave);
+    mouse(*well, QEvent::MouseButtonRelease, 15);
+    EXPECT_FALSE(popover().isVisible());
+    for (const auto which : {Qt::Key_Space, Qt::Key_Return}) {
+        key(*well, which);
+        EXPECT_TRUE(popover().isVisible());
+        popover().close();
+    }
+}
+
+TEST_F(ColourWell, aPressOutsideClosesThePopover)
+{
+    const struct {
+        QPoint place; ///< in the window
+        bool replayed;
+    } cases[] = {{{30, 30}, false}, {{5, 190}, true}};
+    for (const auto& c : cases) {
+        click();
+        mouseAt(popover(), QEvent::MouseButtonPress,
+            popover().mapFromGlobal(window.mapToGlobal(c.place)));
+        EXPECT_FALSE(popover().isVisible());
+        EXPECT_EQ(popover().testAttribute(Qt::WA_NoMouseReplay), !c.replayed);
+    }
+}
+
+TEST_F(ColourWell, picksInBothModes)
+{
+    model.setColour({0.5F, 1, 0.5F, 1, 4000});
+    click();
+    auto* circle = popover().findChild<CircularSliderView*>();
+    ASSERT_TRUE(circle);
+    EXPECT_TRUE(button("Colours").isChecked());
+    EXPECT_EQ(circle->accessibleDescription(), "hue 180 degrees, saturation 100 percent");
+    EXPECT_EQ(model.colour(), (Colour{0.5F, 1, 0.5F, 1, 4000}));
+    mouseAt(*circle, QEvent::MouseButtonPress, {100, 56.75}); // upwards, half way out
+    mouseAt(*circle, QEvent::MouseButtonRelease, {100, 56.75});
+    EXPECT_NEAR(model.colour().hue, 0.25, 1e-3);
+    EXPECT_NEAR(model.colour().saturation, 0.5, 1e-3);
+    key(*circle, Qt::Key_Up);
+    EXPECT_NEAR(model.colour().saturation, 0.55, 1e-3);
+
+    button("Whites").click();
+    EXPECT_FALSE(button("Colours").isChecked());
+    EXPECT_EQ(model.colour().saturation, 0);
+    mouseAt(*circle, QEvent::MouseButtonPress, {13.5, 100});
+    mouseAt(*circle, QEvent::MouseMove, {500, 100});
+    mouseAt(*circle, QEvent::MouseButtonRelease, {500, 100});
+    EXPECT_EQ(model.colour(), (Colour{0, 0, 0.5F, 1, 2500}));
+    EXPECT_EQ(circle->accessibleDescription(), "2500 kelvin");
+
+    auto* brightness = popover().findChild<SliderView*>();
+    EXPECT_EQ(brightness->value(), 127);
+    brightness->setValue(51);
+    EXPECT_EQ(model.colour(), (Colour{0, 0, 0.2F, 1, 2500}));
+    EXPECT_EQ(handled, 0);
+    loop.advance(Seconds(0.1));
+    EXPECT_EQ(handled, 1);
+}
+
+TEST_F(ColourWell, thePickerOutlivesNeitherWellNorWindow)
+{
+    click();
+    auto keep = popover().picker();
+    delete std::exchange(well, nullptr);
+    EXPECT_FALSE(popover().isVisible());
+    EXPECT_EQ(keep->delegate(), nullptr);
+
+    auto other = std::make_unique<QWidget>();
+    new ColourWellView(model, other.get());
+    other->show();
+    EXPECT_NE(&ColourPickerPopover::of(*other), &popover());
+    keep = ColourPickerPopover::of(*other).picker();
+    other.reset();
+    keep->moveBrightnessTo(0.5F);
+}
+
+TEST_F(ColourWell, theWheelAndTheArrowsDim)
+{
+    const int linesBefore = QApplication::wheelScrollLines();
+    QApplication::setWheelScrollLines(3);
+    const struct {
+        QPoint pixels;
+        QPoint angle;
+        bool taken;
+        float level; ///< at 1.5 of 255 per line
+    } cases[] = {
+        {{}, {0, 120}, true, 104.5F},
+        {{}, {0, -240}, true, 91},
+        {{0, 5}, {0, 40}, true, 101.5F},
+        {{0, -20}, {}, true, 97},
+        {{}, {120, 0}, false, 100},
+    };
+    for (const auto& c : cases) {
+        model.setColour({0.3F, 1, 100.0F / 255, 1, 4000});
+        EXPECT_EQ(wheel(*well, c.pixels, c.angle), c.taken);
+        EXPECT_NEAR(model.colour().brightness * 255, c.level, 1e-3);
+    }
+    QApplication::setWheelScrollLines(linesBefore);
+    key(*well, Qt::Key_Down);
+    EXPECT_NEAR(model.colour().brightness * 255, 94, 1e-3);
+    key(*well, Qt::Key_Up);
+    EXPECT_EQ(well->accessibleDescription(),
+        "hue 108 degrees, saturation 100 percent, brightness 39 percent");
+}
+
+TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
+{
+    model.setColour({0.5F, 1, 0.5F, 1, {}});
+    mouse(*well, QEvent::MouseButtonPress, 15);
+    mouse(*well, QEvent::MouseMove, 28);
+    mouse(*well, QEvent::MouseMove, 29);
+    mouse(*well, QEvent::MouseButtonRelease, 29);
+    EXPECT_EQ(well->drags, 1);
+    EXPECT_FALSE(popover().isVisible());
+
+    const std::unique_ptr<QMimeData> dragged(well->makeDragData());
+    EXPECT_EQ(model.colour().kelvin, 3500);
+    EXPECT_EQ(dragged->colorData().value<QColor>(), QColor::fromRgbF(0, 0.5F, 0.5F));
+    EXPECT_EQ(well->swatch().deviceIndependentSize(), QSizeF(15, 15));
+    model.setColour({});
+    EXPECT_TRUE(drop(*dragged));
+    EXPECT_EQ(model.colour(), (Colour{0.5F, 1, 0.5F, 1, 3500}));
+    EXPECT_EQ(handled, 1);
+    EXPECT_FALSE(drop(*dragged, Qt::MoveAction | Qt::LinkAction));
+}
+
+TEST_F(ColourWell, refusesDropsThatHoldNoColour)
+{
+    const auto type = QString(ColourWellView::kArchiveType);
+    const struct {
+        QString type;
+        QByteArray bytes;
+        bool taken;
+        std::string line;
+    } cases[] = {
+        {type, "", false, "Error: MyNSView zPasteboardData == nil"},
+        {"application/x-color", "abc", false, "Error: MyNSView zPasteboardData == nil"},
+        {"text/plain", "red", false, ""},
+        {type, "bplist00rubbish", true, "unable to make colour using archived colour: "},
+    };
+    for (const auto& c : cases) {
+        lines.clear();
+        QMimeData data;
+        data.setData(c.type, c.bytes);
+        EXPECT_EQ(drop(data), c.taken) << c.line;
+        EXPECT_EQ(lines.empty(), c.line.empty());
+        EXPECT_TRUE(lines.empty() || lines[0].starts_with(c.line));
+    }
+    EXPECT_EQ(handled, 1);
+
+    QMimeData colour;
+    colour.setColorData(QColor(0, 0, 255, 128));
+    EXPECT_TRUE(drop(colour));
+    EXPECT_NEAR(model.colour().hue, 2.0 / 3, 1e-4);
+    EXPECT_EQ(model.colour().kelvin, std::nullopt);
+    colour.setColorData(QColor(Qt::white));
+    EXPECT_TRUE(drop(colour));
+    EXPECT_EQ(model.colour().hue, 0);
+}
+
+TEST_F(ColourWell, theWheelShowsWhatItsKnobGives)
+{
+    model.setColour({0, 1, 1, 1, {}});
+    click();
+    auto* circle = popover().findChild<CircularSliderView*>();
+    const auto pixel = [&](int x, int y) { return circle->grab().toImage().pixelColor(x, y); };
+    picker().setColour({0.99F, 1, 1, 1, {}});
+    EXPECT_GT(pixel(100, 30).greenF(), pixel(100, 30).redF());
+    EXPECT_GT(pixel(30, 100).blueF(), pixel(30, 100).redF());
+    EXPECT_GT(pixel(100, 100).lightness(), 240);
+    picker().moveBrightnessTo(0.2F);
+    EXPECT_LT(pixel(100, 100).lightness(), 128);
+    button("Whites").click();
+    picker().moveBrightnessTo(1);
+    EXPECT_GT(pixel(30, 100).blueF(), pixel(30, 100).redF() + 0.1);
+    EXPECT_GT(pixel(170, 100).redF(), pixel(170, 100).blueF() + 0.1);
+}
+
+} // namespace lumeroom
