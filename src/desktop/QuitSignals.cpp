@@ -8,14 +8,29 @@
 
 namespace lumeroom {
 
-QuitSignals::QuitSignals()
+namespace {
+
+sigset_t quittingSignals()
 {
-    // Blocked in every thread, they arrive on the descriptor alone.
     sigset_t quitting;
     sigemptyset(&quitting);
     sigaddset(&quitting, SIGTERM);
     sigaddset(&quitting, SIGINT);
+    return quitting;
+}
+
+} // namespace
+
+void QuitSignals::hold()
+{
+    const sigset_t quitting = quittingSignals();
     pthread_sigmask(SIG_BLOCK, &quitting, nullptr);
+}
+
+QuitSignals::QuitSignals()
+{
+    // Held back in every thread, they arrive on the descriptor alone.
+    const sigset_t quitting = quittingSignals();
     m_descriptor = ::signalfd(-1, &quitting, SFD_CLOEXEC | SFD_NONBLOCK);
     auto* notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] {

@@ -1,5 +1,6 @@
 #include "desktop/Appearance.h"
 #include "desktop/Application.h"
+#include "desktop/QuitSignals.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -30,6 +31,7 @@ int main(int argc, char** argv)
 
     // A terminal that goes away takes the log with it, not the program.
     std::signal(SIGPIPE, SIG_IGN);
+    QuitSignals::hold();
 
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lumeroom"));
