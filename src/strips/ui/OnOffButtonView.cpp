@@ -78,9 +78,10 @@ void OnOffButtonView::paintEvent(QPaintEvent*)
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(qColor(paint.outline), paint.outlineWidth));
     painter.drawEllipse(oval);
-    paintGlow(painter, oval);
     const bool on = m_model.state();
-    paintPowerSign(painter, oval, on ? QColor(60, 60, 66) : QColor(240, 240, 244));
+    if (on)
+        paintGlow(painter, oval); // none on a lamp that is off: the sign must stand out
+    paintPowerSign(painter, oval, on ? QColor(60, 60, 66) : QColor(Qt::white));
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawEllipse(oval.adjusted(-3, -3, 3, 3));
