@@ -185,6 +185,12 @@ Lamps ManualController::lampsOfGroupStrip(const std::string& id) const
 
 void ManualController::populateLampsPopUp() { }
 
+void ManualController::stripHasMissedReports()
+{
+    lampStatesChanged();
+    lampZoneStatesChanged();
+}
+
 void ManualController::viewDidBeginDragging()
 {
     m_panelSetUp.layoutManager().saveWindowState();

@@ -46,6 +46,7 @@ public:
     const UserDefaults& userDefaults() const override { return m_defaults; }
     void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id) override;
     void populateLampsPopUp() override;
+    void stripHasMissedReports() override;
     void viewDidBeginDragging() override;
     void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) override;
     void viewDidFinishDragging() override;

@@ -5,12 +5,14 @@
 #include "engine/EngineRoom.h"
 #include "engine/LampUnits.h"
 
+#include <utility>
+
 namespace lumeroom {
 
 LampControlStrip::LampControlStrip(std::string id, StripType type, RunLoop& runLoop)
     : m_target{std::move(id), type}
     , m_controls(runLoop, *this)
-    , m_embargo(runLoop)
+    , m_embargo(runLoop, [this] { embargoHasLifted(); })
 {
 }
 
@@ -191,8 +193,15 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmba
     const StripSettings& settings)
 {
     // A report in the tenth of a second before the user's change is sent would undo the change.
-    if (!embargo() && !m_controls.hasPendingAction())
+    m_missedReport = embargo() || m_controls.hasPendingAction();
+    if (!m_missedReport)
         implementSettingsFromDictionaryWithoutActing(settings);
+}
+
+void LampControlStrip::embargoHasLifted()
+{
+    if (std::exchange(m_missedReport, false) && m_owner)
+        m_owner->stripHasMissedReports();
 }
 
 void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(

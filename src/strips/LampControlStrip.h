@@ -116,6 +116,7 @@ private:
     void sendSettingsToStripsInGroup(const StripSettings& settings);
     void showInSlider(SliderModel& slider, const std::optional<double>& value);
     void releaseStatusBarMenuItem();
+    void embargoHasLifted();
 
     StripTarget m_target;
     int m_tag = 0;
@@ -124,6 +125,7 @@ private:
     LampControlStripOwner* m_owner = nullptr;
     StripControls m_controls;
     StripEmbargo m_embargo;
+    bool m_missedReport = false;
     std::unique_ptr<StripEffect> m_runner;
     std::shared_ptr<MenuItemModel> m_statusBarMenuItem;
     std::unique_ptr<LampControlStripView> m_view; ///< looks at the controls, so it goes first

@@ -32,6 +32,9 @@ public:
     virtual void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id)
         = 0;
     virtual void populateLampsPopUp() = 0;
+    /// An embargo is over that kept reports from a strip. The engine tells a change only once, so
+    /// the records have to be shown again.
+    virtual void stripHasMissedReports() = 0;
     virtual int runModal(const Alert& alert) = 0;
 
     // The user drags the strip to another place

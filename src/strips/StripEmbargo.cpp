@@ -22,10 +22,12 @@ void StripEmbargo::imposeTemporaryEmbargo()
 // Whoever else has set the flag since is not asked: a strip that fell out of use hears no reports.
 void StripEmbargo::removeEmbargo()
 {
-    if (m_runLoop.now() > m_until)
-        m_set = false;
-    else
+    if (m_runLoop.now() <= m_until) {
         m_timer = m_runLoop.after(kNextLook, [this] { removeEmbargo(); });
+        return;
+    }
+    m_set = false;
+    m_lifted();
 }
 
 } // namespace lumeroom

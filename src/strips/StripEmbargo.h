@@ -8,8 +8,10 @@ namespace lumeroom {
 /// during a routine that only shows settings, and while the strip is out of use.
 class StripEmbargo {
 public:
-    explicit StripEmbargo(RunLoop& runLoop)
+    /// `lifted` is called when a temporary embargo has run out.
+    StripEmbargo(RunLoop& runLoop, std::function<void()> lifted)
         : m_runLoop(runLoop)
+        , m_lifted(std::move(lifted))
     {
     }
 
@@ -41,6 +43,7 @@ private:
     void removeEmbargo();
 
     RunLoop& m_runLoop;
+    std::function<void()> m_lifted;
     bool m_set = false;
     TimePoint m_until;
     Timer m_timer;

@@ -73,7 +73,9 @@ TEST_F(Controller, reportsMoveTheStripsUnlessTouched)
     receive(lightState(1, {.brightness = 51400, .label = "One"}));
     loop.advance(Seconds(3));
     EXPECT_EQ(strip.brightnessSlider().value(), 10);
+    receive(lightState(1, {.brightness = 51400, .label = "One"})); // no change, so not told again
     loop.advance(Seconds(5));
+    EXPECT_EQ(strip.brightnessSlider().value(), 200); // what came under the embargo
     receive(lightState(1, {.brightness = 12850, .label = "One"}));
     loop.runPosted();
     EXPECT_EQ(strip.brightnessSlider().value(), 50);

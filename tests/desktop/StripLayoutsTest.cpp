@@ -1,4 +1,5 @@
 #include "desktop/StripRows.h"
+#include "strips/ui/ColourWellView.h"
 #include "strips/ui/Icons.h"
 #include "strips/ui/SliderView.h"
 #include "support/QtTestInput.h"
@@ -44,7 +45,7 @@ TEST_F(StripRows, everyLayoutHasRoomForEveryControl)
             EXPECT_TRUE(control->isVisible()) << theme << " tag " << tag;
             seen.push_back(control);
         }
-        seen.push_back(row.findChild<ColourSwatch*>());
+        seen.push_back(row.findChild<ColourWellView*>());
         ASSERT_TRUE(seen.back());
         for (std::size_t i = 0; i < seen.size(); ++i) {
             EXPECT_TRUE(row.rect().contains(seen[i]->geometry())) << theme << " control " << i;

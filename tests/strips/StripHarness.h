@@ -26,6 +26,7 @@ public:
             line += " " + key + "=" + description(value);
         calls.push_back(line);
     }
+    void stripHasMissedReports() override { calls.emplace_back("missed"); }
     void populateLampsPopUp() override { calls.emplace_back("populateLampsPopUp"); }
     int runModal(const Alert& alert) override
     {

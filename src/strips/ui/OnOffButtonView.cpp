@@ -82,7 +82,7 @@ void OnOffButtonView::paintEvent(QPaintEvent*)
     painter.drawEllipse(oval);
     paintGlow(painter, oval);
     const bool on = m_model.state();
-    paintPowerSign(painter, oval, on ? QColor(60, 60, 66) : QColor(240, 240, 244));
+    paintPowerSign(painter, oval, on ? QColor(60, 60, 66) : QColor(Qt::white));
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawEllipse(oval.adjusted(-3, -3, 3, 3));
