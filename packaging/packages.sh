@@ -1,10 +1,11 @@
 # shellcheck shell=bash disable=SC2034
 # What the program is built and tested with, as Debian 12 names it, and how it gets installed.
 
-build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libgl-dev libplist-dev
+build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libgl-dev libxcb1-dev libplist-dev
     libfmt-dev nlohmann-json3-dev fonts-dejavu-core)
 display_packages=(xvfb)
-test_packages=(libgtest-dev libbenchmark-dev iproute2 util-linux)
+test_packages=(libgtest-dev libbenchmark-dev iproute2 util-linux
+    dbus-daemon x11-utils)
 check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)
 
 # The packages among the arguments that are not installed.
