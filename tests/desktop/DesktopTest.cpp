@@ -1,6 +1,7 @@
 #include "app/ui/ConsoleWindow.h"
 #include "app/ui/ControlPanelWindow.h"
 #include "app/ui/WorkflowPopoverView.h"
+#include "base/Log.h"
 #include "base/ManualRunLoop.h"
 #include "desktop/CommandLine.h"
 #include "desktop/HiddenDockIcon.h"
