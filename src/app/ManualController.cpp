@@ -22,6 +22,11 @@ ManualController::ManualController(
     , m_log(log)
     , m_engineRoom(engineRoom)
     , m_panel(panel)
+    , m_statusMenu(engineRoom, defaults,
+          {.showManualControl = [this] { showManualControl(); },
+              .allOn = [this] { allOn(); },
+              .allOff = [this] { allOff(); }})
+    , m_lampsPopUp(engineRoom, defaults)
     , m_panelSetUp({runLoop, defaults, log, engineRoom, panel, *this, companions()})
     , m_reports(engineRoom, m_panelSetUp.collection(), m_panelSetUp.factory(), log)
 {
@@ -35,8 +40,8 @@ ManualController::~ManualController()
 PanelSetUp::Companions ManualController::companions()
 {
     return {
-        .begin = [] {},
-        .addToStatusMenu = [](const std::shared_ptr<LampControlStrip>&) {},
+        .begin = [this] { m_statusMenu.begin(); },
+        .addToStatusMenu = [this](const auto& strip) { m_statusMenu.addStrip(*strip); },
         .fillEditMenus = [](bool) {},
         .finish = [this] { populateLampsPopUp(); },
         .placed = [] {},
@@ -103,6 +108,7 @@ Strips ManualController::getStripsInGroup(std::string_view id) const
 void ManualController::newLampsAdded()
 {
     m_panelSetUp.refreshSoon();
+    m_statusMenu.updateDockIcon();
 }
 
 void ManualController::newZoneAdded()
@@ -131,6 +137,7 @@ void ManualController::lampStatesChanged()
             m_reports.updateTags(m_engineRoom.tagsArray());
         if (navigation.model().all.state())
             m_reports.updateGroupAll();
+        m_statusMenu.updateDockIcon();
     }));
 }
 
@@ -183,7 +190,10 @@ Lamps ManualController::lampsOfGroupStrip(const std::string& id) const
     }
 }
 
-void ManualController::populateLampsPopUp() { }
+void ManualController::populateLampsPopUp()
+{
+    m_lampsPopUp.populateLampsPopUp();
+}
 
 void ManualController::stripHasMissedReports()
 {

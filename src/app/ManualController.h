@@ -1,6 +1,8 @@
 #pragma once
 
+#include "app/LampsPopUp.h"
 #include "app/PanelSetUp.h"
+#include "app/StatusMenu.h"
 #include "app/StripReports.h"
 #include "engine/QVLIFXEngineDelegate.h"
 
@@ -27,6 +29,7 @@ public:
     void allOff();
 
     PanelSetUp& panelSetUp() { return m_panelSetUp; }
+    StatusMenu& statusMenu() { return m_statusMenu; }
     const Strips& collection() const { return m_panelSetUp.collection().strips(); }
     void switchTheme(int theme) { m_panelSetUp.switchTheme(theme); }
     void windowDidEndLiveResize();
@@ -63,6 +66,8 @@ private:
     Log& m_log;
     EngineRoom& m_engineRoom;
     PanelView& m_panel;
+    StatusMenu m_statusMenu;
+    LampsPopUp m_lampsPopUp;
     PanelSetUp m_panelSetUp;
     StripReports m_reports;
     bool m_lampsPending = false; ///< an update of the strips is on its way

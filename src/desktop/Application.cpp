@@ -62,6 +62,7 @@ int Application::run()
 {
     m_controller.awakeFromNib();
     makeMenus();
+    makeStatusItem();
     m_panel.show();
     m_controller.applicationDidFinishLaunching();
     if (!m_commandLine.snapshotFile.empty()) {
@@ -87,6 +88,19 @@ void Application::makeMenus()
                     m_console.raise();
                     m_console.activateWindow();
                 }});
+}
+
+void Application::makeStatusItem()
+{
+    m_controller.statusMenu().setBadgeLabel
+        = [this](std::optional<int> number) { m_badge.setLabel(number); };
+    if (!m_commandLine.snapshotFile.empty())
+        return; // a picture of the panel needs no place in the tray
+    m_trayIcon = std::make_unique<TrayIcon>(m_controller.statusMenu());
+    if (m_defaults.boolForKey(keys::kHideDockIcon)) {
+        m_hiddenDockIcon = std::make_unique<HiddenDockIcon>(
+            [this] { return m_trayIcon->isThere(); }, [this] { quit(); }, m_log);
+    }
 }
 
 void Application::quit()

@@ -8,10 +8,13 @@
 #include "base/UserDefaults.h"
 #include "desktop/CommandLine.h"
 #include "desktop/Demonstration.h"
+#include "desktop/HiddenDockIcon.h"
+#include "desktop/LauncherBadge.h"
 #include "desktop/QtRunLoop.h"
 #include "desktop/QuitSignals.h"
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
+#include "desktop/TrayIcon.h"
 #include "engine/EngineRoom.h"
 #include "engine/SystemArpTable.h"
 #include "engine/UdpIoThread.h"
@@ -43,6 +46,7 @@ private:
 
     std::filesystem::path defaultsFile() const;
     void makeMenus();
+    void makeStatusItem();
     void quit();
     void terminate();
 
@@ -61,6 +65,9 @@ private:
     EngineRoom m_engineRoom;
     ControlPanelWindow m_panel;
     ManualController m_controller;
+    LauncherBadge m_badge;
+    std::unique_ptr<TrayIcon> m_trayIcon;
+    std::unique_ptr<HiddenDockIcon> m_hiddenDockIcon;
     std::unique_ptr<Snapshot> m_snapshot;
     bool m_terminated = false;
 };

@@ -10,7 +10,7 @@ namespace lumeroom {
 namespace {
 
 constexpr Seconds kPause(0.1);
-constexpr std::size_t kRepeatedPollsAllowedBelow = 100;
+constexpr std::size_t kRepeatedPollsAllowedBelow = 30;
 constexpr std::size_t kSocketsAwaitingReply = 10;
 
 } // namespace

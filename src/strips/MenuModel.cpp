@@ -13,8 +13,9 @@ std::shared_ptr<MenuItemModel> MenuItemModel::separator()
 
 void MenuItemModel::choose() const
 {
-    if (m_action)
-        m_action();
+    // What is chosen may fill the menu anew, and this entry goes with the old ones.
+    if (const auto action = m_action)
+        action();
     else if (m_target)
         m_target->handleControl(*this);
 }

@@ -1,18 +1,24 @@
 #include "app/ui/ConsoleWindow.h"
 #include "app/ui/ControlPanelWindow.h"
+#include "app/ui/WorkflowPopoverView.h"
+#include "base/Log.h"
 #include "base/ManualRunLoop.h"
 #include "desktop/CommandLine.h"
+#include "desktop/HiddenDockIcon.h"
 #include "desktop/QtRunLoop.h"
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
 #include "strips/LayoutManager.h"
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/OnOffButtonView.h"
+#include "strips/ui/Painting.h"
 #include "strips/ui/SliderView.h"
 #include "support/QtTestInput.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -95,6 +101,67 @@ TEST(StandardErrorPipe, handsOverWholeCharacters)
         EXPECT_TRUE(loop.runUntil([&] { return text == lamp; })) << text;
     }
     ASSERT_EQ(::write(STDERR_FILENO, "", 0), 0); // the stream is back
+}
+
+TEST(HiddenDockIcon, keepsTheProgramRunningWhileThereIsATray)
+{
+    std::vector<std::string> lines;
+    Log log([&](std::string_view line) { lines.emplace_back(line); });
+    bool trayIsThere = true;
+    const HiddenDockIcon hidden(
+        [&] { return trayIsThere; }, [] { QCoreApplication::exit(1); }, log);
+    EXPECT_EQ(lines.size(), 1U); // this display has no task bar to keep off
+    const auto closeTheWindow = [] {
+        QWidget window;
+        window.show();
+        QTimer::singleShot(0, &window, [&] {
+            window.close();
+            QTimer::singleShot(0, &window, [] { QCoreApplication::exit(2); });
+        });
+        return QApplication::exec();
+    };
+    EXPECT_EQ(closeTheWindow(), 2);
+    trayIsThere = false;
+    EXPECT_EQ(closeTheWindow(), 1);
+}
+
+TEST(WorkflowPopover, staysUntilAButtonIsPressedOutOfTheWayOfTheSelectionButtons)
+{
+    ControlPanelWindow panel;
+    panel.resize(700, 400);
+    panel.show();
+    panel.setContainerSize({700, 900});
+    std::vector<std::string> closed;
+    const auto show = [&](const Rectangle& pointsAt) {
+        panel.showWorkflowPopover(
+            {"Pick lamps", "Den", "Save", pointsAt, [&](int tag, const std::string& name) {
+                 closed.push_back(std::to_string(tag) + " " + name);
+                 panel.closeWorkflowPopover(); // goes with the button that was pressed
+             }});
+        return panel.findChildren<WorkflowPopoverView*>().back();
+    };
+    const struct {
+        Rectangle pointsAt;
+    } cases[] = {{{675, 0, 25, 45000}}, {{0, 0, 700, 25}}, {{0, 0, 25, 900}}};
+    for (const auto& c : cases) {
+        const auto* popover = show(c.pointsAt);
+        EXPECT_TRUE(panel.popoverIsOpen());
+        EXPECT_TRUE(popover->parentWidget()->rect().contains(popover->geometry()));
+        EXPECT_FALSE(qRect(c.pointsAt).toRect().intersects(popover->geometry()));
+    }
+    auto* popover = show({675, 0, 25, 45000});
+    panel.resize(500, 300); // it follows the window inwards
+    EXPECT_TRUE(popover->parentWidget()->rect().contains(popover->geometry()));
+
+    popover->findChild<QLineEdit*>()->setText("Attic");
+    auto buttons = popover->findChildren<QPushButton*>();
+    ASSERT_EQ(buttons.size(), 2);
+    EXPECT_EQ(buttons[1]->text(), "Save");
+    buttons[1]->click();
+    EXPECT_FALSE(panel.popoverIsOpen());
+    buttons[1]->click(); // it is on its way out
+    show({0, 0, 25, 25})->findChildren<QPushButton*>()[0]->click();
+    EXPECT_EQ(closed, (std::vector<std::string>{"1 Attic", "0 Den"}));
 }
 
 TEST(ConsoleWindow, findsForwardBackwardAndAround)

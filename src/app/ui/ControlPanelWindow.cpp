@@ -3,7 +3,9 @@
 #include "app/NavigationModel.h"
 #include "app/ui/NavigationView.h"
 #include "app/ui/Throbber.h"
+#include "app/ui/WorkflowPopoverView.h"
 #include "strips/ui/ControlStripView.h"
+#include "strips/ui/Painting.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -90,6 +92,8 @@ void ControlPanelWindow::resizeEvent(QResizeEvent* event)
     placeThrobber();
     if (event->spontaneous())
         m_resizeRest->start();
+    if (m_workflowPopover)
+        m_workflowPopover->keepInside();
 }
 
 /// The desktop has no message for the end of a resize: it has ended once the size rests and no
@@ -203,13 +207,29 @@ void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView
     }
 }
 
-void ControlPanelWindow::showWorkflowPopover(const WorkflowPopover&) { }
+void ControlPanelWindow::showWorkflowPopover(const WorkflowPopover& popover)
+{
+    closeWorkflowPopover();
+    QWidget* over = m_scrollView->viewport();
+    m_workflowPopover = new WorkflowPopoverView(popover, over);
+    const QPoint origin = m_contentView->mapTo(over, QPoint());
+    m_workflowPopover->placeBeside(qRect(popover.pointsAt).toAlignedRect().translated(origin));
+    m_workflowPopover->show();
+    m_workflowPopover->takeFocus();
+}
 
-void ControlPanelWindow::closeWorkflowPopover() { }
+// It may be the popover's own button that closes it.
+void ControlPanelWindow::closeWorkflowPopover()
+{
+    if (auto* popover = std::exchange(m_workflowPopover, nullptr)) {
+        popover->hide();
+        popover->deleteLater();
+    }
+}
 
 bool ControlPanelWindow::popoverIsOpen() const
 {
-    return false;
+    return m_workflowPopover != nullptr;
 }
 
 void ControlPanelWindow::makeKeyAndFront()

@@ -11,6 +11,7 @@ class QTimer;
 namespace lumeroom {
 
 class Throbber;
+class WorkflowPopoverView;
 
 /// The window of the control panel: the navigation, and beside it the strips in a container that
 /// scrolls.
@@ -63,6 +64,7 @@ private:
     QTimer* m_resizeRest; ///< runs out when the window has kept its size for a moment
     QSize m_endedSize; ///< what was told last
     std::vector<LampControlStripView*> m_keyboardOrder;
+    WorkflowPopoverView* m_workflowPopover = nullptr;
 };
 
 } // namespace lumeroom

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "app/WorkflowPanel.h"
+#include "strips/MenuModel.h"
+
+#include <array>
+
+namespace lumeroom {
+
+class EngineRoom;
+class Log;
+
+/// Making, editing and deleting groups, locations and tags: the panel goes over to all lamps, the
+/// user picks some in place and confirms in a popover, and the panel goes back.
+/// Menus hand over the name alone: of two with one name, the first that the engine finds is meant.
+class GroupWorkflows {
+public:
+    GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowPanel& panel);
+    GroupWorkflows(const GroupWorkflows&) = delete;
+    GroupWorkflows& operator=(const GroupWorkflows&) = delete;
+
+    void makeGroupStep1() { makeStep1(GroupingKind::Group); }
+    void makeLocationStep1() { makeStep1(GroupingKind::Location); }
+    void makeTagStep1() { makeStep1(GroupingKind::Tag); }
+    void editGroupStep1(const std::string& name) { editStep1(GroupingKind::Group, name); }
+    void editLocationStep1(const std::string& name) { editStep1(GroupingKind::Location, name); }
+    void editTagStep1(const std::string& name) { editStep1(GroupingKind::Tag, name); }
+    void removeGroup(const std::string& name) { remove(GroupingKind::Group, name); }
+    void removeLocation(const std::string& name) { remove(GroupingKind::Location, name); }
+    void removeTag(const std::string& name) { remove(GroupingKind::Tag, name); }
+
+    // The menus hold what there was when they were last filled
+    MenuModel& editGroupMenu() { return menus(GroupingKind::Group).edit; }
+    MenuModel& deleteGroupMenu() { return menus(GroupingKind::Group).remove; }
+    MenuModel& editLocationMenu() { return menus(GroupingKind::Location).edit; }
+    MenuModel& deleteLocationMenu() { return menus(GroupingKind::Location).remove; }
+    MenuModel& editTagMenu() { return menus(GroupingKind::Tag).edit; }
+    MenuModel& deleteTagMenu() { return menus(GroupingKind::Tag).remove; }
+    /// Fills the edit and delete menus of this kind with the names that the engine knows.
+    void fillMenus(GroupingKind kind);
+    /// Pops the menu up over the button, whose frame is in window coordinates.
+    void editGroupActionButton(const Rectangle& button);
+    void deleteGroupActionButton(const Rectangle& button);
+
+    /// When the panel goes back by itself, an open edit of a group or location is dropped. One of a
+    /// tag, and whatever is being made, stays open.
+    void closeEditPopovers();
+
+private:
+    enum class Step { Make, Edit };
+    struct Open {
+        Step step;
+        GroupingKind kind;
+        bool operator==(const Open&) const = default;
+    };
+    struct Menus {
+        MenuModel edit;
+        MenuModel remove;
+    };
+
+    void makeStep1(GroupingKind kind);
+    void makePopoverClose(GroupingKind kind, int tag, const std::string& name);
+    void make(GroupingKind kind, const Strips& strips, const std::string& name);
+    void editStep1(GroupingKind kind, const std::string& name);
+    void editPopoverClose(GroupingKind kind, int tag, const std::string& name);
+    void remove(GroupingKind kind, const std::string& name);
+    Strips stripsOf(const Lamps& lamps, const std::string& name) const;
+    void showPopover(Open open, WorkflowPopover popover);
+    void closePopover();
+    void popUpOver(const Rectangle& button, MenuModel& menu);
+    Menus& menus(GroupingKind kind) { return m_menus.at(static_cast<std::size_t>(kind)); }
+
+    EngineRoom& m_engineRoom;
+    Log& m_log;
+    WorkflowPanel& m_panel;
+    std::array<Menus, 3> m_menus;
+    std::optional<Open> m_open;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,60 @@
+#include "app/StatusMenu.h"
+
+#include "base/DefaultsKeys.h"
+#include "base/UserDefaults.h"
+#include "engine/EngineRoom.h"
+
+#include <algorithm>
+
+namespace lumeroom {
+
+StatusMenu::StatusMenu(const EngineRoom& engineRoom, const UserDefaults& defaults, Actions actions)
+    : m_engineRoom(engineRoom)
+    , m_defaults(defaults)
+    , m_actions(std::move(actions))
+    , m_statusPeresetSubMenu(std::make_shared<MenuModel>("Presets"))
+{
+    m_statusPeresetSubMenu->addItem("Turn all on", m_actions.allOn);
+    m_statusPeresetSubMenu->addItem("Turn all off", m_actions.allOff);
+}
+
+void StatusMenu::begin()
+{
+    m_statusMenu.removeAllItems();
+    m_statusMenu.addItem("Show manual control", m_actions.showManualControl);
+    m_statusMenu.addSeparator();
+    auto presets = std::make_shared<MenuItemModel>(0, m_statusPeresetSubMenu->title());
+    presets->setSubmenu(m_statusPeresetSubMenu);
+    m_statusMenu.addItem(std::move(presets));
+    m_statusMenu.addSeparator();
+}
+
+void StatusMenu::addStrip(LampControlStrip& strip)
+{
+    auto item = std::make_shared<MenuItemModel>(controltag::kStatusMenuItem, strip.label().text());
+    strip.setStatusBarMenuItem(item);
+    m_statusMenu.addItem(std::move(item));
+}
+
+void StatusMenu::countLampsLit()
+{
+    const Lamps& lamps = m_engineRoom.lightsArray();
+    m_lightsOn = static_cast<int>(std::count_if(
+        lamps.begin(), lamps.end(), [](const auto& lamp) { return lamp->onoff.value_or(false); }));
+}
+
+void StatusMenu::updateDockIcon()
+{
+    countLampsLit();
+    const bool badge = m_defaults.boolForKey(keys::kBadgeIcon) && m_lightsOn > 0;
+    if (setBadgeLabel)
+        setBadgeLabel(badge ? std::optional(m_lightsOn) : std::nullopt);
+}
+
+bool StatusMenu::applicationShouldHandleReopen()
+{
+    m_actions.showManualControl();
+    return false;
+}
+
+} // namespace lumeroom

@@ -1,0 +1,101 @@
+#include "app/WorkflowStage.h"
+
+#include "app/PanelSetUp.h"
+
+namespace lumeroom {
+
+WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel, PopUpMenu popUpMenu)
+    : m_panelSetUp(panelSetUp)
+    , m_panel(panel)
+    , m_popUpMenu(std::move(popUpMenu))
+    , m_selection(panelSetUp.collection())
+{
+}
+
+void WorkflowStage::navigateLampsInTypeID(
+    const std::string& description, StripType type, const std::string& id)
+{
+    m_panelSetUp.navigation().navigateLampsInTypeID(description, type, id);
+}
+
+void WorkflowStage::unNavigate()
+{
+    m_panelSetUp.navigation().unNavigate();
+}
+
+void WorkflowStage::rebuild()
+{
+    m_panelSetUp.refreshSetUpUsingRecycling(true);
+}
+
+void WorkflowStage::saveWindowState()
+{
+    m_panelSetUp.layoutManager().saveWindowState();
+}
+
+bool WorkflowStage::isShown(GroupingKind kind) const
+{
+    const Navigation& navigation = m_panelSetUp.navigation();
+    switch (kind) {
+    case GroupingKind::Group:
+        return navigation.shows(StripType::Group);
+    case GroupingKind::Location:
+        return navigation.shows(StripType::Location);
+    default:
+        return navigation.shows(StripType::Tag);
+    }
+}
+
+std::shared_ptr<LampControlStrip> WorkflowStage::getStripWithID(std::string_view id) const
+{
+    return m_panelSetUp.collection().getStripWithID(id);
+}
+
+void WorkflowStage::deselectAndShowAllLampSelectionButtons()
+{
+    m_selection.deselectAndShowAllLampSelectionButtons();
+}
+
+void WorkflowStage::setSelectedLampStripsAndShow(const Strips& strips)
+{
+    m_selection.setSelectedLampStripsAndShow(strips);
+}
+
+void WorkflowStage::hideAllSelectionButtons()
+{
+    m_selection.hideAllSelectionButtons();
+}
+
+Strips WorkflowStage::getSelectedLampStrips() const
+{
+    return m_selection.getSelectedLampStrips();
+}
+
+Rectangle WorkflowStage::popoverRectangle() const
+{
+    LayoutManager& layout = m_panelSetUp.layoutManager();
+    return layout.getRectFormakeGroupPopover(layout.getViewSize().width);
+}
+
+void WorkflowStage::showWorkflowPopover(const WorkflowPopover& popover)
+{
+    m_panel.showWorkflowPopover(popover);
+}
+
+void WorkflowStage::closeWorkflowPopover()
+{
+    m_panel.closeWorkflowPopover();
+}
+
+int WorkflowStage::runModal(const Alert& alert)
+{
+    return m_panel.runModal(alert);
+}
+
+void WorkflowStage::popUpMenu(MenuModel& menu, Point at)
+{
+    if (m_popUpMenu)
+        m_popUpMenu(menu, at);
+}
+
+} // namespace lumeroom

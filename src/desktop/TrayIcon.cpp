@@ -1,0 +1,43 @@
+#include "desktop/TrayIcon.h"
+
+#include "app/StatusMenu.h"
+#include "desktop/TrayImage.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+
+namespace lumeroom {
+
+namespace {
+
+/// The tray of today's desktops, to which the menu goes over the session bus.
+bool trayIsOnTheBus()
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    return bus.isConnected()
+        && bus.interface()->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher"));
+}
+
+} // namespace
+
+TrayIcon::TrayIcon(StatusMenu& statusMenu)
+    : m_mirror(statusMenu.statusMenu(), m_menu, trayIsOnTheBus())
+    , m_statusItem(trayImage())
+{
+    m_statusItem.setToolTip(QCoreApplication::applicationName());
+    m_statusItem.setContextMenu(&m_menu);
+    connect(&m_statusItem, &QSystemTrayIcon::activated, this,
+        [&statusMenu](QSystemTrayIcon::ActivationReason reason) {
+            if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
+                statusMenu.applicationShouldHandleReopen();
+        });
+    m_statusItem.show();
+}
+
+bool TrayIcon::isThere() const
+{
+    return QSystemTrayIcon::isSystemTrayAvailable() && m_statusItem.isVisible();
+}
+
+} // namespace lumeroom

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "desktop/StatusMenuMirror.h"
+
+#include <QSystemTrayIcon>
+
+namespace lumeroom {
+
+class StatusMenu;
+
+/// The status item in the desktop's tray, where there is one. Choosing it brings the panel to the
+/// front; its menu is the status menu.
+class TrayIcon : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TrayIcon(StatusMenu& statusMenu);
+
+    /// Whether there is a tray that shows it now.
+    bool isThere() const;
+
+private:
+    QMenu m_menu;
+    StatusMenuMirror m_mirror;
+    QSystemTrayIcon m_statusItem;
+};
+
+} // namespace lumeroom

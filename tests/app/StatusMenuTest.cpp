@@ -1,0 +1,121 @@
+#include "app/StatusMenu.h"
+#include "app/LampsPopUp.h"
+#include "support/EngineHarness.h"
+
+namespace lumeroom::test {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines titles(const MenuModel& menu)
+{
+    Lines list;
+    for (const auto& item : menu.items())
+        list.push_back(item->isSeparator() ? "-" : item->title());
+    return list;
+}
+
+} // namespace
+
+struct StatusItem : EngineHarness {
+    StatusItem()
+    {
+        statusMenu.setBadgeLabel = [this](std::optional<int> number) { badge = number; };
+    }
+    std::unique_ptr<LampControlStrip> makeStrip(unsigned n, const std::string& name)
+    {
+        auto strip = std::make_unique<LampControlStrip>(lampID(n), StripType::Lamp, loop);
+        strip->reactivateWithEngineRoom(&engine());
+        strip->label().setText(name);
+        return strip;
+    }
+    Lines calls;
+    std::optional<int> badge = -1;
+    StatusMenu statusMenu{engine(), defaults,
+        {.showManualControl = [this] { calls.emplace_back("show"); },
+            .allOn = [this] { calls.emplace_back("on"); },
+            .allOff = [this] { calls.emplace_back("off"); }}};
+};
+
+TEST_F(StatusItem, theMenuControlsTheLamps)
+{
+    const Lines always{"Show manual control", "-", "Presets", "-"};
+    statusMenu.begin();
+    EXPECT_EQ(titles(statusMenu.statusMenu()), always);
+    addLamp(1, {.power = 0});
+    sockets.take();
+    const auto desk = makeStrip(1, "Desk");
+    const auto other = makeStrip(2, "Other");
+    statusMenu.addStrip(*desk);
+    statusMenu.addStrip(*other);
+    const auto& items = statusMenu.statusMenu().items();
+    ASSERT_EQ(items.size(), 6U);
+    EXPECT_EQ(items[4]->title(), "Desk");
+    EXPECT_EQ(items[4]->tag(), -27);
+    items[4]->choose();
+    EXPECT_EQ(sockets.takeOfType(117).size(), 1U);
+    EXPECT_GT(items[4]->image().side, 0);
+
+    for (const auto& preset : items[2]->submenu()->items())
+        preset->choose();
+    items[0]->choose();
+    EXPECT_FALSE(statusMenu.applicationShouldHandleReopen());
+    EXPECT_EQ(calls, (Lines{"on", "off", "show", "show"}));
+    EXPECT_EQ(titles(*items[2]->submenu()), (Lines{"Turn all on", "Turn all off"}));
+
+    statusMenu.begin(); // anew
+    statusMenu.addStrip(*other);
+    EXPECT_EQ(titles(statusMenu.statusMenu()).size(), 5U);
+}
+
+TEST_F(StatusItem, theBadgeCountsLitLamps)
+{
+    addLamp(1, {.power = 0xFFFF});
+    addLamp(2, {.power = 0xFFFF});
+    addLamp(3, {.power = 0});
+    receive(stateService(4)); // nothing is known of its power
+    statusMenu.updateDockIcon();
+    EXPECT_EQ(badge, std::nullopt);
+    EXPECT_EQ(statusMenu.lightsOn(), 2);
+    defaults.setObject("badgeIcon", true);
+    statusMenu.updateDockIcon();
+    EXPECT_EQ(badge, 2);
+    receive(lightState(1, {.power = 0}));
+    receive(lightState(2, {.power = 0}));
+    statusMenu.updateDockIcon();
+    EXPECT_EQ(badge, std::nullopt);
+    EXPECT_EQ(statusMenu.lightsOn(), 0);
+}
+
+TEST_F(StatusItem, thePopUpNamesEveryTarget)
+{
+    LampsPopUp popUp(engine(), defaults);
+    popUp.populateLampsPopUp();
+    EXPECT_EQ(titles(popUp.menu()), Lines{"group: All"});
+
+    addLamp(1, {.label = "Desk"});
+    receive(stateGrouping(53, 1, 0xA1, "Den"));
+    receive(stateGrouping(50, 1, 0xB2, "Home"));
+    receive(stateTags(1, 1));
+    receive(stateTagLabels(1, 1, "Warm"));
+    defaults.setObject("presets",
+        Value::Array{
+            Value::Dictionary{{"name", "New"}, {"integerId", "20260302120000"}, {"ID", "7"}},
+            Value::Dictionary{{"name", "Old"}, {"ID", "20110101000000"}}, "rubbish"});
+    popUp.populateLampsPopUp();
+    EXPECT_EQ(titles(popUp.menu()),
+        (Lines{"lamp: Desk", "group: Den", "location: Home", "tag: Warm", "group: All",
+            "preset: New", "preset: Old", "preset: "}));
+    const auto& items = popUp.menu().items();
+    const auto tag = [&](std::size_t index) { return items.at(index)->representedTag(); };
+    EXPECT_EQ(engine().lampForIntegerTag(tag(0)), engine().lampWithID(lampID(1)));
+    EXPECT_EQ(engine().groupForIntegerTag(tag(1))->label, "Den");
+    EXPECT_EQ(engine().locationForIntegerTag(tag(2))->label, "Home");
+    EXPECT_EQ(engine().tagForIntegerTag(tag(3))->label, "Warm");
+    EXPECT_EQ(tag(4), 0);
+    EXPECT_EQ(tag(5), 20260302120000);
+    EXPECT_EQ(tag(6), 20110101000000);
+}
+
+} // namespace lumeroom::test

@@ -1,0 +1,218 @@
+#include "support/EngineAndLamps.h"
+#include "support/QtTestInput.h"
+
+#include <QApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+/// The program on a desktop whose tray this test plays: it needs a display and a session bus of its
+/// own.
+namespace lumeroom {
+
+using test::Time;
+using test::VirtualLamp;
+using test::workUntil;
+
+namespace {
+
+const QString kMenuInterface = QStringLiteral("com.canonical.dbusmenu");
+
+/// An entry of a menu as it comes over the bus.
+struct Entry {
+    int id = 0;
+    QVariantMap properties;
+    std::vector<Entry> children;
+
+    QString label() const { return properties.value(QStringLiteral("label")).toString(); }
+    QByteArray icon() const { return properties.value(QStringLiteral("icon-data")).toByteArray(); }
+};
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, Entry& entry)
+{
+    argument.beginStructure();
+    argument >> entry.id >> entry.properties;
+    argument.beginArray();
+    while (!argument.atEnd()) {
+        QVariant child;
+        argument >> child;
+        Entry inner;
+        child.value<QDBusArgument>() >> inner;
+        entry.children.push_back(std::move(inner));
+    }
+    argument.endArray();
+    argument.endStructure();
+    return argument;
+}
+
+} // namespace
+
+/// The desktop's side: where status items register, and where the dock hears of badges.
+class Desktop : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+    Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hostIsThere)
+    Q_PROPERTY(int ProtocolVersion READ protocolVersion)
+
+public:
+    Desktop()
+    {
+        bus.registerObject("/StatusNotifierWatcher", this,
+            QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
+        bus.connect({}, {}, "com.canonical.Unity.LauncherEntry", "Update", this,
+            SLOT(update(QString, QVariantMap)));
+        isThere = bus.registerService("org.kde.StatusNotifierWatcher");
+    }
+    bool hostIsThere() const { return true; }
+    int protocolVersion() const { return 0; }
+
+    QDBusMessage call(const QString& path, const QString& interface, const QString& method,
+        const QVariantList& arguments) const
+    {
+        auto message = QDBusMessage::createMethodCall(item, path, interface, method);
+        message.setArguments(arguments);
+        return bus.call(message);
+    }
+    QVariant property(const QString& name) const
+    {
+        const auto reply = call("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "Get",
+            {"org.kde.StatusNotifierItem", name});
+        return reply.arguments().value(0).value<QDBusVariant>().variant();
+    }
+    /// The item's menu, as a host opens it.
+    Entry openMenu() const
+    {
+        const QString path = property("Menu").value<QDBusObjectPath>().path();
+        call(path, kMenuInterface, "AboutToShow", {0});
+        const auto layout = call(path, kMenuInterface, "GetLayout", {0, -1, QStringList()});
+        Entry root;
+        if (layout.arguments().size() == 2)
+            layout.arguments()[1].value<QDBusArgument>() >> root;
+        return root;
+    }
+    void choose(int entry) const
+    {
+        call(property("Menu").value<QDBusObjectPath>().path(), kMenuInterface, "Event",
+            {entry, "clicked", QVariant::fromValue(QDBusVariant(0)), 0U});
+    }
+
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bool isThere = false;
+    QString item; ///< the name on the bus under which the status item can be asked
+    QString program;
+    QVariantMap badge;
+
+public slots:
+    void RegisterStatusNotifierItem(const QString& service) { item = service; }
+    void update(const QString& uri, const QVariantMap& properties)
+    {
+        program = uri;
+        badge = properties;
+    }
+};
+
+struct Tray : test::EngineAndLamps {
+    Tray()
+    {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", "xcb");
+        environment.insert("XDG_CONFIG_HOME", folder.path());
+        program.setProcessEnvironment(environment);
+        program.setProcessChannelMode(QProcess::ForwardedChannels);
+    }
+    ~Tray() override
+    {
+        program.terminate();
+        program.waitForFinished(10000);
+    }
+    /// Starts the program with these settings, told of the three lamps.
+    void start(const std::string& settings)
+    {
+        const std::string file = folder.filePath("settings.plist").toStdString();
+        std::ofstream(file)
+            << "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>"
+               "<key>manualIPAddresses</key><string>"
+            << defaults.stringForKey(keys::kManualIPAddresses)
+            << "</string><key>heartbeatSpeed</key><real>4</real>" << settings << "</dict></plist>";
+        program.start(LUMEROOM_PROGRAM, {"--log", "--defaults", QString::fromStdString(file)});
+        ASSERT_TRUE(program.waitForStarted());
+        ASSERT_TRUE(workUntil([&] { return !desktop.item.isEmpty(); }));
+    }
+    const Entry* entry(const Entry& menu, const QString& label)
+    {
+        const auto found = std::find_if(menu.children.begin(), menu.children.end(),
+            [&](const Entry& child) { return child.label() == label; });
+        return found == menu.children.end() ? nullptr : &*found;
+    }
+    bool deskIsOn()
+    {
+        return onLamp(0, [](VirtualLamp& lamp, Time now) { return lamp.power(now); });
+    }
+
+    QTemporaryDir folder;
+    Desktop desktop;
+    QProcess program;
+};
+
+TEST_F(Tray, theMenuOnTheBusSwitchesTheLamps)
+{
+    ASSERT_TRUE(desktop.isThere);
+    start("<key>badgeIcon</key><true/>");
+    EXPECT_EQ(desktop.property("Title").toString(), "Lumeroom");
+
+    Entry menu;
+    ASSERT_TRUE(workUntil([&] {
+        menu = desktop.openMenu();
+        return menu.children.size() == 7;
+    }));
+    EXPECT_EQ(menu.children[0].label(), "Show manual control");
+    EXPECT_EQ(menu.children[1].properties.value("type").toString(), "separator");
+    ASSERT_EQ(menu.children[2].children.size(), 2U);
+    EXPECT_EQ(menu.children[2].children[0].label(), "Turn all on");
+    for (const char* name : {"Desk", "Ceiling", "Strip"})
+        EXPECT_TRUE(entry(menu, name)) << name;
+    EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count") == 3; }));
+    EXPECT_EQ(desktop.program, "application://com.tanagerworks.Lumeroom.desktop");
+    EXPECT_EQ(desktop.badge.value("count-visible"), true);
+
+    ASSERT_TRUE(entry(menu, "Desk"));
+    const QByteArray lit = entry(menu, "Desk")->icon();
+    EXPECT_FALSE(lit.isEmpty());
+    desktop.choose(entry(menu, "Desk")->id);
+    EXPECT_TRUE(workUntil([&] { return !deskIsOn(); }));
+    EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count") == 2; }));
+    EXPECT_NE(entry(desktop.openMenu(), "Desk")->icon(), lit);
+    desktop.choose(entry(menu, "Desk")->id);
+    EXPECT_TRUE(workUntil([&] { return deskIsOn(); }));
+
+    desktop.choose(menu.children[2].children[1].id); // Turn all off
+    EXPECT_TRUE(workUntil([&] { return !deskIsOn(); }));
+    EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count-visible") == false; }));
+}
+
+TEST_F(Tray, theHiddenDockIconKeepsTheWindowOffTheTaskBar)
+{
+    start("<key>hideDockIcon</key><true/>");
+    QProcess xprop;
+    ASSERT_TRUE(workUntil([&] {
+        xprop.start("xprop", {"-name", "Lumeroom manual control panel", "_NET_WM_STATE"});
+        return xprop.waitForFinished() && xprop.exitCode() == 0;
+    }));
+    const QByteArray state = xprop.readAllStandardOutput();
+    EXPECT_TRUE(state.contains("_NET_WM_STATE_SKIP_TASKBAR")) << state.toStdString();
+    EXPECT_TRUE(state.contains("_NET_WM_STATE_SKIP_PAGER")) << state.toStdString();
+}
+
+} // namespace lumeroom
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
+
+#include "TrayTest.moc"
