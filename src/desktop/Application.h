@@ -3,6 +3,8 @@
 #include "app/ManualController.h"
 #include "app/ui/ConsoleWindow.h"
 #include "app/ui/ControlPanelWindow.h"
+#include "app/ui/ExplorerWindow.h"
+#include "app/ui/SettingsWindow.h"
 #include "base/Log.h"
 #include "base/Pacer.h"
 #include "base/UserDefaults.h"
@@ -61,6 +63,8 @@ private:
     EngineRoom m_engineRoom;
     ControlPanelWindow m_panel;
     ManualController m_controller;
+    SettingsWindow m_settings;
+    ExplorerWindow m_explorer;
     std::unique_ptr<Snapshot> m_snapshot;
     bool m_terminated = false;
 };
