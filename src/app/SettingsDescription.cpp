@@ -58,7 +58,7 @@ const std::vector<Setting>& table()
             "How long a lamp takes to get to a new colour or to switch.", {0, 60, 0.1, 1, " s"}, {},
             {}, asTransition},
         {kGroups, keys::kGroupPowerStateBasedOn, Kind::Choice, Form::Integer,
-            "A group &counts as on when", {}, {},
+            "A group counts as on w&hen", {}, {},
             {{0, "at least one lamp is on"}, {1, "more than half of its lamps are on"},
                 {2, "all of its lamps are on"}},
             "never"},

@@ -88,8 +88,8 @@ TEST_F(Explorer, showsTheLampsOfTheEngine)
 
     addLamp(1, {.brightness = 65535, .label = "Desk"});
     addLamp(2, {.label = "Desk"}); // one row for two lamps of one name: the later
-    addLamp(3, {.label = "Strip"});
     addStrip(3, 8);
+    receive(lightState(3, {.label = "Strip"}));
     explorer.loadData();
     EXPECT_EQ(lights.getValue()->as<Value::Dictionary>()->size(), 0U); // kept as it was
     const keyValPair now = explorer.childOfItem(0, nullptr);
