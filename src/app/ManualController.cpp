@@ -64,7 +64,17 @@ void ManualController::applicationDidFinishLaunching()
 {
     m_engineRoom.setDelegate(this);
     m_engineRoom.startHeartbeat();
+    m_colourPickerType = m_defaults.integerForKey(keys::kColourPickerType);
+    m_defaultsObservation = m_defaults.observe(m_runLoop, [this] { defaultsChanged(); });
     m_panelSetUp.setUp();
+}
+
+/// Most settings are read when they are needed; the strips are built with theirs.
+void ManualController::defaultsChanged()
+{
+    const auto type = m_defaults.integerForKey(keys::kColourPickerType);
+    if (std::exchange(m_colourPickerType, type) != type)
+        m_panelSetUp.refreshSetUpUsingRecycling(true);
 }
 
 void ManualController::applicationShouldTerminate()

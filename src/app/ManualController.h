@@ -4,6 +4,7 @@
 #include "app/PanelSetUp.h"
 #include "app/StatusMenu.h"
 #include "app/StripReports.h"
+#include "base/UserDefaults.h"
 #include "engine/QVLIFXEngineDelegate.h"
 
 namespace lumeroom {
@@ -59,6 +60,7 @@ public:
 
 private:
     PanelSetUp::Companions companions();
+    void defaultsChanged();
     Lamps lampsOfGroupStrip(const std::string& id) const;
 
     RunLoop& m_runLoop;
@@ -72,6 +74,8 @@ private:
     StripReports m_reports;
     bool m_lampsPending = false; ///< an update of the strips is on its way
     bool m_statesPending = false;
+    std::int64_t m_colourPickerType = 0; ///< that the strips were built with
+    DefaultsObservation m_defaultsObservation;
     Lifeline m_lifeline;
 };
 

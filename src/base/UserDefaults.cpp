@@ -3,10 +3,35 @@
 #include "base/DefaultsFile.h"
 #include "base/PropertyList.h"
 
+#include <utility>
+
 namespace lumeroom {
 
 namespace {
 constexpr Seconds kWriteDelay(0.5); // gathers a burst of changes
+}
+
+struct DefaultsObservation::Observer {
+    RunLoop& runLoop;
+    std::function<void()> changed;
+    bool ended = false; ///< main thread only
+    bool told = false; ///< a call is on its way; under the defaults' lock
+};
+
+DefaultsObservation& DefaultsObservation::operator=(DefaultsObservation&& other) noexcept
+{
+    if (this != &other) {
+        end();
+        m_observer = std::move(other.m_observer);
+    }
+    return *this;
+}
+
+void DefaultsObservation::end()
+{
+    if (m_observer)
+        m_observer->ended = true;
+    m_observer.reset();
 }
 
 UserDefaults::UserDefaults() = default;
@@ -28,6 +53,7 @@ void UserDefaults::registerDefaults(Value::Dictionary fallbacks)
     const std::lock_guard lock(m_mutex);
     fallbacks.merge(m_registered); // a key registered again takes the later value
     m_registered = std::move(fallbacks);
+    tellObservers();
 }
 
 const Value* UserDefaults::find(std::string_view key) const
@@ -101,8 +127,39 @@ void UserDefaults::removeObject(std::string_view key)
     changed();
 }
 
+DefaultsObservation UserDefaults::observe(RunLoop& runLoop, std::function<void()> changed)
+{
+    auto observer = std::make_shared<DefaultsObservation::Observer>(
+        DefaultsObservation::Observer{runLoop, std::move(changed)});
+    const std::lock_guard lock(m_mutex);
+    m_observers.push_back(observer);
+    return DefaultsObservation(std::move(observer));
+}
+
+void UserDefaults::tellObservers()
+{
+    std::erase_if(m_observers, [](const auto& observer) { return observer.expired(); });
+    for (const auto& weak : m_observers) {
+        const auto observer = weak.lock();
+        if (!observer || std::exchange(observer->told, true))
+            continue;
+        observer->runLoop.post(m_lifeline.guard([this, weak] {
+            const auto called = weak.lock();
+            if (!called || called->ended)
+                return;
+            {
+                // From here on a change is news again.
+                const std::lock_guard lock(m_mutex);
+                called->told = false;
+            }
+            called->changed();
+        }));
+    }
+}
+
 void UserDefaults::changed()
 {
+    tellObservers();
     m_pending = true;
     if (!m_runLoop || m_writeScheduled)
         return;

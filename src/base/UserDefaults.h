@@ -10,6 +10,26 @@ namespace lumeroom {
 class DefaultsFile;
 class Log;
 
+/// Someone's wish to hear of changes to the defaults. Dropping it, on the main thread, ends it.
+class DefaultsObservation {
+public:
+    DefaultsObservation() = default;
+    DefaultsObservation(DefaultsObservation&& other) noexcept = default;
+    DefaultsObservation& operator=(DefaultsObservation&& other) noexcept;
+    ~DefaultsObservation() { end(); }
+
+private:
+    friend class UserDefaults;
+    struct Observer;
+    explicit DefaultsObservation(std::shared_ptr<Observer> observer)
+        : m_observer(std::move(observer))
+    {
+    }
+    void end();
+
+    std::shared_ptr<Observer> m_observer;
+};
+
 /// All settings and stored data: one property-list file, over registered fallbacks.
 /// Any thread may read and write it; the file is written on the main thread shortly after a change.
 class UserDefaults {
@@ -41,16 +61,22 @@ public:
     void setObject(std::string_view key, Value value);
     void removeObject(std::string_view key);
 
+    /// Calls `changed` on the main thread soon after any value has changed, by whichever thread; a
+    /// burst of changes makes one call.
+    [[nodiscard]] DefaultsObservation observe(RunLoop& runLoop, std::function<void()> changed);
+
     /// Writes pending changes now. False if that failed: they are tried again with the next change.
     bool synchronize();
 
 private:
     const Value* find(std::string_view key) const;
     void changed();
+    void tellObservers();
 
     mutable std::mutex m_mutex;
     Value::Dictionary m_stored;
     Value::Dictionary m_registered;
+    std::vector<std::weak_ptr<DefaultsObservation::Observer>> m_observers;
     bool m_pending = false;
     bool m_writeScheduled = false;
     RunLoop* m_runLoop = nullptr;

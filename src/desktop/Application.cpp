@@ -1,6 +1,7 @@
 #include "desktop/Application.h"
 
 #include "base/DefaultsKeys.h"
+#include "desktop/MakerSite.h"
 #include "desktop/Menus.h"
 
 #include <QApplication>
@@ -33,6 +34,8 @@ Application::Application(const CommandLine& commandLine)
     , m_engineRoom(
           {m_runLoop, m_pacer, m_defaults, m_log, m_io.socketFactory(), readProducts, m_arpTable})
     , m_controller(m_runLoop, m_defaults, m_log, m_engineRoom, m_panel)
+    , m_settings(m_defaults, m_runLoop)
+    , m_explorer(m_engineRoom, m_runLoop)
 {
     m_signals.setHandler([this] { quit(); });
 }
@@ -77,17 +80,21 @@ int Application::run()
 
 void Application::makeMenus()
 {
-    addMenus(m_panel,
-        {.quit = [this] { quit(); },
-            .allOn = [this] { m_controller.allOn(); },
-            .allOff = [this] { m_controller.allOff(); },
-            .showManualControl = [this] { m_controller.showManualControl(); },
-            .showConsole =
-                [this] {
-                    m_console.show();
-                    m_console.raise();
-                    m_console.activateWindow();
-                }});
+    MenuActions actions;
+    actions.showSettings = [this] { m_settings.makeKeyAndFront(); };
+    actions.quit = [this] { quit(); };
+    actions.showConsole = [this] {
+        m_console.show();
+        m_console.raise();
+        m_console.activateWindow();
+    };
+    actions.showExplorer = [this] { m_explorer.loadData(); };
+    actions.allOn = [this] { m_controller.allOn(); };
+    actions.allOff = [this] { m_controller.allOff(); };
+    actions.showManualControl = [this] { m_controller.showManualControl(); };
+    actions.visitHelp = visitHelp;
+    actions.visitLumeroomHome = visitLumeroomHome;
+    addMenus(m_panel, actions);
 }
 
 void Application::makeStatusItem()

@@ -3,6 +3,8 @@
 #include "app/ManualController.h"
 #include "app/ui/ConsoleWindow.h"
 #include "app/ui/ControlPanelWindow.h"
+#include "app/ui/ExplorerWindow.h"
+#include "app/ui/SettingsWindow.h"
 #include "base/Log.h"
 #include "base/Pacer.h"
 #include "base/UserDefaults.h"
@@ -68,6 +70,8 @@ private:
     LauncherBadge m_badge;
     std::unique_ptr<TrayIcon> m_trayIcon;
     std::unique_ptr<HiddenDockIcon> m_hiddenDockIcon;
+    SettingsWindow m_settings;
+    ExplorerWindow m_explorer;
     std::unique_ptr<Snapshot> m_snapshot;
     bool m_terminated = false;
 };

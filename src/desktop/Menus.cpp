@@ -1,5 +1,11 @@
 #include "desktop/Menus.h"
 
+#include "app/ui/MenuMirror.h"
+#include "desktop/Version.h"
+#include "strips/LayoutManager.h"
+#include "strips/MenuModel.h"
+
+#include <QActionGroup>
 #include <QApplication>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -14,33 +20,141 @@ void showAbout(QWidget* parent)
     QMessageBox::about(parent, QObject::tr("About Lumeroom"),
         QObject::tr("<h3>Lumeroom %1</h3><p>Controls LIFX smart lamps straight over the local "
                     "network: no hub, no cloud.</p><p>Free software under the MIT licence.</p>")
-            .arg(QApplication::applicationVersion()));
+            .arg(QString::fromStdString(bundleVersionNumber())));
+}
+
+void add(QMenu& menu, const QString& title, const QKeySequence& keys, std::function<void()> action)
+{
+    if (!action)
+        return;
+    QAction* entry = menu.addAction(title);
+    entry->setShortcut(keys);
+    entry->setShortcutContext(Qt::ApplicationShortcut);
+    QObject::connect(entry, &QAction::triggered, &menu, std::move(action));
+}
+
+/// A submenu that shows what there is to choose from; greyed while that is nothing.
+void addChoices(QMenu& menu, const QString& title, const MenuModel* model)
+{
+    if (!model)
+        return;
+    QMenu* choices = menu.addMenu(title);
+    mirrorMenu(*choices, *model);
+    const auto enable = [choices, model] { choices->setEnabled(!model->items().empty()); };
+    enable();
+    QObject::connect(&menu, &QMenu::aboutToShow, choices, enable);
+}
+
+void addLayouts(QMenu& menu, const MenuActions& actions)
+{
+    if (!actions.switchTheme)
+        return;
+    const std::pair<int, QString> layouts[] = {
+        {theme::kSingleControl, QObject::tr("&Upright")},
+        {theme::kHorizontalControl, QObject::tr("&Rows")},
+        {theme::kSquareControl, QObject::tr("&Grid")},
+        {theme::kThinControl, QObject::tr("&Slim rows")},
+    };
+    auto* group = new QActionGroup(&menu);
+    // None is ticked while the stored layout is none of these.
+    group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (const auto& [number, title] : layouts) {
+        QAction* entry = group->addAction(title);
+        entry->setCheckable(true);
+        entry->setData(number);
+        menu.addAction(entry);
+    }
+    const auto tickCurrent = [group, current = actions.currentTheme] {
+        for (QAction* entry : group->actions())
+            entry->setChecked(current && entry->data().toInt() == current());
+    };
+    tickCurrent();
+    QObject::connect(&menu, &QMenu::aboutToShow, group, tickCurrent);
+    QObject::connect(group, &QActionGroup::triggered, &menu,
+        [tickCurrent, current = actions.currentTheme, switchTheme = actions.switchTheme](
+            const QAction* entry) {
+            const int chosen = entry->data().toInt();
+            if (!current || current() != chosen)
+                switchTheme(chosen);
+            tickCurrent();
+        });
+    menu.addSeparator();
+}
+
+void addFile(QMenu& menu, const MenuActions& actions)
+{
+    // Not QKeySequence::Preferences, which few desktops name.
+    add(menu, QObject::tr("&Settings..."), QKeySequence(QStringLiteral("Ctrl+,")),
+        actions.showSettings);
+    menu.addSeparator();
+    add(menu, QObject::tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), actions.quit);
+}
+
+void addView(QMenu& menu, const MenuActions& actions)
+{
+    addLayouts(menu, actions);
+    add(menu, QObject::tr("&Console"), QKeySequence(QStringLiteral("Ctrl+2")), actions.showConsole);
+    add(menu, QObject::tr("&Lamp data explorer"), QKeySequence(QStringLiteral("Ctrl+3")),
+        actions.showExplorer);
+}
+
+void addLamps(QMenu& menu, const MenuActions& actions)
+{
+    add(menu, QObject::tr("All &on"), QKeySequence(QStringLiteral("Ctrl+Shift+O")), actions.allOn);
+    add(menu, QObject::tr("All o&ff"), QKeySequence(QStringLiteral("Ctrl+Shift+F")),
+        actions.allOff);
+}
+
+void addGroups(QMenu& menu, const MenuActions& actions)
+{
+    add(menu, QObject::tr("Make g&roup..."), {}, actions.groups.make);
+    addChoices(menu, QObject::tr("&Edit group"), actions.groups.edit);
+    addChoices(menu, QObject::tr("&Delete group"), actions.groups.remove);
+    menu.addSeparator();
+    add(menu, QObject::tr("Make &location..."), {}, actions.locations.make);
+    addChoices(menu, QObject::tr("Ed&it location"), actions.locations.edit);
+    addChoices(menu, QObject::tr("Dele&te location"), actions.locations.remove);
+    menu.addSeparator();
+    add(menu, QObject::tr("&Make tag..."), {}, actions.tags.make);
+    addChoices(menu, QObject::tr("Edit t&ag"), actions.tags.edit);
+    addChoices(menu, QObject::tr("Delete ta&g"), actions.tags.remove);
+}
+
+void addWindow(QMenu& menu, const MenuActions& actions)
+{
+    add(menu, QObject::tr("Show &manual control"), QKeySequence(QStringLiteral("Ctrl+1")),
+        actions.showManualControl);
+    add(menu, QObject::tr("Mi&nimise"), QKeySequence(QStringLiteral("Ctrl+M")), [] {
+        if (QWidget* window = QApplication::activeWindow())
+            window->showMinimized();
+    });
+}
+
+void addHelp(QMenu& menu, const MenuActions& actions, QWidget* window)
+{
+    add(menu, QObject::tr("Lumeroom &Help"), QKeySequence::HelpContents, actions.visitHelp);
+    add(menu, QObject::tr("Lumeroom Home &Page"), {}, actions.visitLumeroomHome);
+    menu.addSeparator();
+    add(menu, QObject::tr("&About Lumeroom"), {}, [window] { showAbout(window); });
 }
 
 } // namespace
 
 void addMenus(QMainWindow& window, const MenuActions& actions)
 {
-    const auto add = [](QMenu* menu, const QString& title, const QKeySequence& keys, auto action) {
-        QAction* item = menu->addAction(title);
-        item->setShortcut(keys);
-        item->setShortcutContext(Qt::ApplicationShortcut);
-        QObject::connect(item, &QAction::triggered, menu, action);
-    };
     QMenuBar* bar = window.menuBar();
-    QMenu* file = bar->addMenu(QObject::tr("&File"));
-    add(file, QObject::tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), actions.quit);
-    QMenu* lamps = bar->addMenu(QObject::tr("&Lamps"));
-    add(lamps, QObject::tr("All &on"), QKeySequence(QStringLiteral("Ctrl+Shift+O")), actions.allOn);
-    add(lamps, QObject::tr("All o&ff"), QKeySequence(QStringLiteral("Ctrl+Shift+F")),
-        actions.allOff);
-    QMenu* windows = bar->addMenu(QObject::tr("&Window"));
-    add(windows, QObject::tr("Show &manual control"), QKeySequence(QStringLiteral("Ctrl+1")),
-        actions.showManualControl);
-    add(windows, QObject::tr("&Console"), QKeySequence(QStringLiteral("Ctrl+2")),
-        actions.showConsole);
-    QMenu* help = bar->addMenu(QObject::tr("&Help"));
-    add(help, QObject::tr("&About Lumeroom"), QKeySequence(), [&window] { showAbout(&window); });
+    const auto menu = [bar](const QString& title, const auto& fill) {
+        auto* made = new QMenu(title, bar);
+        fill(*made);
+        if (!made->isEmpty())
+            bar->addMenu(made);
+    };
+    menu(QObject::tr("&File"), [&](QMenu& m) { addFile(m, actions); });
+    menu(QObject::tr("&View"), [&](QMenu& m) { addView(m, actions); });
+    menu(QObject::tr("&Lamps"), [&](QMenu& m) { addLamps(m, actions); });
+    menu(QObject::tr("&Groups"), [&](QMenu& m) { addGroups(m, actions); });
+    menu(QObject::tr("&Window"), [&](QMenu& m) { addWindow(m, actions); });
+    menu(QObject::tr("&Help"), [&](QMenu& m) { addHelp(m, actions, &window); });
 }
 
 } // namespace lumeroom

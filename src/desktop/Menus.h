@@ -6,13 +6,41 @@ class QMainWindow;
 
 namespace lumeroom {
 
-/// What the menus can do.
+class MenuModel;
+
+/// What the menus can do. An entry whose member is null is left out, and so is a menu without
+/// entries. Models have to last as long as the window.
 struct MenuActions {
+    // File
+    std::function<void()> showSettings;
     std::function<void()> quit;
+
+    // View
+    std::function<void(int)> switchTheme; ///< takes a number of `theme`
+    std::function<int()> currentTheme; ///< the layout that is ticked
+    std::function<void()> showConsole;
+    std::function<void()> showExplorer;
+
+    // Lamps
     std::function<void()> allOn;
     std::function<void()> allOff;
+
+    // Groups: for each kind, one entry and two submenus
+    struct Collection {
+        std::function<void()> make;
+        const MenuModel* edit = nullptr;
+        const MenuModel* remove = nullptr;
+    };
+    Collection groups;
+    Collection locations;
+    Collection tags;
+
+    // Window
     std::function<void()> showManualControl;
-    std::function<void()> showConsole;
+
+    // Help
+    std::function<void()> visitHelp;
+    std::function<void()> visitLumeroomHome;
 };
 
 /// Gives the window the program's menu bar.

@@ -45,6 +45,22 @@ struct Panel : Controller {
     }
 };
 
+TEST_F(Panel, theColourWellsFollowTheirSettingAtOnce)
+{
+    furnish();
+    EXPECT_FALSE(row("Desk").strip.colourWell().isHidden());
+    const int builds = panel.builds;
+    defaults.setObject("scrollToDimTrackingSpeed", 3.0); // is read when needed
+    loop.runPosted();
+    EXPECT_EQ(panel.builds, builds);
+    defaults.setObject("colourPickerType", 1);
+    loop.runPosted();
+    EXPECT_TRUE(row("Desk").strip.colourWell().isHidden());
+    defaults.removeObject("colourPickerType");
+    loop.runPosted();
+    EXPECT_FALSE(row("Desk").strip.colourWell().isHidden());
+}
+
 TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
 {
     furnish();

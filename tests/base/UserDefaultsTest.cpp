@@ -174,9 +174,51 @@ TEST_F(UserDefaultsFile, aLinkToNothingYetMakesTheFile)
     EXPECT_TRUE(fs::is_regular_file(target));
 }
 
+TEST_F(UserDefaultsFile, observersHearOfABurstOnceOnTheMainThread)
+{
+    UserDefaults defaults(file, loop, log);
+    int first = 0;
+    int second = 0;
+    auto observation = defaults.observe(loop, [&] { ++first; });
+    auto dropped = defaults.observe(loop, [&] { ++second; });
+    std::thread([&] {
+        defaults.setObject("a", 1);
+        defaults.setObject("a", 2);
+    }).join();
+    EXPECT_EQ(first, 0); // not on the thread that wrote
+    dropped = {}; // with a call on its way
+    loop.runPosted();
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 0);
+
+    defaults.setObject("a", 2); // the same value is no news
+    loop.runPosted();
+    EXPECT_EQ(first, 1);
+    defaults.removeObject("a");
+    loop.runPosted();
+    defaults.registerDefaults({{"a", 3}});
+    loop.runPosted();
+    EXPECT_EQ(first, 3);
+
+    // One that writes in its turn hears of that too, and may end itself.
+    observation = defaults.observe(loop, [&] {
+        if (defaults.integerForKey("b") < 3)
+            defaults.setObject("b", defaults.integerForKey("b") + 1);
+        else
+            observation = {};
+    });
+    defaults.setObject("b", 1);
+    loop.runPosted();
+    EXPECT_EQ(defaults.integerForKey("b"), 3);
+    defaults.setObject("b", 0);
+    loop.runPosted();
+    EXPECT_EQ(defaults.integerForKey("b"), 0);
+}
+
 TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)
 {
     UserDefaults defaults(file, loop, log);
+    const auto observation = defaults.observe(loop, [&] { defaults.setObject("seen", true); });
     std::vector<std::thread> threads;
     for (int n = 0; n < 4; ++n) {
         threads.emplace_back([&defaults, n] {
@@ -190,6 +232,7 @@ TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)
         thread.join();
     loop.advance(Seconds(1));
     EXPECT_EQ(*stored()->find("key 3"), Value(199));
+    EXPECT_EQ(*stored()->find("seen"), Value(true));
 }
 
 } // namespace lumeroom

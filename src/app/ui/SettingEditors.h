@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/SettingsDescription.h"
+#include "base/RunLoop.h"
+
+#include <QWidget>
+
+namespace lumeroom {
+
+class UserDefaults;
+
+/// The control that shows and changes one user default.
+class SettingEditor : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The kind that fits the setting.
+    static SettingEditor* make(
+        const Setting& setting, UserDefaults& defaults, RunLoop& runLoop, QWidget* parent);
+
+    /// Shows what the program goes by now.
+    virtual void refresh() = 0;
+    /// What the keyboard works, and a label is the buddy of.
+    QWidget* control() const { return m_control; }
+    const Setting& setting() const { return m_setting; }
+
+protected:
+    SettingEditor(const Setting& setting, UserDefaults& defaults, QWidget* parent);
+    UserDefaults& defaults() const { return m_defaults; }
+    /// Names it for those who cannot see its label, and lays it out, with the rest below.
+    void setControl(QWidget* control, QWidget* below = nullptr);
+
+private:
+    const Setting& m_setting;
+    UserDefaults& m_defaults;
+    QWidget* m_control = nullptr;
+};
+
+/// A text of the table as Qt shows it.
+QString settingText(std::string_view text);
+/// The same without its mnemonic.
+QString withoutMnemonic(const QString& text);
+
+} // namespace lumeroom

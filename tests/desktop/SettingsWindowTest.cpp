@@ -1,0 +1,162 @@
+#include "app/ui/SettingsWindow.h"
+#include "app/ui/SettingEditors.h"
+#include "base/DefaultsKeys.h"
+#include "base/ManualRunLoop.h"
+#include "base/RegisteredDefaults.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace lumeroom {
+
+struct SettingsDialog : ::testing::Test {
+    SettingsDialog()
+    {
+        defaults.registerDefaults(registeredDefaults());
+        loop.runPosted();
+        window.show();
+    }
+    template <typename Control> Control& control(std::string_view key)
+    {
+        auto* found = window.findChild<Control*>(settingText(key));
+        if (!found)
+            throw std::out_of_range(std::string(key));
+        return *found;
+    }
+    void setElsewhere(std::string_view key, const Value& value)
+    {
+        defaults.setObject(key, value);
+        loop.runPosted();
+    }
+
+    ManualRunLoop loop;
+    UserDefaults defaults;
+    SettingsWindow window{defaults, loop};
+};
+
+TEST_F(SettingsDialog, storesAtOnceAndShowsWhatChangesElsewhere)
+{
+    auto& speed = control<QDoubleSpinBox>(keys::kHeartbeatSpeed);
+    EXPECT_EQ(speed.value(), 1);
+    speed.stepUp();
+    EXPECT_EQ(*defaults.objectForKey(keys::kHeartbeatSpeed), Value(1.1));
+    setElsewhere(keys::kHeartbeatSpeed, 250.0); // more than may be entered
+    EXPECT_EQ(speed.value(), 250);
+    setElsewhere(keys::kHeartbeatSpeed, -1.0);
+    EXPECT_EQ(speed.value(), 1);
+    EXPECT_EQ(defaults.floatForKey(keys::kHeartbeatSpeed), -1); // showing is not storing
+    EXPECT_EQ(speed.maximum(), 10);
+
+    auto& sends = control<QCheckBox>(keys::kGroupOnOffChangesSettings);
+    sends.click();
+    EXPECT_EQ(*defaults.objectForKey(keys::kGroupOnOffChangesSettings), Value(true));
+    setElsewhere(keys::kGroupOnOffChangesSettings, "NO");
+    EXPECT_FALSE(sends.isChecked());
+
+    auto& counts = control<QComboBox>(keys::kGroupPowerStateBasedOn);
+    setElsewhere(keys::kGroupPowerStateBasedOn, 8);
+    EXPECT_EQ(counts.currentText(), "never");
+    counts.setCurrentIndex(2);
+    emit counts.activated(2);
+    loop.runPosted();
+    EXPECT_EQ(*defaults.objectForKey(keys::kGroupPowerStateBasedOn), Value(2));
+    EXPECT_EQ(counts.count(), 3); // nobody can choose "never"
+}
+
+TEST_F(SettingsDialog, actsOnANumberOnceItIsTyped)
+{
+    auto& fade = control<QDoubleSpinBox>(keys::kDefaultTransition);
+    auto* field = fade.findChild<QLineEdit*>();
+    field->setText("12 s");
+    emit field->textEdited("12 s");
+    EXPECT_FLOAT_EQ(defaults.floatForKey(keys::kDefaultTransition), 0.4F);
+    emit field->editingFinished();
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(&fade, &enter);
+    EXPECT_EQ(*defaults.objectForKey(keys::kDefaultTransition), Value(12.0));
+}
+
+TEST_F(SettingsDialog, actsOnAddressesAfterAPauseOrWhenTheyAreLeft)
+{
+    auto& field = control<QPlainTextEdit>(keys::kManualIPAddresses);
+    const auto summary = [&] {
+        const auto labels = field.parentWidget()->findChildren<QLabel*>();
+        return labels.first()->text();
+    };
+    setElsewhere(keys::kManualIPAddresses, "10.0.0.1 10.0.0.2");
+    EXPECT_EQ(summary(), "2 addresses");
+    field.setPlainText("10.0.0.3\nlamp");
+    EXPECT_EQ(summary(), "1 address; not understood: lamp");
+    setElsewhere(keys::kVerbosity, 1); // a change elsewhere does not take away what is typed
+    loop.advance(Seconds(0.9));
+    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), "10.0.0.1 10.0.0.2");
+    loop.advance(Seconds(0.2));
+    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), "10.0.0.3\nlamp");
+    field.setPlainText("10.0.0.4");
+    window.close();
+    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), "10.0.0.4");
+}
+
+TEST_F(SettingsDialog, restoresAPageOnceConfirmed)
+{
+    setElsewhere(keys::kHeartbeatSpeed, 5.0);
+    const auto restore = [&](QMessageBox::StandardButton answer) {
+        QTimer::singleShot(0, [answer] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            box->button(answer)->click();
+        });
+        for (auto* button : window.findChildren<QPushButton*>()) {
+            if (button->text() == "&Restore defaults" && button->isVisible())
+                button->click();
+        }
+        loop.runPosted();
+    };
+    restore(QMessageBox::Cancel);
+    EXPECT_EQ(control<QDoubleSpinBox>(keys::kHeartbeatSpeed).value(), 5);
+    restore(QMessageBox::RestoreDefaults);
+    EXPECT_EQ(control<QDoubleSpinBox>(keys::kHeartbeatSpeed).value(), 1);
+}
+
+TEST_F(SettingsDialog, canBeUsedByKeyboardAndEar)
+{
+    auto& pages = *window.findChild<QTabWidget*>();
+    const auto mnemonic = [](const QString& text) {
+        for (qsizetype i = 0; i + 1 < text.size(); ++i) {
+            if (text[i] != u'&')
+                continue;
+            if (text[++i] != u'&')
+                return text[i].toLower();
+        }
+        return QChar();
+    };
+    std::set<QChar> everywhere{u'r', u'c'}; // Restore defaults, Close
+    for (int i = 0; i < pages.count(); ++i)
+        EXPECT_TRUE(everywhere.insert(mnemonic(pages.tabText(i))).second) << i;
+    for (int i = 0; i < pages.count(); ++i) {
+        std::set<QChar> onPage = everywhere;
+        for (auto* editor : pages.widget(i)->findChildren<SettingEditor*>()) {
+            const QString label = settingText(editor->setting().label);
+            const QChar letter = mnemonic(label);
+            EXPECT_TRUE(!letter.isNull() && onPage.insert(letter).second) << label.toStdString();
+            EXPECT_EQ(editor->control()->accessibleName(), withoutMnemonic(label));
+            EXPECT_FALSE(editor->control()->accessibleName().contains('&'));
+            EXPECT_NE(editor->control()->focusPolicy() & Qt::TabFocus, 0);
+        }
+    }
+}
+
+} // namespace lumeroom
