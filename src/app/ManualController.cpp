@@ -24,6 +24,7 @@ ManualController::ManualController(
     , m_panel(panel)
     , m_panelSetUp({runLoop, defaults, log, engineRoom, panel, *this, companions()})
     , m_reports(engineRoom, m_panelSetUp.collection(), m_panelSetUp.factory(), log)
+    , m_scripting(m_panelSetUp.collection(), log, scriptingActions())
 {
 }
 
@@ -39,7 +40,19 @@ PanelSetUp::Companions ManualController::companions()
         .addToStatusMenu = [](const std::shared_ptr<LampControlStrip>&) {},
         .fillEditMenus = [](bool) {},
         .finish = [this] { populateLampsPopUp(); },
-        .placed = [] {},
+        .placed = [this] { m_scripting.rebuild(); },
+    };
+}
+
+Scripting::Actions ManualController::scriptingActions()
+{
+    return {
+        .stripsInGroup = [this](const std::string& id) { return getStripsInGroup(id); },
+        .allOn = [this] { allOn(); },
+        .allOff = [this] { allOff(); },
+        .allBlink = {},
+        .presetPullDown = {},
+        .implementPreset = {},
     };
 }
 
@@ -131,6 +144,7 @@ void ManualController::lampStatesChanged()
             m_reports.updateTags(m_engineRoom.tagsArray());
         if (navigation.model().all.state())
             m_reports.updateGroupAll();
+        m_scripting.invalidate();
     }));
 }
 
@@ -141,6 +155,7 @@ void ManualController::lampZoneStatesChanged()
     m_runLoop.post(m_lifeline.guard([this] {
         m_lampsPending = false;
         m_reports.updateLamps(m_engineRoom.lightsArray());
+        m_scripting.invalidate();
     }));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/PanelSetUp.h"
+#include "app/Scripting.h"
 #include "app/StripReports.h"
 #include "engine/QVLIFXEngineDelegate.h"
 
@@ -27,6 +28,7 @@ public:
     void allOff();
 
     PanelSetUp& panelSetUp() { return m_panelSetUp; }
+    Scripting& scripting() { return m_scripting; }
     const Strips& collection() const { return m_panelSetUp.collection().strips(); }
     void switchTheme(int theme) { m_panelSetUp.switchTheme(theme); }
     void windowDidEndLiveResize();
@@ -55,6 +57,7 @@ public:
 
 private:
     PanelSetUp::Companions companions();
+    Scripting::Actions scriptingActions();
     Lamps lampsOfGroupStrip(const std::string& id) const;
 
     RunLoop& m_runLoop;
@@ -64,6 +67,7 @@ private:
     PanelView& m_panel;
     PanelSetUp m_panelSetUp;
     StripReports m_reports;
+    Scripting m_scripting;
     bool m_lampsPending = false; ///< an update of the strips is on its way
     bool m_statesPending = false;
     Lifeline m_lifeline;

@@ -2,10 +2,10 @@
 
 #include "base/DefaultsKeys.h"
 #include "desktop/Menus.h"
+#include "desktop/dbus/ProgramIdentity.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QStandardPaths>
 
 namespace lumeroom {
 
@@ -19,13 +19,16 @@ std::string readProducts()
 
 } // namespace
 
-Application::Application(const CommandLine& commandLine)
+Application::Application(const CommandLine& commandLine, const ProgramName& name)
     : m_commandLine(commandLine)
     , m_pipe(
           m_runLoop,
           [this](const std::string& text) { m_console.append(QString::fromStdString(text)); },
           m_commandLine.log)
-    , m_defaults(defaultsFile(), m_runLoop, m_log)
+    , m_defaults(
+          settingsFile(m_commandLine.demo, QString::fromStdString(m_commandLine.defaultsFile))
+              .toStdString(),
+          m_runLoop, m_log)
     , m_verbosity(m_log, m_defaults)
     , m_demonstration(m_commandLine, m_defaults, m_log)
     , m_io(m_runLoop, m_log)
@@ -33,6 +36,10 @@ Application::Application(const CommandLine& commandLine)
     , m_engineRoom(
           {m_runLoop, m_pacer, m_defaults, m_log, m_io.socketFactory(), readProducts, m_arpTable})
     , m_controller(m_runLoop, m_defaults, m_log, m_engineRoom, m_panel)
+    , m_scriptingService(name, m_controller.scripting(),
+          {QCoreApplication::applicationVersion(),
+              [this](const QString& token) { showPanel(token); }},
+          m_runLoop, m_log)
 {
     m_signals.setHandler([this] { quit(); });
 }
@@ -47,15 +54,6 @@ Application::VerbosityFromDefaults::VerbosityFromDefaults(Log& log, const UserDe
 Application::VerbosityFromDefaults::~VerbosityFromDefaults()
 {
     m_log.setVerbositySource({});
-}
-
-std::filesystem::path Application::defaultsFile() const
-{
-    if (!m_commandLine.defaultsFile.empty())
-        return m_commandLine.defaultsFile;
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    const std::string name = m_commandLine.demo ? "demo.plist" : "com.tanagerworks.Lumeroom.plist";
-    return std::filesystem::path(folder.toStdString()) / "lumeroom" / name;
 }
 
 int Application::run()
@@ -87,6 +85,15 @@ void Application::makeMenus()
                     m_console.raise();
                     m_console.activateWindow();
                 }});
+}
+
+void Application::showPanel(const QString& activationToken)
+{
+    // On Wayland the token goes to the compositor with the wish for the focus.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    m_controller.showManualControl();
+    qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 void Application::quit()

@@ -12,6 +12,7 @@
 #include "desktop/QuitSignals.h"
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
+#include "desktop/dbus/ScriptingService.h"
 #include "engine/EngineRoom.h"
 #include "engine/SystemArpTable.h"
 #include "engine/UdpIoThread.h"
@@ -21,7 +22,7 @@ namespace lumeroom {
 /// The program's objects, in the order of its launch. Needs a QApplication.
 class Application {
 public:
-    explicit Application(const CommandLine& commandLine);
+    Application(const CommandLine& commandLine, const ProgramName& name);
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
@@ -41,8 +42,9 @@ private:
         Log& m_log;
     };
 
-    std::filesystem::path defaultsFile() const;
     void makeMenus();
+    /// The token, if there is one, lets the window take the focus from another program.
+    void showPanel(const QString& activationToken);
     void quit();
     void terminate();
 
@@ -61,6 +63,7 @@ private:
     EngineRoom m_engineRoom;
     ControlPanelWindow m_panel;
     ManualController m_controller;
+    ScriptingService m_scriptingService;
     std::unique_ptr<Snapshot> m_snapshot;
     bool m_terminated = false;
 };
