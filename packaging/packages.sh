@@ -4,7 +4,8 @@
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl-dev
     libxcb1-dev libplist-dev libfmt-dev nlohmann-json3-dev fonts-dejavu-core)
 display_packages=(xvfb fonts-droid-fallback)
-test_packages=(libgtest-dev libbenchmark-dev iproute2 util-linux dbus-daemon x11-utils)
+test_packages=(libgtest-dev libbenchmark-dev iproute2 util-linux dbus-daemon libglib2.0-bin
+    x11-utils)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev)
 
 # The packages among the arguments that are not installed.

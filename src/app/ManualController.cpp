@@ -29,6 +29,9 @@ ManualController::ManualController(
     , m_lampsPopUp(engineRoom, defaults)
     , m_panelSetUp({runLoop, defaults, log, engineRoom, panel, *this, companions()})
     , m_reports(engineRoom, m_panelSetUp.collection(), m_panelSetUp.factory(), log)
+    , m_stage(m_panelSetUp, panel, {})
+    , m_workflows(engineRoom, log, m_stage)
+    , m_scripting(m_panelSetUp.collection(), log, scriptingActions())
 {
 }
 
@@ -42,9 +45,28 @@ PanelSetUp::Companions ManualController::companions()
     return {
         .begin = [this] { m_statusMenu.begin(); },
         .addToStatusMenu = [this](const auto& strip) { m_statusMenu.addStrip(*strip); },
-        .fillEditMenus = [](bool) {},
+        .fillEditMenus =
+            [this](bool withTags) {
+                m_workflows.fillMenus(GroupingKind::Group);
+                m_workflows.fillMenus(GroupingKind::Location);
+                if (withTags)
+                    m_workflows.fillMenus(GroupingKind::Tag);
+            },
         .finish = [this] { populateLampsPopUp(); },
-        .placed = [] {},
+        .placed = [this] { m_scripting.rebuild(); },
+        .closeEditPopovers = [this] { m_workflows.closeEditPopovers(); },
+    };
+}
+
+Scripting::Actions ManualController::scriptingActions()
+{
+    return {
+        .stripsInGroup = [this](const std::string& id) { return getStripsInGroup(id); },
+        .allOn = [this] { allOn(); },
+        .allOff = [this] { allOff(); },
+        .allBlink = {},
+        .presetPullDown = {},
+        .implementPreset = {},
     };
 }
 
@@ -148,6 +170,7 @@ void ManualController::lampStatesChanged()
         if (navigation.model().all.state())
             m_reports.updateGroupAll();
         m_statusMenu.updateDockIcon();
+        m_scripting.invalidate();
     }));
 }
 
@@ -158,6 +181,7 @@ void ManualController::lampZoneStatesChanged()
     m_runLoop.post(m_lifeline.guard([this] {
         m_lampsPending = false;
         m_reports.updateLamps(m_engineRoom.lightsArray());
+        m_scripting.invalidate();
     }));
 }
 

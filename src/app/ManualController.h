@@ -1,9 +1,12 @@
 #pragma once
 
+#include "app/GroupWorkflows.h"
 #include "app/LampsPopUp.h"
 #include "app/PanelSetUp.h"
+#include "app/Scripting.h"
 #include "app/StatusMenu.h"
 #include "app/StripReports.h"
+#include "app/WorkflowStage.h"
 #include "base/UserDefaults.h"
 #include "engine/QVLIFXEngineDelegate.h"
 
@@ -31,6 +34,8 @@ public:
 
     PanelSetUp& panelSetUp() { return m_panelSetUp; }
     StatusMenu& statusMenu() { return m_statusMenu; }
+    GroupWorkflows& workflows() { return m_workflows; }
+    Scripting& scripting() { return m_scripting; }
     const Strips& collection() const { return m_panelSetUp.collection().strips(); }
     void switchTheme(int theme) { m_panelSetUp.switchTheme(theme); }
     void windowDidEndLiveResize();
@@ -61,6 +66,7 @@ public:
 private:
     PanelSetUp::Companions companions();
     void defaultsChanged();
+    Scripting::Actions scriptingActions();
     Lamps lampsOfGroupStrip(const std::string& id) const;
 
     RunLoop& m_runLoop;
@@ -72,6 +78,9 @@ private:
     LampsPopUp m_lampsPopUp;
     PanelSetUp m_panelSetUp;
     StripReports m_reports;
+    WorkflowStage m_stage;
+    GroupWorkflows m_workflows;
+    Scripting m_scripting;
     bool m_lampsPending = false; ///< an update of the strips is on its way
     bool m_statesPending = false;
     std::int64_t m_colourPickerType = 0; ///< that the strips were built with

@@ -23,7 +23,7 @@ PanelSetUp::PanelSetUp(Environment environment)
     , m_layoutManager(m_environment.defaults, m_environment.log, m_environment.panel)
     , m_navigation({[this] { m_layoutManager.saveWindowState(); },
           [this] { refreshSetUpUsingRecycling(true); },
-          [this] { m_environment.panel.closeWorkflowPopover(); }})
+          [this] { m_environment.companions.closeEditPopovers(); }})
     , m_collection(m_environment.defaults, m_environment.log)
     , m_factory({m_environment.runLoop, m_environment.defaults, m_environment.log,
           m_environment.engineRoom, m_environment.panel, m_layoutManager, m_navigation,

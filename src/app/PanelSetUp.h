@@ -22,6 +22,8 @@ public:
         std::function<void()> finish;
         /// The rows were placed anew.
         std::function<void()> placed;
+        /// The way back was taken while a popover may be open.
+        std::function<void()> closeEditPopovers;
     };
     struct Environment {
         RunLoop& runLoop;

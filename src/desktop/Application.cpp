@@ -3,10 +3,10 @@
 #include "base/DefaultsKeys.h"
 #include "desktop/MakerSite.h"
 #include "desktop/Menus.h"
+#include "desktop/dbus/ProgramIdentity.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QStandardPaths>
 
 namespace lumeroom {
 
@@ -20,13 +20,16 @@ std::string readProducts()
 
 } // namespace
 
-Application::Application(const CommandLine& commandLine)
+Application::Application(const CommandLine& commandLine, const ProgramName& name)
     : m_commandLine(commandLine)
     , m_pipe(
           m_runLoop,
           [this](const std::string& text) { m_console.append(QString::fromStdString(text)); },
           m_commandLine.log)
-    , m_defaults(defaultsFile(), m_runLoop, m_log)
+    , m_defaults(
+          settingsFile(m_commandLine.demo, QString::fromStdString(m_commandLine.defaultsFile))
+              .toStdString(),
+          m_runLoop, m_log)
     , m_verbosity(m_log, m_defaults)
     , m_demonstration(m_commandLine, m_defaults, m_log)
     , m_io(m_runLoop, m_log)
@@ -36,6 +39,10 @@ Application::Application(const CommandLine& commandLine)
     , m_controller(m_runLoop, m_defaults, m_log, m_engineRoom, m_panel)
     , m_settings(m_defaults, m_runLoop)
     , m_explorer(m_engineRoom, m_runLoop)
+    , m_scriptingService(name, m_controller.scripting(),
+          {QCoreApplication::applicationVersion(),
+              [this](const QString& token) { showPanel(token); }},
+          m_runLoop, m_log)
 {
     m_signals.setHandler([this] { quit(); });
 }
@@ -50,15 +57,6 @@ Application::VerbosityFromDefaults::VerbosityFromDefaults(Log& log, const UserDe
 Application::VerbosityFromDefaults::~VerbosityFromDefaults()
 {
     m_log.setVerbositySource({});
-}
-
-std::filesystem::path Application::defaultsFile() const
-{
-    if (!m_commandLine.defaultsFile.empty())
-        return m_commandLine.defaultsFile;
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    const std::string name = m_commandLine.demo ? "demo.plist" : "com.tanagerworks.Lumeroom.plist";
-    return std::filesystem::path(folder.toStdString()) / "lumeroom" / name;
 }
 
 int Application::run()
@@ -91,6 +89,15 @@ void Application::makeMenus()
     actions.showExplorer = [this] { m_explorer.loadData(); };
     actions.allOn = [this] { m_controller.allOn(); };
     actions.allOff = [this] { m_controller.allOff(); };
+    actions.switchTheme = [this](int theme) { m_controller.switchTheme(theme); };
+    actions.currentTheme = [this] { return m_controller.panelSetUp().layoutManager().theme(); };
+    GroupWorkflows& workflows = m_controller.workflows();
+    actions.groups = {[&workflows] { workflows.makeGroupStep1(); }, &workflows.editGroupMenu(),
+        &workflows.deleteGroupMenu()};
+    actions.locations = {[&workflows] { workflows.makeLocationStep1(); },
+        &workflows.editLocationMenu(), &workflows.deleteLocationMenu()};
+    actions.tags = {[&workflows] { workflows.makeTagStep1(); }, &workflows.editTagMenu(),
+        &workflows.deleteTagMenu()};
     actions.showManualControl = [this] { m_controller.showManualControl(); };
     actions.visitHelp = visitHelp;
     actions.visitLumeroomHome = visitLumeroomHome;
@@ -108,6 +115,15 @@ void Application::makeStatusItem()
         m_hiddenDockIcon = std::make_unique<HiddenDockIcon>(
             [this] { return m_trayIcon->isThere(); }, [this] { quit(); }, m_log);
     }
+}
+
+void Application::showPanel(const QString& activationToken)
+{
+    // On Wayland the token goes to the compositor with the wish for the focus.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    m_controller.showManualControl();
+    qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 void Application::quit()

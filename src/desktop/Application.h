@@ -17,6 +17,7 @@
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
 #include "desktop/TrayIcon.h"
+#include "desktop/dbus/ScriptingService.h"
 #include "engine/EngineRoom.h"
 #include "engine/SystemArpTable.h"
 #include "engine/UdpIoThread.h"
@@ -26,7 +27,7 @@ namespace lumeroom {
 /// The program's objects, in the order of its launch. Needs a QApplication.
 class Application {
 public:
-    explicit Application(const CommandLine& commandLine);
+    Application(const CommandLine& commandLine, const ProgramName& name);
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
@@ -46,9 +47,10 @@ private:
         Log& m_log;
     };
 
-    std::filesystem::path defaultsFile() const;
     void makeMenus();
     void makeStatusItem();
+    /// The token, if there is one, lets the window take the focus from another program.
+    void showPanel(const QString& activationToken);
     void quit();
     void terminate();
 
@@ -72,6 +74,7 @@ private:
     std::unique_ptr<HiddenDockIcon> m_hiddenDockIcon;
     SettingsWindow m_settings;
     ExplorerWindow m_explorer;
+    ScriptingService m_scriptingService;
     std::unique_ptr<Snapshot> m_snapshot;
     bool m_terminated = false;
 };

@@ -1,12 +1,38 @@
 #include "desktop/Appearance.h"
 #include "desktop/Application.h"
 #include "desktop/QuitSignals.h"
+#include "desktop/dbus/ProgramIdentity.h"
+#include "desktop/dbus/ProgramName.h"
 
 #include <QApplication>
 #include <QIcon>
 
 #include <csignal>
 #include <cstdio>
+
+namespace {
+
+/// What the desktop gave this start so that its window may take the focus. Qt takes it away.
+QString activationToken()
+{
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+}
+
+/// The program runs already: its panel comes forward in place of a second one. The exit status.
+int deferTo(const lumeroom::ProgramName& running, const QString& token)
+{
+    const QString wrong = running.showPanelOfHolder(token);
+    if (wrong.isEmpty()) {
+        std::puts("lumeroom: it is running already; its panel has come forward");
+        return 0;
+    }
+    std::fprintf(
+        stderr, "lumeroom: it is running already, but does not answer: %s\n", qPrintable(wrong));
+    return 1;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -33,12 +59,19 @@ int main(int argc, char** argv)
     std::signal(SIGPIPE, SIG_IGN);
 
     QuitSignals::block();
+    const QString token = activationToken();
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lumeroom"));
     QApplication::setApplicationVersion(QStringLiteral(LUMEROOM_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("com.tanagerworks.Lumeroom"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/lumeroom.png")));
     applyAppearance(commandLine.appearance);
-    Application application(commandLine);
+    // A snapshot is over soon, and shows what it found, not what another program shows.
+    const ProgramName name(commandLine.snapshotFile.empty() ? serviceName(settingsFile(
+                               commandLine.demo, QString::fromStdString(commandLine.defaultsFile)))
+                                                            : QString());
+    if (name.isTaken())
+        return deferTo(name, token);
+    Application application(commandLine, name);
     return application.run();
 }

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "base/RunLoop.h"
+#include "desktop/dbus/ScriptingTree.h"
+
+#include <QDBusConnection>
+
+namespace lumeroom {
+
+class ProgramName;
+
+/// Puts the scripting objects on the bus and tells it what changes, at most ten times a second.
+/// Without a bus, or without the name, it does nothing; the log says of a missing bus.
+class ScriptingService {
+public:
+    ScriptingService(const ProgramName& name, Scripting& scripting, ScriptingTree::Program program,
+        RunLoop& runLoop, Log& log);
+    ~ScriptingService();
+    ScriptingService(const ScriptingService&) = delete;
+    ScriptingService& operator=(const ScriptingService&) = delete;
+
+private:
+    void tellSoon();
+    void tellChanges();
+    void emitSignal(const QString& path, const QString& interface, const QString& name,
+        const QVariantList& arguments);
+
+    Scripting& m_scripting;
+    RunLoop& m_runLoop;
+    QDBusConnection m_bus;
+    ScriptingTree m_tree;
+    ScriptingTree::Objects m_told;
+    Timer m_telling;
+};
+
+} // namespace lumeroom

@@ -1,0 +1,184 @@
+#!/bin/bash
+# The demonstration and its client on a session bus made here.
+# Usage: scripting.sh LUMEROOM LUMEROOMCTL COMPLETION
+set -eu
+for command in dbus-run-session gdbus; do
+    if ! command -v "$command" >/dev/null; then
+        echo "skipped: there is no $command (packages dbus-daemon, libglib2.0-bin)"
+        exit 77
+    fi
+done
+[ "${4:-}" = inside ] || exec dbus-run-session -- "$0" "$1" "$2" "$3" inside
+
+folder=$(mktemp -d)
+trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$folder"' EXIT
+export QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder"
+export LC_ALL=C.UTF-8
+lumeroom=$1
+client=$2
+
+fail() {
+    echo "FAILED: $*" >&2
+    exit 1
+}
+ctl() { "$client" --demo "$@"; }
+# Runs a command that has to end with this status and to say this.
+expect() {
+    local status=$1 text=$2 got=0 output
+    shift 2
+    output=$("$@" 2>&1) || got=$?
+    [ "$got" -eq "$status" ] || fail "'$*' ended with $got, not $status: $output"
+    [[ $output == *"$text"* ]] || fail "'$*' said: $output"
+}
+# Tries for ten seconds.
+wait_for() {
+    local i
+    for ((i = 0; i < 100; i++)); do
+        if "$@" >/dev/null 2>&1; then return; fi
+        sleep 0.1
+    done
+    fail "'$*' did not come true"
+}
+shows_lamps() { [ "$(ctl lamps --names | wc -l)" -eq "$1" ]; }
+# What a lamp itself answers: hue, saturation, brightness, kelvin, reserved, power.
+ask_lamp() {
+    exec 4<>"/dev/udp/$1/56700"
+    printf '\x24\0\0\x14\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x01\0\0\0\0\0\0\0\0\0\x65\0\0\0' >&4
+    timeout 2 dd bs=256 count=1 status=none <&4 | od -An -v -t u2 -j 36 -N 12
+    exec 4>&-
+}
+lamp_holds() { # ADDRESS FIELD VALUE
+    # shellcheck disable=SC2046
+    set -- "$1" "$2" "$3" $(ask_lamp "$1")
+    local field=$(($2 + 3))
+    [ "${!field}" = "$3" ]
+}
+
+# Without the program, or without a bus
+expect 3 "Lumeroom is not running" ctl lamps
+expect 3 "no session bus" env DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$client" lamps
+expect 2 "usage: lumeroomctl set NAME" "$client" set Desk brightness
+expect 2 "unknown command 'dance'" "$client" dance
+expect 2 "brightness is a whole number, not '1.5'" "$client" set Desk brightness 1.5
+expect 2 "'name' is nothing that can be set" "$client" set Desk name Other
+expect 0 "Exit status" "$client" --help
+
+"$lumeroom" --demo --log 2>"$folder/log" &
+program=$!
+wait_for shows_lamps 8
+named() { ctl lamps --names | grep -qx "$1"; }
+wait_for named "Floor lamp"
+first=$(grep -o '127[0-9.]*' "$folder/config/lumeroom/demo.plist" | head -n 1)
+
+# Lists; wide characters line up
+ctl lamps
+ctl lamps | grep -q '^Desk lamp \{25\}on '
+ctl lamps | grep -q '^玄関の照明 \{24\}on '
+ctl lamps --json | grep -q '"label": "玄関の照明"'
+
+# Reading
+expect 0 d073d50000010000 ctl get "Desk lamp" id
+expect 0 '"Desk lamp"' ctl get d073d50000010000 label --json
+expect 1 "the panel shows nothing named 'Cellar'" ctl get Cellar
+expect 1 "nothing named 'group:Desk lamp'" ctl get "group:Desk lamp"
+expect 2 "there is no property 'colour'" ctl get "Desk lamp" colour
+
+# A change reaches the lamp, and so does the next one; those who watch are told
+ctl watch >"$folder/watched" 2>&1 &
+watcher=$!
+ctl watch --json >"$folder/watched.json" 2>&1 &
+sleep 0.5
+ctl set "Desk lamp" brightness 100 hue 100
+wait_for lamp_holds "$first" 3 25500
+wait_for lamp_holds "$first" 1 25500
+ctl set "Desk lamp" brightness 50 state off
+wait_for lamp_holds "$first" 3 12750
+wait_for lamp_holds "$first" 6 0
+expect 0 50 ctl get "Desk lamp" brightness
+wait_for grep -qx "Desk lamp: brightness 50" "$folder/watched"
+wait_for grep -qx "Desk lamp: state off" "$folder/watched"
+wait_for grep -q '"event":"changed","id":"d073d50000010000",.*"property":"brightness","value":50' "$folder/watched.json"
+
+# Any program of the bus
+service=com.tanagerworks.Lumeroom.Demo
+root=/com/tanagerworks/Lumeroom
+lamp=$root/lamps/d073d50000010000
+call() { gdbus call --session --dest "$service" --object-path "$@"; }
+set_property() {
+    call "$lamp" --method org.freedesktop.DBus.Properties.Set com.tanagerworks.Lumeroom.Lamp "$@"
+}
+gdbus introspect --session --recurse --dest "$service" --object-path "$root" >"$folder/tree"
+grep -q "node $lamp {" "$folder/tree"
+grep -q 'readwrite i Brightness = 50;' "$folder/tree"
+grep -q 'GetManagedObjects(out a{oa{sa{sv}}} objects);' "$folder/tree"
+set_property Brightness '<int32 150>' >/dev/null
+wait_for lamp_holds "$first" 3 38250
+before=$(ask_lamp "$first")
+expect 1 "InvalidArgs: Hue is a whole number from 0 to 257, not 258." set_property Hue '<int32 258>'
+expect 1 "InvalidArgs: Brightness is a whole number from 0 to 255, not -1." set_property Brightness '<int32 -1>'
+expect 1 "InvalidArgs: Brightness is a whole number" set_property Brightness '<"bright">'
+expect 1 "InvalidArgs: State is true or false." set_property State '<int32 1>'
+expect 1 "PropertyReadOnly: Name can only be read." set_property Name '<"Other">'
+expect 1 "UnknownProperty: There is no property Speed." set_property Speed '<int32 1>'
+expect 1 "UnknownObject" call "$root/lamps/x" --method com.tanagerworks.Lumeroom.Lamp.Apply '{}'
+expect 1 "InvalidArgs: Speed is nothing that can be set." call "$lamp" \
+    --method com.tanagerworks.Lumeroom.Lamp.Apply "{'Brightness': <int32 1>, 'Speed': <int32 1>}"
+expect 1 "UnknownMethod: There is no RunPreset with the arguments (si) here." \
+    call "$root" --method com.tanagerworks.Lumeroom.RunPreset 1 2
+expect 2 "Brightness is a whole number from 0 to 255, not 256." ctl set "Desk lamp" brightness 256
+sleep 0.5
+[ "$(ask_lamp "$first")" = "$before" ] || fail "a refused change reached the lamp"
+
+# Presets and commands
+expect 1 "there is no preset 'Nothing'" ctl run Nothing
+grep -q "unable to find preset Nothing" "$folder/log"
+ctl run "All on"
+wait_for lamp_holds "$first" 6 65535
+call "$root" --method com.tanagerworks.Lumeroom.AllOff >/dev/null
+wait_for lamp_holds "$first" 6 0
+
+# A second start shows the first one's panel; other settings make another program
+expect 0 "it is running already" "$lumeroom" --demo
+expect 0 "it is running already" "$lumeroom" --defaults "$folder/config/../config/lumeroom/demo.plist"
+"$lumeroom" --demo-lamps 2 --defaults "$folder/other.plist" 2>/dev/null &
+other=$!
+others() { [ "$("$client" --defaults "$folder/other.plist" lamps --names | wc -l)" -eq 2 ]; }
+wait_for others
+shows_lamps 8 || fail "the second program disturbed the first"
+
+# Completion
+(
+    PATH="$(dirname "$client"):$PATH"
+    # shellcheck disable=SC1090
+    . "$3"
+    completes() {
+        local wanted=$1
+        shift
+        COMP_WORDS=(lumeroomctl --demo "$@")
+        COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+        _lumeroomctl
+        [ "${COMPREPLY[*]}" = "$wanted" ] || fail "completed '$*' to '${COMPREPLY[*]}'"
+    }
+    completes 'groups get' g
+    completes 'Desk\ lamp' get De
+    completes 'Desk lamp' get '"Desk l'
+    completes 'Desk\ lamp' set 'Desk\ l'
+    completes brightness set 'Desk\ lamp' b
+    completes 'on off' set 'Desk\ lamp' hue 1 state ''
+)
+
+# Quitting ends those who watch
+kill -TERM "$other" "$program"
+wait "$other" || fail "the second program ended with $?"
+wait "$program" || fail "the program ended with $?"
+status=0
+wait "$watcher" || status=$?
+[ "$status" -eq 3 ] || fail "watch ended with $status"
+grep -q "Lumeroom has quit" "$folder/watched"
+expect 3 "Lumeroom is not running" ctl lamps
+
+# Without a bus the program works, and says once what is missing
+DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$lumeroom" --demo --log --snapshot "$folder/panel.png" \
+    >"$folder/table" 2>"$folder/log"
+grep -q '^Desk lamp ' "$folder/table"
+[ "$(grep -c "no session bus: scripts cannot reach the program" "$folder/log")" -eq 1 ]

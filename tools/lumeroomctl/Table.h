@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+
+namespace lumeroomctl {
+
+/// The columns that the text takes on a terminal: East Asian wide characters take two, marks that
+/// join the character before them none.
+int columnsOf(const QString& text);
+
+/// The rows in lines, with each column as wide as its widest text.
+QString tableOf(const QList<QStringList>& rows);
+
+} // namespace lumeroomctl
