@@ -4,11 +4,14 @@
 #include <QPainter>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace lumeroom {
 
 QColor qColor(const Rgba& rgba)
 {
-    return QColor::fromRgbF(rgba.red, rgba.green, rgba.blue, rgba.alpha);
+    const auto part = [](float value) { return std::clamp(value, 0.0F, 1.0F); };
+    return QColor::fromRgbF(part(rgba.red), part(rgba.green), part(rgba.blue), part(rgba.alpha));
 }
 
 QRectF qRect(const Rectangle& rectangle)
