@@ -179,6 +179,10 @@ void ControlStripView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect().adjusted(1, 0, 1, -1),
         isDark(*this) ? palette().color(QPalette::Base) : QColor::fromRgbF(0.91F, 0.91F, 0.91F));
+    if (isBeingDragged()) { // it lies over other rows
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
 }
 
 void ControlStripView::mousePressEvent(QMouseEvent* event)
