@@ -36,12 +36,16 @@ inline void mouse(QWidget& widget, QEvent::Type type, double x)
     mouseAt(widget, type, {x, widget.height() / 2.0});
 }
 
-/// Presses in the middle and lets go at this part of the widget's width.
-inline void dragTo(QWidget& widget, double part)
+/// Presses in the middle of a slider and lets go at this part of its length.
+inline void dragTo(QWidget& slider, double part)
 {
-    mouse(widget, QEvent::MouseButtonPress, widget.width() / 2.0);
-    mouse(widget, QEvent::MouseMove, widget.width() * part);
-    mouse(widget, QEvent::MouseButtonRelease, widget.width() * part);
+    const QRectF all(slider.rect());
+    const QPointF place = all.height() > all.width()
+        ? QPointF(all.center().x(), all.bottom() - part * all.height())
+        : QPointF(part * all.width(), all.center().y());
+    mouseAt(slider, QEvent::MouseButtonPress, all.center());
+    mouseAt(slider, QEvent::MouseMove, place);
+    mouseAt(slider, QEvent::MouseButtonRelease, place);
 }
 
 } // namespace lumeroom::test

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 
@@ -164,7 +165,11 @@ void ControlStripView::showReNamePopover(const std::string& name)
     m_popover = new RenamePopover(
         QString::fromStdString(name),
         [this](const QString& text) { m_strip.popoverShouldClose(text.toStdString()); }, this);
-    m_popover->move(m_widgets.label->mapToGlobal(QPoint(0, m_widgets.label->height())));
+    m_popover->adjustSize();
+    const QRect room = screen()->availableGeometry();
+    const QPoint below = m_widgets.label->mapToGlobal(QPoint(0, m_widgets.label->height()));
+    m_popover->move(std::max(room.left(), std::min(below.x(), room.right() - m_popover->width())),
+        std::max(room.top(), std::min(below.y(), room.bottom() - m_popover->height())));
     m_popover->show();
     m_popover->setFocus();
 }
@@ -174,6 +179,10 @@ void ControlStripView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect().adjusted(1, 0, 1, -1),
         isDark(*this) ? palette().color(QPalette::Base) : QColor::fromRgbF(0.91F, 0.91F, 0.91F));
+    if (isBeingDragged()) { // it lies over other rows
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
 }
 
 void ControlStripView::mousePressEvent(QMouseEvent* event)

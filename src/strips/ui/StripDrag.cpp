@@ -32,6 +32,7 @@ void StripDrag::mouseDragged(const QMouseEvent& event)
         m_isBeingDragged = true;
         m_handle.showHeld(true);
         m_row.raise();
+        m_row.update();
     }
     follow(m_row.mapToParent(event.position().toPoint()));
     m_scroller.mouseIsAt(event.globalPosition().toPoint());
@@ -59,6 +60,7 @@ void StripDrag::abandon()
     m_isBeingDragged = false;
     m_scroller.stop();
     m_handle.showHeld(false);
+    m_row.update();
 }
 
 } // namespace lumeroom
