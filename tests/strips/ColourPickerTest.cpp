@@ -111,14 +111,14 @@ TEST(SSCircularSlider, aPressCountsOnTheKnobAndWhereItMayStand)
     const struct {
         bool center;
         bool nonEdge;
-        float x; ///< to the right of the centre; the knob stands at 86.5
         bool counts;
+        float x; ///< to the right of the centre; the knob stands at 86.5
     } cases[] = {
-        {true, true, 40, true}, {true, true, 90.5F, true}, {true, true, -90.6F, false},
-        {true, true, 94, true}, // on the knob
-        {true, true, 94.6F, false}, {true, false, 40, false}, {true, false, 3.9F, true},
-        {true, false, 4.1F, false}, {false, false, 3, false}, {false, false, -83.5F, true},
-        {false, false, -83.4F, false}, {false, false, 79, true}, // on the knob
+        {true, true, true, 40}, {true, true, true, 90.5F}, {true, true, false, -90.6F},
+        {true, true, true, 94}, // on the knob
+        {true, true, false, 94.6F}, {true, false, false, 40}, {true, false, true, 3.9F},
+        {true, false, false, 4.1F}, {false, false, false, 3}, {false, false, true, -83.5F},
+        {false, false, false, -83.4F}, {false, false, true, 79}, // on the knob
     };
     for (const auto& c : cases) {
         Slider slider = wheel();
@@ -233,18 +233,18 @@ TEST(ZTColourPicker, showsAColour)
 {
     const struct {
         bool whites;
-        Colour colour;
         bool whitesAfter;
+        Colour colour;
         Colour shown; ///< what the controls then stand for
     } cases[] = {
-        {false, {0.25F, 0.5F, 0.5F, 1, 2700}, false, {0.25F, 0.5F, 0.5F, 1, 2700}},
-        {false, {0.75F, 1, 0, 1, 2400}, false, {0.75F, 1, 0, 1, 3500}},
-        {false, {0, 0, 0.5F, 1, 2700}, false, {1, 0, 0.5F, 1, 2700}},
-        {true, {0.5F, 0.01F, 1, 1, 4000}, true, {0, 0, 1, 1, 4000}},
-        {true, {0.5F, 0, 1, 1, 9100}, true, {0, 0, 1, 1, 3500}},
-        {true, {0.5F, 0.02F, 1, 1, {}}, false, {0.5F, 0.02F, 1, 1, 3500}},
+        {false, false, {0.25F, 0.5F, 0.5F, 1, 2700}, {0.25F, 0.5F, 0.5F, 1, 2700}},
+        {false, false, {0.75F, 1, 0, 1, 2400}, {0.75F, 1, 0, 1, 3500}},
+        {false, false, {0, 0, 0.5F, 1, 2700}, {1, 0, 0.5F, 1, 2700}},
+        {true, true, {0.5F, 0.01F, 1, 1, 4000}, {0, 0, 1, 1, 4000}},
+        {true, true, {0.5F, 0, 1, 1, 9100}, {0, 0, 1, 1, 3500}},
+        {true, false, {0.5F, 0.02F, 1, 1, {}}, {0.5F, 0.02F, 1, 1, 3500}},
         // The turn from whites keeps the kelvin of the knob.
-        {true, {0.5F, 1, 1, 1, 2700}, false, {0.5F, 1, 1, 1, 3500}},
+        {true, false, {0.5F, 1, 1, 1, 2700}, {0.5F, 1, 1, 1, 3500}},
     };
     for (const auto& c : cases) {
         ZTColourPicker picker;

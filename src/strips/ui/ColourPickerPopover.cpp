@@ -7,6 +7,7 @@
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 
@@ -49,7 +50,6 @@ ColourPickerPopover::ColourPickerPopover(QWidget& window)
     : QFrame(&window, Qt::Popup)
     , m_brightness(0, kLevels)
 {
-    setFrameShape(QFrame::StyledPanel);
     setAccessibleName(tr("colour picker"));
     auto* modes = new QHBoxLayout;
     modes->setSpacing(0);
@@ -96,9 +96,23 @@ void ColourPickerPopover::handleControl(const ControlModel&)
 void ColourPickerPopover::mirror()
 {
     (m_picker->isPickingWhites() ? m_whites : m_colours)->setChecked(true);
+    showMode();
     m_brightness.setValue(m_picker->brightness() * kLevels);
     describeWheel();
     m_wheel->update();
+}
+
+/// In the accent colour: on a dark ground a pressed button hardly differs from the other.
+void ColourPickerPopover::showMode()
+{
+    for (QAbstractButton* button : {m_whites, m_colours}) {
+        QPalette shades = palette();
+        if (button->isChecked()) {
+            shades.setBrush(QPalette::Button, shades.highlight());
+            shades.setBrush(QPalette::ButtonText, shades.highlightedText());
+        }
+        button->setPalette(shades);
+    }
 }
 
 void ColourPickerPopover::describeWheel()
@@ -136,6 +150,22 @@ void ColourPickerPopover::mousePressEvent(QMouseEvent* event)
 {
     setAttribute(Qt::WA_NoMouseReplay, m_wellOnScreen.contains(event->globalPosition().toPoint()));
     QFrame::mousePressEvent(event);
+}
+
+void ColourPickerPopover::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showMode();
+}
+
+/// A line around it, which shows on a dark ground too.
+void ColourPickerPopover::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setOpacity(0.3);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 } // namespace lumeroom

@@ -26,6 +26,8 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     explicit ColourPickerPopover(QWidget& window);
@@ -33,13 +35,14 @@ private:
     void handleControl(const ControlModel& sender) override;
     void unfilteredAction(const ControlModel&) override { }
     void mirror();
+    void showMode();
     void describeWheel();
 
     std::shared_ptr<ZTColourPicker> m_picker = std::make_shared<ZTColourPicker>();
     SliderModel m_brightness; ///< in levels, for the eye; the picker has the true value
-    QAbstractButton* m_whites;
-    QAbstractButton* m_colours;
-    CircularSliderView* m_wheel;
+    QAbstractButton* m_whites = nullptr;
+    QAbstractButton* m_colours = nullptr;
+    CircularSliderView* m_wheel = nullptr;
     QRect m_wellOnScreen;
     QMetaObject::Connection m_wellGone;
 };
