@@ -1,4 +1,5 @@
 #include "app/ui/ExplorerWindow.h"
+#include "base/ManualRunLoop.h"
 #include "support/EngineAndLamps.h"
 #include "support/QtTestInput.h"
 
@@ -80,11 +81,20 @@ TEST_F(ExplorerWindowTest, refreshesItselfAndKeepsTheReadersPlace)
 
 TEST_F(ExplorerWindowTest, restsWhileItIsClosed)
 {
-    window.close();
+    ManualRunLoop loop;
+    ExplorerWindow resting(engine, loop);
+    const QAbstractItemModel& rows = *resting.findChild<QTreeView*>()->model();
+    const auto lampsShown = [&] { return rows.rowCount(rows.index(0, 0)); };
+    resting.loadData();
+    resting.close();
     ASSERT_TRUE(test::workUntil([&] { return engine.lightsArray().size() == 3; }));
-    EXPECT_EQ(model.rowCount(row({"Lights"})), 0);
-    window.loadData();
-    EXPECT_GE(model.rowCount(row({"Lights"})), 1);
+    loop.advance(Seconds(5));
+    EXPECT_EQ(lampsShown(), 0);
+    resting.show();
+    loop.advance(Seconds(0.9));
+    EXPECT_EQ(lampsShown(), 0);
+    loop.advance(Seconds(0.2));
+    EXPECT_GE(lampsShown(), 1);
 }
 
 } // namespace lumeroom

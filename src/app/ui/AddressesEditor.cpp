@@ -24,7 +24,8 @@ AddressesEditor::AddressesEditor(
     m_field->setTabChangesFocus(true);
     m_field->setPlaceholderText(tr("192.168.1.20"));
     const double lines = QFontMetricsF(m_field->font()).lineSpacing() * kLinesShown;
-    const double around = 2 * (m_field->frameWidth() + m_field->document()->documentMargin());
+    // Without the margin at the end, where a line cut in two would show.
+    const double around = 2 * m_field->frameWidth() + m_field->document()->documentMargin();
     m_field->setFixedHeight(static_cast<int>(std::ceil(lines + around)));
     m_field->installEventFilter(this);
     m_summary->setTextFormat(Qt::PlainText);
