@@ -128,7 +128,15 @@ void GroupWorkflows::remove(GroupingKind kind, const std::string& name)
     m_panel.rebuild();
 }
 
-void GroupWorkflows::fillMenus(GroupingKind kind)
+void GroupWorkflows::fillMenus(bool withTags)
+{
+    fillMenusOf(GroupingKind::Group);
+    fillMenusOf(GroupingKind::Location);
+    if (withTags)
+        fillMenusOf(GroupingKind::Tag);
+}
+
+void GroupWorkflows::fillMenusOf(GroupingKind kind)
 {
     Menus& filled = menus(kind);
     filled.edit.removeAllItems();

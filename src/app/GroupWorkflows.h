@@ -36,8 +36,8 @@ public:
     MenuModel& deleteLocationMenu() { return menus(GroupingKind::Location).remove; }
     MenuModel& editTagMenu() { return menus(GroupingKind::Tag).edit; }
     MenuModel& deleteTagMenu() { return menus(GroupingKind::Tag).remove; }
-    /// Fills the edit and delete menus of this kind with the names that the engine knows.
-    void fillMenus(GroupingKind kind);
+    /// Fills the menus with the names that the engine knows; those of tags only on demand.
+    void fillMenus(bool withTags);
     /// Pops the menu up over the button, whose frame is in window coordinates.
     void editGroupActionButton(const Rectangle& button);
     void deleteGroupActionButton(const Rectangle& button);
@@ -58,6 +58,7 @@ private:
         MenuModel remove;
     };
 
+    void fillMenusOf(GroupingKind kind);
     void makeStep1(GroupingKind kind);
     void makePopoverClose(GroupingKind kind, int tag, const std::string& name);
     void make(GroupingKind kind, const Strips& strips, const std::string& name);

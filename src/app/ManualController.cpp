@@ -29,7 +29,7 @@ ManualController::ManualController(
     , m_lampsPopUp(engineRoom, defaults)
     , m_panelSetUp({runLoop, defaults, log, engineRoom, panel, *this, companions()})
     , m_reports(engineRoom, m_panelSetUp.collection(), m_panelSetUp.factory(), log)
-    , m_stage(m_panelSetUp, panel, {})
+    , m_stage(m_panelSetUp, panel)
     , m_workflows(engineRoom, log, m_stage)
     , m_scripting(m_panelSetUp.collection(), log, scriptingActions())
 {
@@ -45,13 +45,7 @@ PanelSetUp::Companions ManualController::companions()
     return {
         .begin = [this] { m_statusMenu.begin(); },
         .addToStatusMenu = [this](const auto& strip) { m_statusMenu.addStrip(*strip); },
-        .fillEditMenus =
-            [this](bool withTags) {
-                m_workflows.fillMenus(GroupingKind::Group);
-                m_workflows.fillMenus(GroupingKind::Location);
-                if (withTags)
-                    m_workflows.fillMenus(GroupingKind::Tag);
-            },
+        .fillEditMenus = [this](bool withTags) { m_workflows.fillMenus(withTags); },
         .finish = [this] { populateLampsPopUp(); },
         .placed = [this] { m_scripting.rebuild(); },
         .closeEditPopovers = [this] { m_workflows.closeEditPopovers(); },

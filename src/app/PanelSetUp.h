@@ -22,7 +22,7 @@ public:
         std::function<void()> finish;
         /// The rows were placed anew.
         std::function<void()> placed;
-        /// The way back was taken while a popover may be open.
+        /// The panel goes back from what it was navigated to.
         std::function<void()> closeEditPopovers;
     };
     struct Environment {

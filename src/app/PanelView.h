@@ -50,6 +50,8 @@ public:
     /// The rows in the order in which the keyboard goes through them.
     virtual void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) = 0;
 
+    /// Pops the menu up as a context menu at this point of the window.
+    virtual void popUpMenu(MenuModel& menu, Point at) = 0;
     virtual void showWorkflowPopover(const WorkflowPopover& popover) = 0;
     virtual void closeWorkflowPopover() = 0;
     /// While the user edits in a popover, the panel must not be rebuilt under it.

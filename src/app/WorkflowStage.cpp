@@ -4,10 +4,9 @@
 
 namespace lumeroom {
 
-WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel, PopUpMenu popUpMenu)
+WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel)
     : m_panelSetUp(panelSetUp)
     , m_panel(panel)
-    , m_popUpMenu(std::move(popUpMenu))
     , m_selection(panelSetUp.collection())
 {
 }
@@ -94,8 +93,7 @@ int WorkflowStage::runModal(const Alert& alert)
 
 void WorkflowStage::popUpMenu(MenuModel& menu, Point at)
 {
-    if (m_popUpMenu)
-        m_popUpMenu(menu, at);
+    m_panel.popUpMenu(menu, at);
 }
 
 } // namespace lumeroom

@@ -10,8 +10,7 @@ class PanelSetUp;
 /// The panel as the workflows use it.
 class WorkflowStage : public WorkflowPanel {
 public:
-    using PopUpMenu = std::function<void(MenuModel& menu, Point at)>;
-    WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel, PopUpMenu popUpMenu);
+    WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel);
 
     StripSelection& selection() { return m_selection; }
 
@@ -35,7 +34,6 @@ public:
 private:
     PanelSetUp& m_panelSetUp;
     PanelView& m_panel;
-    PopUpMenu m_popUpMenu;
     StripSelection m_selection;
 };
 

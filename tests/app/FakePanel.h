@@ -75,6 +75,7 @@ public:
         for (auto* row : now)
             rows.push_back(static_cast<FakeRow*>(row));
     }
+    void popUpMenu(MenuModel& menu, Point) override { poppedUp = &menu; }
     void showWorkflowPopover(const WorkflowPopover& shown) override { workflow = shown; }
     void closeWorkflowPopover() override { workflow.reset(); }
     bool popoverIsOpen() const override { return workflow.has_value(); }
@@ -102,6 +103,7 @@ public:
     std::pair<bool, bool> scrollers;
     std::vector<FakeRow*> rows; ///< as they show, from the first
     std::optional<WorkflowPopover> workflow;
+    MenuModel* poppedUp = nullptr;
     std::vector<Alert> alerts;
 };
 

@@ -1,6 +1,6 @@
 #include "app/GroupWorkflows.h"
 
-#include "FakePanel.h"
+#include "ControllerHarness.h"
 #include "app/StripSelection.h"
 #include "support/EngineHarness.h"
 
@@ -106,8 +106,6 @@ Lines titles(const MenuModel& menu)
     return list;
 }
 
-constexpr GroupingKind kKinds[] = {GroupingKind::Group, GroupingKind::Location, GroupingKind::Tag};
-
 } // namespace
 
 /// Lamps 1 to 3 in a group "Den", a location "Home" and with a tag "Warm": the first two of them in
@@ -123,10 +121,7 @@ struct Workflows : EngineHarness {
             receive(stateGrouping(50, n, 0xB2, "Home"));
             receive(stateTags(n, 1));
         }
-        panel.onRebuild = [this] {
-            for (const GroupingKind kind : kKinds)
-                workflows.fillMenus(kind);
-        };
+        panel.onRebuild = [this] { workflows.fillMenus(true); };
         panel.onRebuild();
     }
     Lines members(GroupingKind kind, const std::string& name)
@@ -294,7 +289,7 @@ TEST_F(Workflows, editingWhatIsGone)
 TEST_F(Workflows, twoOfOneNameReachTheFirst)
 {
     receive(stateGrouping(53, 3, 0xC3, "Den"));
-    workflows.fillMenus(GroupingKind::Group);
+    workflows.fillMenus(false);
     ASSERT_EQ(titles(workflows.editGroupMenu()), (Lines{"Den", "Den"}));
     workflows.editGroupMenu().items().back()->choose();
     EXPECT_EQ(panel.getSelectedLampStrips().size(), 2U);
@@ -366,6 +361,47 @@ TEST_F(Workflows, theButtonsPopTheirMenusUp)
     EXPECT_EQ(panel.poppedUpAt, (Point{20, 330}));
     workflows.deleteGroupActionButton({20, 300, 60, 40});
     EXPECT_EQ(panel.poppedUp, &workflows.deleteGroupMenu());
+}
+
+/// The same with the real panel set-up.
+TEST_F(Controller, aGroupIsMadeAndEditedOnThePanel)
+{
+    for (unsigned n = 1; n <= 3; ++n)
+        addNamed(n, "Lamp " + std::to_string(n));
+    launch();
+    panel.navigation->groups.press();
+    GroupWorkflows& workflows = controller.workflows();
+    workflows.makeGroupStep1();
+    EXPECT_EQ(panel.navigation->description, "Making new group");
+    ASSERT_EQ(panel.rows.size(), 3U);
+    panel.strip(0).getSelectedButton().press();
+    const int builds = panel.builds;
+    addNamed(4, "Late"); // must not take the selection away
+    loop.advance(Seconds(12));
+    EXPECT_EQ(panel.builds, builds);
+    panel.navigation->back.press(); // neither must the way back
+    ASSERT_TRUE(panel.workflow);
+    const auto press = [&](int tag, const std::string& name) {
+        const auto popover = panel.workflow.value();
+        popover.close(tag, name);
+    };
+    press(1, "Den");
+    EXPECT_FALSE(panel.workflow);
+    EXPECT_FALSE(panel.navigation->isFiltered);
+    EXPECT_EQ(panel.names(), (Names{"Lamp 1", "Lamp 2", "Lamp 3", "Late", "Den"}));
+    EXPECT_TRUE(panel.strip(0).getSelectedButton().isHidden());
+
+    const auto entry = workflows.editGroupMenu().itemWithTitle("Den");
+    ASSERT_TRUE(entry);
+    entry->choose();
+    EXPECT_TRUE(panel.strip(0).isSelected());
+    EXPECT_FALSE(panel.strip(1).isSelected());
+    panel.navigation->back.press();
+    EXPECT_FALSE(panel.workflow);
+    workflows.editGroupStep1("Den");
+    panel.strip(1).setSelected(true);
+    press(1, "Den");
+    EXPECT_EQ(engine().lightsArrayForGroup(*engine().IDForGroupNamed("Den")).size(), 2U);
 }
 
 TEST_F(Workflows, theRightmostSelectionButton)

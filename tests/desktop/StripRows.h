@@ -16,6 +16,7 @@ public:
     void sendSettingsToStripsInGroup(const StripSettings&, const std::string&) override { }
     void populateLampsPopUp() override { }
     int runModal(const Alert&) override { return 0; }
+    void stripHasMissedReports() override { }
     void viewDidBeginDragging() override { calls.emplace_back("begin"); }
     void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) override
     {

@@ -9,6 +9,7 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -207,6 +208,18 @@ void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView
     }
 }
 
+void ControlPanelWindow::popUpMenu(MenuModel& menu, Point at)
+{
+    auto* shown = new QMenu(this);
+    shown->setAttribute(Qt::WA_DeleteOnClose);
+    for (const auto& item : menu.items()) {
+        const QString title
+            = QString::fromStdString(item->title()).replace(u'&', QStringLiteral("&&"));
+        connect(shown->addAction(title), &QAction::triggered, this, [item] { item->choose(); });
+    }
+    shown->popup(mapToGlobal(QPoint(static_cast<int>(at.x), static_cast<int>(at.y))));
+}
+
 void ControlPanelWindow::showWorkflowPopover(const WorkflowPopover& popover)
 {
     closeWorkflowPopover();
@@ -250,6 +263,8 @@ int ControlPanelWindow::runModal(const Alert& alert)
     std::vector<QAbstractButton*> buttons;
     for (const std::string& title : alert.buttons)
         buttons.push_back(box.addButton(QString::fromStdString(title), QMessageBox::AcceptRole));
+    if (buttons.size() > 1) // to dismiss a question is not to agree
+        box.setEscapeButton(buttons.back());
     box.exec();
     const auto pressed = std::find(buttons.begin(), buttons.end(), box.clickedButton());
     return pressed == buttons.end() ? 0 : static_cast<int>(pressed - buttons.begin());

@@ -43,6 +43,7 @@ public:
     void setScrollers(bool horizontal, bool vertical) override;
     void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) override;
 
+    void popUpMenu(MenuModel& menu, Point at) override;
     void showWorkflowPopover(const WorkflowPopover& popover) override;
     void closeWorkflowPopover() override;
     bool popoverIsOpen() const override;
