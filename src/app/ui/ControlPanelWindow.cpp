@@ -25,7 +25,7 @@ namespace lumeroom {
 
 namespace {
 
-constexpr QSize kFirstSize{860, 420};
+constexpr QSize kFirstSize{915, 540}; // three squares side by side, and three rows of them
 // The strips leave this much of the window's width to the navigation and a scroll bar.
 constexpr int kBesideTheStrips = 135;
 constexpr int kResizeRestMilliseconds = 250;

@@ -16,19 +16,18 @@ constexpr double kRadius = 6;
 
 } // namespace
 
-NavigationButton::NavigationButton(const QString& text, const QIcon& icon, QWidget* parent)
+NavigationButton::NavigationButton(const QString& text, Icon icon, QWidget* parent)
     : QAbstractButton(parent)
+    , m_icon(icon)
 {
     setText(text);
-    setIcon(icon);
-    setIconSize({kIcon, kIcon});
     setAccessibleName(text);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 NavigationButton::NavigationButton(
-    ButtonModel& model, const QString& text, const QIcon& icon, QWidget* parent)
+    ButtonModel& model, const QString& text, Icon icon, QWidget* parent)
     : NavigationButton(text, icon, parent)
 {
     setCheckable(true);
@@ -64,14 +63,12 @@ void NavigationButton::paintEvent(QPaintEvent*)
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
         painter.drawRoundedRect(ground, kRadius, kRadius);
     }
-    const QRect picture(kMargin, (height() - kIcon) / 2, kIcon, kIcon);
-    icon().paint(&painter, picture);
-    QColor ink = palette().color(QPalette::WindowText);
     if (isCheckable() && !isChecked())
-        ink.setAlphaF(0.65F);
-    painter.setPen(ink);
-    const int left = icon().isNull() ? kMargin : picture.right() + kMargin;
-    const QRect room = rect().adjusted(left, 0, -4, 0);
+        painter.setOpacity(0.65);
+    const QRect picture(kMargin, (height() - kIcon) / 2, kIcon, kIcon);
+    lumeroom::icon(m_icon, palette()).paint(&painter, picture);
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QRect room = rect().adjusted(picture.right() + kMargin, 0, -4, 0);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
         fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "strips/ui/Icons.h"
+
 #include <QAbstractButton>
 
 namespace lumeroom {
@@ -11,9 +13,9 @@ class NavigationButton : public QAbstractButton {
     Q_OBJECT
 
 public:
-    NavigationButton(ButtonModel& model, const QString& text, const QIcon& icon, QWidget* parent);
+    NavigationButton(ButtonModel& model, const QString& text, Icon icon, QWidget* parent);
     /// A push button that only acts.
-    NavigationButton(const QString& text, const QIcon& icon, QWidget* parent);
+    NavigationButton(const QString& text, Icon icon, QWidget* parent);
 
     QSize sizeHint() const override;
 
@@ -21,6 +23,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+
+private:
+    Icon m_icon;
 };
 
 } // namespace lumeroom

@@ -48,16 +48,17 @@ QWidget* NavigationView::makeSwitches()
 {
     auto* page = new QWidget(this);
     auto* column = makeColumn(page);
-    const auto add = [&](ButtonModel& button, const QString& text, const QString& tip) {
-        auto* view = new NavigationButton(button, text, QIcon(), page);
+    const auto add = [&](ButtonModel& button, Icon icon, const QString& text, const QString& tip) {
+        auto* view = new NavigationButton(button, text, icon, page);
         view->setToolTip(tip);
         column->addWidget(view);
     };
-    add(m_model.lights, tr("Lights"), tr("Show a strip for each lamp"));
-    add(m_model.groups, tr("Groups"), tr("Show a strip for each group"));
-    add(m_model.locations, tr("Locations"), tr("Show a strip for each location"));
-    add(m_model.tags, tr("Tags"), tr("Show a strip for each tag"));
-    add(m_model.all, tr("All"), tr("Show a strip for all lamps together"));
+    add(m_model.lights, Icon::NavLights, tr("Lights"), tr("Show a strip for each lamp"));
+    add(m_model.groups, Icon::NavGroups, tr("Groups"), tr("Show a strip for each group"));
+    add(m_model.locations, Icon::NavLocations, tr("Locations"),
+        tr("Show a strip for each location"));
+    add(m_model.tags, Icon::NavTags, tr("Tags"), tr("Show a strip for each tag"));
+    add(m_model.all, Icon::NavAll, tr("All"), tr("Show a strip for all lamps together"));
     column->addStretch(1);
     return page;
 }
@@ -66,8 +67,7 @@ QWidget* NavigationView::makeWayBack()
 {
     auto* page = new QWidget(this);
     auto* column = makeColumn(page);
-    auto* back
-        = new NavigationButton(tr("Back"), style()->standardIcon(QStyle::SP_ArrowBack), page);
+    auto* back = new NavigationButton(tr("Back"), Icon::NavBack, page);
     connect(back, &QAbstractButton::clicked, this, [this] { m_model.back.press(); });
     column->addWidget(back);
     m_description->setTextFormat(Qt::PlainText);
@@ -82,13 +82,13 @@ QWidget* NavigationView::makeAllButtons(NavigationActions actions)
 {
     auto* page = new QWidget(this);
     auto* column = makeColumn(page);
-    const auto add = [&](const QString& text, std::function<void()> action) {
-        auto* button = new NavigationButton(text, QIcon(), page);
+    const auto add = [&](const QString& text, Icon icon, std::function<void()> action) {
+        auto* button = new NavigationButton(text, icon, page);
         connect(button, &QAbstractButton::clicked, this, std::move(action));
         column->addWidget(button);
     };
-    add(tr("All on"), std::move(actions.allOn));
-    add(tr("All off"), std::move(actions.allOff));
+    add(tr("All on"), Icon::AllOn, std::move(actions.allOn));
+    add(tr("All off"), Icon::AllOff, std::move(actions.allOff));
     return page;
 }
 

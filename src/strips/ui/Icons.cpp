@@ -39,6 +39,10 @@ QString fileOf(Icon which)
         return QStringLiteral("back");
     case Icon::NavForward:
         return QStringLiteral("forward");
+    case Icon::AllOn:
+        return QStringLiteral("all-on");
+    case Icon::AllOff:
+        return QStringLiteral("all-off");
     case Icon::Rename:
         return QStringLiteral("rename");
     case Icon::Effect:

@@ -18,6 +18,8 @@ enum class Icon {
     NavAll,
     NavBack,
     NavForward, ///< from a strip to those behind it
+    AllOn,
+    AllOff,
     Rename,
     Effect,
     Handle,
