@@ -8,9 +8,13 @@ constexpr Seconds kInterval(0.1);
 
 void ActionFilter::controlDidChange()
 {
-    if (m_timer.isPending())
+    if (isPending())
         return;
-    m_timer = m_runLoop.after(kInterval, [this] { m_fireFilteredAction(); });
+    m_timer = m_runLoop.after(kInterval, [this, firing = m_firing] {
+        *firing = true;
+        m_fireFilteredAction();
+        *firing = false;
+    });
 }
 
 } // namespace lumeroom

@@ -16,12 +16,14 @@ public:
 
     void controlDidChange();
     /// A change is on its way.
-    bool isPending() const { return m_timer.isPending(); }
+    bool isPending() const { return m_timer.isPending() || *m_firing; }
 
 private:
     RunLoop& m_runLoop;
     std::function<void()> m_fireFilteredAction;
     Timer m_timer;
+    std::shared_ptr<bool> m_firing
+        = std::make_shared<bool>(false); ///< the control may go meanwhile
 };
 
 } // namespace lumeroom

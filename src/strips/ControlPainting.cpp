@@ -85,6 +85,11 @@ OnOffButtonPaint onOffButtonPaint(const Rectangle& bounds, const OnOffButtonLook
     return paint;
 }
 
+Rgba buttonBackground(bool coloured)
+{
+    return coloured ? Rgba{0.4F, 0.4F, 0.4F, 0.095F} : Rgba{0, 0, 0, 0};
+}
+
 Rgba swatchFill(const Colour& colour)
 {
     Colour fill = colour;

@@ -45,6 +45,9 @@ struct OnOffButtonLook {
 
 OnOffButtonPaint onOffButtonPaint(const Rectangle& bounds, const OnOffButtonLook& look);
 
+/// The ground of a button that is on; clear under one that is off.
+Rgba buttonBackground(bool coloured);
+
 /// The swatch: its colour at full brightness, with the brightness as alpha, so that a dim colour is
 /// pale.
 Rgba swatchFill(const Colour& colour);

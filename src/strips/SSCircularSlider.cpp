@@ -139,7 +139,7 @@ bool SSCircularSlider::isInAllowedZone(Point point) const
         return false;
     if (distance >= trackRadius() - kEdgeZoneInside)
         return true;
-    return m_allowsNonEdge || (m_allowsCenter && distance < kCenterZone);
+    return distance < kCenterZone ? m_allowsCenter : m_allowsNonEdge;
 }
 
 bool SSCircularSlider::mouseDown(Point point, bool shift)

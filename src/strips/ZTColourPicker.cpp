@@ -48,8 +48,8 @@ void ZTColourPicker::setColour(const Colour& colour)
         handleControl(Control::Colours);
     const KnobPlace knob = isPickingWhites() ? knobFromKelvin(m_kelvin) : knobFromColour(colour);
     m_mainSlider.setAngleAndDistance({knob.degrees, knob.distance});
-    m_brightness = colour.brightness;
-    m_mainSlider.setBrightness(colour.brightness);
+    m_brightness = std::clamp(colour.brightness, 0.0F, 1.0F);
+    m_mainSlider.setBrightness(m_brightness);
     setNeedsDisplay();
 }
 

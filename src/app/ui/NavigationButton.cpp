@@ -49,15 +49,20 @@ void NavigationButton::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     const bool dark = isDark(*this);
     const QRectF ground = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    QColor fill(dark ? Qt::white : Qt::black);
-    fill.setAlphaF(isChecked() ? 0.13F : 0.0F);
-    if (isDown())
-        fill.setAlphaF(0.2F);
-    else if (underMouse())
-        fill.setAlphaF(fill.alphaF() + 0.05F);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(fill);
+    painter.setBrush(qColor(buttonBackground(isChecked())));
     painter.drawRoundedRect(ground, kRadius, kRadius);
+    if (isChecked()) {
+        painter.setBrush(palette().color(QPalette::Highlight));
+        painter.drawRoundedRect(
+            QRectF(ground.left(), ground.top() + 8, 3, ground.height() - 16), 1.5, 1.5);
+    }
+    if (isDown() || underMouse()) {
+        QColor veil(dark ? Qt::white : Qt::black);
+        veil.setAlphaF(isDown() ? 0.15F : 0.05F);
+        painter.setBrush(veil);
+        painter.drawRoundedRect(ground, kRadius, kRadius);
+    }
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));

@@ -4,12 +4,14 @@
 #include "strips/ui/CircularSliderView.h"
 #include "strips/ui/SliderView.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
+#include <QWindow>
 
 #include <cmath>
 
@@ -40,14 +42,18 @@ QPoint placeBeside(const QRect& well, QSize size, const QRect& screen, ColourWel
 
 } // namespace
 
-ColourPickerPopover& ColourPickerPopover::of(QWidget& window)
+ColourPickerPopover& ColourPickerPopover::shared()
 {
-    auto* popover = window.findChild<ColourPickerPopover*>({}, Qt::FindDirectChildrenOnly);
-    return popover ? *popover : *new ColourPickerPopover(window);
+    static std::unique_ptr<ColourPickerPopover> popover;
+    if (!popover) {
+        popover.reset(new ColourPickerPopover);
+        qAddPostRoutine([] { popover.reset(); }); // no widget may outlive the application
+    }
+    return *popover;
 }
 
-ColourPickerPopover::ColourPickerPopover(QWidget& window)
-    : QFrame(&window, Qt::Popup)
+ColourPickerPopover::ColourPickerPopover()
+    : QFrame(nullptr, Qt::Popup)
     , m_brightness(0, kLevels)
 {
     setAccessibleName(tr("colour picker"));
@@ -138,6 +144,8 @@ void ColourPickerPopover::showAt(QWidget& well, ColourWellPopover::Edge preferre
     adjustSize();
     const QRect screen = well.screen()->availableGeometry();
     setGeometry(QRect(placeBeside(m_wellOnScreen, size(), screen, preferredEdge), size()));
+    winId(); // makes the window, which a desktop places only beside another one
+    windowHandle()->setTransientParent(well.window()->windowHandle());
     disconnect(m_wellGone);
     m_wellGone = connect(&well, &QObject::destroyed, this, &QWidget::close);
     show();

@@ -10,14 +10,13 @@ namespace lumeroom {
 
 class CircularSliderView;
 
-/// The picker beside a well, shared by the wells of one window. A press outside or Escape closes
-/// it.
+/// The picker beside a well, which all wells share. A press outside or Escape closes it.
 class ColourPickerPopover : public QFrame, private ControlTarget {
     Q_OBJECT
 
 public:
-    /// The popover of this window, made when first asked for.
-    static ColourPickerPopover& of(QWidget& window);
+    /// Made when first asked for; goes with the application.
+    static ColourPickerPopover& shared();
     ~ColourPickerPopover() override;
 
     const std::shared_ptr<ZTColourPicker>& picker() const { return m_picker; }
@@ -30,7 +29,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    explicit ColourPickerPopover(QWidget& window);
+    ColourPickerPopover();
     QAbstractButton* addMode(const QString& title, ZTColourPicker::Control control);
     void handleControl(const ControlModel& sender) override;
     void unfilteredAction(const ControlModel&) override { }

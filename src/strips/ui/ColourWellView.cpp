@@ -6,9 +6,12 @@
 
 #include <QApplication>
 #include <QDrag>
+#include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
+#include <QPropertyAnimation>
 
 #include <cmath>
 
@@ -75,9 +78,11 @@ ColourWellView::ColourWellView(ColourWellModel& model, QWidget* parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
+    setMouseTracking(true);
     setAccessibleName(tr("colour"));
     connect(this, &QAbstractButton::clicked, this, [this] { m_model.showThePopover(); });
     m_model.setPopover(this);
+    m_model.setColourPicker(ColourPickerPopover::shared().picker());
     followModel(m_model, this, &ColourWellView::mirror);
 }
 
@@ -107,15 +112,9 @@ QSize ColourWellView::sizeHint() const
     return {kSize, kSize};
 }
 
-/// The picker is that of the window in which the well now is.
-void ColourWellView::showEvent(QShowEvent*)
-{
-    m_model.setColourPicker(ColourPickerPopover::of(*window()).picker());
-}
-
 void ColourWellView::showAtWell(Edge preferredEdge)
 {
-    ColourPickerPopover::of(*window()).showAt(*this, preferredEdge);
+    ColourPickerPopover::shared().showAt(*this, preferredEdge);
 }
 
 void ColourWellView::mousePressEvent(QMouseEvent* event)
@@ -128,6 +127,7 @@ void ColourWellView::mousePressEvent(QMouseEvent* event)
 
 void ColourWellView::mouseMoveEvent(QMouseEvent* event)
 {
+    m_pointedAt = mapToGlobal(QPoint(0, 0));
     const QPoint place = event->position().toPoint();
     if (!rect().contains(place))
         m_model.mouseExited();
@@ -150,9 +150,11 @@ void ColourWellView::leaveEvent(QEvent*)
     m_model.mouseExited();
 }
 
+/// A turn of the wheel that scrolls the panel goes on doing so when a well comes under the mouse:
+/// only where the user has pointed at the well does it dim.
 void ColourWellView::wheelEvent(QWheelEvent* event)
 {
-    const float lines = linesOf(*event);
+    const float lines = m_pointedAt == mapToGlobal(QPoint(0, 0)) ? linesOf(*event) : 0;
     event->setAccepted(lines != 0);
     if (lines != 0)
         m_model.scrollWheel(lines);
@@ -184,7 +186,7 @@ QMimeData* ColourWellView::makeDragData()
     auto* offer = new QMimeData;
     offer->setData(kArchiveType,
         QByteArray(reinterpret_cast<const char*>(archive.data()), qsizetype(archive.size())));
-    offer->setColorData(qColor(rgbaFrom(m_model.colour())));
+    offer->setData(kColourType, {}); // a well takes the archive; others get no colour from here
     return offer;
 }
 
@@ -204,7 +206,27 @@ void ColourWellView::startDrag(QPoint press)
     drag->setPixmap(swatch());
     const QPoint middle(kSwatchSize / 2, kSwatchSize / 2);
     drag->setHotSpot(press - rect().center() + middle); // it sets out from the well's centre
-    drag->exec(Qt::CopyAction);
+    const QPointer<ColourWellView> here = this;
+    if (drag->exec(Qt::CopyAction) == Qt::IgnoreAction && here)
+        slideBack(drag->pixmap(), mapFromGlobal(QCursor::pos()) - middle);
+}
+
+/// The swatch that nobody took goes home.
+void ColourWellView::slideBack(const QPixmap& swatch, QPoint from)
+{
+    constexpr int kMilliseconds = 250;
+    auto* picture = new QLabel(window());
+    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
+    picture->setPixmap(swatch);
+    picture->adjustSize();
+    picture->move(mapTo(window(), from));
+    picture->show();
+    auto* slide = new QPropertyAnimation(picture, "pos", picture);
+    slide->setDuration(kMilliseconds);
+    slide->setEasingCurve(QEasingCurve::OutCubic);
+    slide->setEndValue(mapTo(window(), rect().center() - picture->rect().center()));
+    connect(slide, &QAbstractAnimation::finished, picture, &QObject::deleteLater);
+    slide->start();
 }
 
 void ColourWellView::dragEnterEvent(QDragEnterEvent* event)

@@ -8,8 +8,8 @@ class QMimeData;
 
 namespace lumeroom {
 
-/// A round swatch of a colour. A click opens the picker of its window, the wheel dims, and colours
-/// can be dragged out and dropped in. The model must outlive it.
+/// A round swatch of a colour. A click opens the picker, the wheel dims, and colours can be dragged
+/// out and dropped in. The model must outlive it.
 class ColourWellView : public QAbstractButton, private ColourWellPopover {
     Q_OBJECT
 
@@ -32,7 +32,6 @@ protected:
     virtual void startDrag(QPoint press);
 
     void paintEvent(QPaintEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -45,8 +44,11 @@ protected:
 private:
     void showAtWell(Edge preferredEdge) override;
     void mirror();
+    void slideBack(const QPixmap& swatch, QPoint from);
 
     ColourWellModel& m_model;
+    std::optional<QPoint>
+        m_pointedAt; ///< where the well was on the screen when the mouse moved on it
     std::optional<QPoint> m_press; ///< where the left button went down, while it may become a drag
 };
 

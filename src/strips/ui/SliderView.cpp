@@ -147,6 +147,12 @@ void SliderView::follow(QPointF mouse)
     setValue(static_cast<int>(std::lround(std::clamp(place, 0.0, 1.0) * maximum())));
 }
 
+/// The wheel scrolls the panel, whatever slider comes under the mouse.
+void SliderView::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
 void SliderView::enterEvent(QEnterEvent*)
 {
     update();
