@@ -43,7 +43,10 @@ ManualController::~ManualController()
 PanelSetUp::Companions ManualController::companions()
 {
     return {
+        .populatePresetPullDown = [this] { m_statusMenu.populatePresetPullDown(); },
         .begin = [this] { m_statusMenu.begin(); },
+        .made
+        = [this](const auto& strip) { m_stage.selection().setRightmostSelectionButtonOf(strip); },
         .addToStatusMenu = [this](const auto& strip) { m_statusMenu.addStrip(*strip); },
         .fillEditMenus = [this](bool withTags) { m_workflows.fillMenus(withTags); },
         .finish = [this] { populateLampsPopUp(); },
@@ -252,8 +255,11 @@ void ManualController::viewDidFinishDragging()
 
 void ManualController::showEffectsManager() { }
 
-std::unique_ptr<StripEffect> ManualController::makeEffect(const std::string&, LampControlStrip&)
+std::unique_ptr<StripEffect> ManualController::makeEffect(
+    const std::string& name, LampControlStrip&)
 {
+    if (m_log.shows(1))
+        m_log.line("unable to find effect {}", name);
     return nullptr;
 }
 

@@ -59,6 +59,7 @@ public:
     void viewDidBeginDragging() override;
     void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) override;
     void viewDidFinishDragging() override;
+    bool hasEffectsManager() const override { return false; }
     void showEffectsManager() override;
     std::unique_ptr<StripEffect> makeEffect(
         const std::string& name, LampControlStrip& strip) override;

@@ -7,6 +7,7 @@
 #include "engine/EngineRoom.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lumeroom {
 
@@ -38,6 +39,8 @@ void PanelSetUp::setUp()
         m_environment.engineRoom.invalidateSockets();
     m_attemptedSetUp = true;
     m_navigation.turnSomethingOn();
+    if (!m_setUp)
+        m_environment.companions.populatePresetPullDown();
     m_collection.clear();
     m_environment.companions.begin();
 
@@ -87,9 +90,6 @@ void PanelSetUp::addLampStrips(const Lamps& lamps)
 {
     int tag = 0;
     for (const auto& lamp : lamps) {
-        // A lamp that was heard at a second address has a second record, but one strip.
-        if (m_collection.getStripWithID(lamp->id))
-            continue;
         addStrip(StripRecord::of(*lamp), StripType::Lamp, tag++);
         m_environment.companions.addToStatusMenu(m_collection.strips().back());
     }
@@ -98,9 +98,7 @@ void PanelSetUp::addLampStrips(const Lamps& lamps)
     // Narrowed down, the lamps are gone through again. A strip that was on the panel before is
     // given out again and shows once; one that was not shows twice.
     for (const auto& lamp : lamps) {
-        const auto strip
-            = m_factory.makeControlStripForLamp(StripRecord::of(*lamp), StripType::Lamp);
-        m_collection.add(strip);
+        addStrip(StripRecord::of(*lamp), StripType::Lamp, std::nullopt);
     }
 }
 
@@ -145,10 +143,12 @@ void PanelSetUp::addZoneStrips()
         addStrip(StripRecord::of(zone, *lamp), StripType::Zone, m_nextTag++);
 }
 
-void PanelSetUp::addStrip(const StripRecord& record, StripType type, int tag)
+void PanelSetUp::addStrip(const StripRecord& record, StripType type, std::optional<int> tag)
 {
     const auto strip = m_factory.makeControlStripForLamp(record, type);
-    strip->setTag(tag);
+    if (tag)
+        strip->setTag(*tag);
+    m_environment.companions.made(strip);
     m_collection.add(strip);
 }
 
@@ -163,10 +163,13 @@ bool PanelSetUp::popoverIsOpen() const
 void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
 {
     if (!m_collection.strips().empty() && popoverIsOpen()) {
-        m_deferredRefresh = m_environment.runLoop.after(
-            kRefreshDeferral, [this, recycling] { refreshSetUpUsingRecycling(recycling); });
+        deferRefresh(recycling);
         return;
     }
+    // What waits is done with this, and where it may not reuse the rows, neither may this.
+    m_deferredRefresh.cancel();
+    if (!std::exchange(m_deferredRecycling, true))
+        recycling = false;
     if (!recycling)
         m_factory.forgetRecycled();
     for (const auto& strip : m_collection.strips()) {
@@ -177,6 +180,15 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
             view->setShown(false);
     }
     setUp();
+}
+
+void PanelSetUp::deferRefresh(bool recycling)
+{
+    m_deferredRecycling = m_deferredRecycling && recycling;
+    if (!m_deferredRefresh.isPending()) {
+        m_deferredRefresh = m_environment.runLoop.after(
+            kRefreshDeferral, [this] { refreshSetUpUsingRecycling(m_deferredRecycling); });
+    }
 }
 
 void PanelSetUp::refreshSoon()

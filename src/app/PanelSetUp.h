@@ -12,8 +12,12 @@ class PanelSetUp {
 public:
     /// What else is made anew with the panel.
     struct Companions {
+        /// While no pass has found lamps yet, each one begins with this.
+        std::function<void()> populatePresetPullDown;
         /// Before the strips: the status menu is emptied.
         std::function<void()> begin;
+        /// A strip was made, or made ready again.
+        std::function<void(const std::shared_ptr<LampControlStrip>&)> made;
         /// A strip that is to have an entry in the status menu.
         std::function<void(const std::shared_ptr<LampControlStrip>&)> addToStatusMenu;
         /// The menus of groups, locations and tags. Those of tags change only with tags in view.
@@ -57,11 +61,12 @@ public:
 
 private:
     bool popoverIsOpen() const;
+    void deferRefresh(bool recycling);
     std::optional<Lamps> lampsToShow() const;
     void addLampStrips(const Lamps& lamps);
     void addGroupStrips();
     void addZoneStrips();
-    void addStrip(const StripRecord& record, StripType type, int tag);
+    void addStrip(const StripRecord& record, StripType type, std::optional<int> tag);
 
     Environment m_environment;
     LayoutManager m_layoutManager;
@@ -75,6 +80,7 @@ private:
     Timer m_retry;
     Timer m_setUpBuffer;
     Timer m_deferredRefresh;
+    bool m_deferredRecycling = true; ///< of the refresh that waits
 };
 
 } // namespace lumeroom

@@ -14,6 +14,11 @@ StatusMenu::StatusMenu(const EngineRoom& engineRoom, const UserDefaults& default
     , m_actions(std::move(actions))
     , m_statusPeresetSubMenu(std::make_shared<MenuModel>("Presets"))
 {
+}
+
+void StatusMenu::populatePresetPullDown()
+{
+    m_statusPeresetSubMenu->removeAllItems();
     m_statusPeresetSubMenu->addItem("Turn all on", m_actions.allOn);
     m_statusPeresetSubMenu->addItem("Turn all off", m_actions.allOff);
 }

@@ -25,6 +25,8 @@ public:
     /// The presets, behind the entries for all lamps.
     MenuModel& statusPeresetSubMenu() { return *m_statusPeresetSubMenu; }
 
+    /// Fills the presets' menu. The user's own presets will stand under the entries for all lamps.
+    void populatePresetPullDown();
     /// Empties the menu down to the entries that are always there.
     void begin();
     /// An entry that switches the strip's target over and shows its colour.

@@ -32,8 +32,23 @@ StripCollection::StripCollection(UserDefaults& defaults, Log& log)
 
 void StripCollection::add(std::shared_ptr<LampControlStrip> strip)
 {
-    (strip->isGroup() ? m_groups : m_lampsAndZones).emplace(strip->getID(), strip);
+    indexStrip(strip);
     m_strips.push_back(std::move(strip));
+}
+
+/// The first with its ID is the one that is found.
+void StripCollection::indexStrip(const std::shared_ptr<LampControlStrip>& strip)
+{
+    (strip->isGroup() ? m_groups : m_lampsAndZones).emplace(strip->getID(), strip);
+}
+
+/// In the order of now.
+void StripCollection::indexAnew()
+{
+    m_lampsAndZones.clear();
+    m_groups.clear();
+    for (const auto& strip : m_strips)
+        indexStrip(strip);
 }
 
 void StripCollection::clear()
@@ -87,6 +102,7 @@ void StripCollection::insertStripIntoPosition(const LampControlStrip& strip, int
     const auto moved = m_strips[static_cast<std::size_t>(present)];
     m_strips.erase(m_strips.begin() + present);
     m_strips.insert(m_strips.begin() + position, moved);
+    indexAnew();
 }
 
 void StripCollection::applySortOrder()
@@ -108,6 +124,7 @@ void StripCollection::applySortOrder()
         }
     }
     m_strips = std::move(sorted);
+    indexAnew();
 }
 
 std::shared_ptr<LampControlStrip> StripCollection::getStripAtSortedPosition(

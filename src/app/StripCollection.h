@@ -42,6 +42,8 @@ public:
 private:
     using ByID = std::map<std::string, std::shared_ptr<LampControlStrip>, std::less<>>;
 
+    void indexStrip(const std::shared_ptr<LampControlStrip>& strip);
+    void indexAnew();
     std::shared_ptr<LampControlStrip> getStripAtSortedPosition(
         const Value::Array& order, std::size_t position) const;
 

@@ -9,6 +9,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 namespace lumeroom {
 
 namespace {
@@ -48,7 +50,11 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
         *value = value->value_or(0);
     strip->setCapabilities(record.capabilities.value_or(kCapabilitiesColourLamp));
     strip->implementSettingsFromDictionaryWithoutActing(shown);
-    strip->brightnessSlider().setValue(static_cast<float>(*shown.brightness)); // to the last unit
+    // To the last fraction, which a report does not care for.
+    strip->brightnessSlider().setValue(static_cast<float>(*shown.brightness));
+    strip->colourSlider().setValue(static_cast<float>(*shown.colour));
+    strip->satSlider().setValue(static_cast<float>(*shown.saturation));
+    strip->warmthSlider().setValue(static_cast<float>(*shown.warmth));
     strip->setSelected(false);
     strip->showSelectedButton(false);
     setUpBadge(*strip);
@@ -91,7 +97,8 @@ void StripFactory::setUpNavigationButton(LampControlStrip& strip) const
     ButtonModel& button = strip.navigationButton();
     LampControlStrip* const target = &strip; // which holds the button
     Navigation& navigation = m_environment.navigation;
-    const bool leadsOn = strip.isGroup() && strip.getID() != kAllLampsId;
+    const bool isAll = strip.type() == StripType::Group && strip.getID() == kAllLampsId;
+    const bool leadsOn = strip.isGroup() && !isAll;
     button.setHidden(!leadsOn);
     if (!leadsOn)
         return;
@@ -124,12 +131,12 @@ void StripFactory::showZones(LampControlStrip& strip, std::size_t zones) const
     button.setHidden(false);
 }
 
-// One that is not kept yet is not kept by being asked for either.
+// The first of those kept. One that is not kept yet is not kept by being asked for either.
 std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
     const std::string& id, StripType type)
 {
-    const auto found = m_recycler.find({type, id});
-    if (found != m_recycler.end())
+    const auto found = m_recycler.lower_bound({type, id});
+    if (found != m_recycler.end() && found->first == std::pair(type, id))
         return found->second;
     auto strip = std::make_shared<LampControlStrip>(id, type, m_environment.runLoop);
     strip->colourWell().setSurroundings(m_environment.defaults, m_environment.log);
@@ -138,7 +145,12 @@ std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
 
 void StripFactory::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)
 {
-    m_recycler.try_emplace({strip->type(), strip->getID()}, strip);
+    const std::pair key(strip->type(), strip->getID());
+    const auto [first, last] = m_recycler.equal_range(key);
+    const bool kept
+        = std::any_of(first, last, [&](const auto& entry) { return entry.second == strip; });
+    if (!kept)
+        m_recycler.emplace(key, strip);
 }
 
 } // namespace lumeroom

@@ -42,7 +42,7 @@ private:
     void setUpNavigationButton(LampControlStrip& strip) const;
 
     Environment m_environment;
-    std::map<std::pair<StripType, std::string>, std::shared_ptr<LampControlStrip>> m_recycler;
+    std::multimap<std::pair<StripType, std::string>, std::shared_ptr<LampControlStrip>> m_recycler;
 };
 
 } // namespace lumeroom

@@ -148,6 +148,7 @@ void GroupingCommands::make(const LampReferences& references, const std::string&
             listOfIDs(references));
     }
     m_environment.embargo.imposeTemporaryEmbargo();
+    imposeTemporaryEmbargo(references);
     const auto record = makeWithName<typename Kind::Record>(name);
     for (const auto& lamp : usableLamps(references, m_environment.registry)) {
         Kind::send(m_environment.polls, *record, *lamp);
@@ -164,6 +165,7 @@ void GroupingCommands::edit(std::string_view id, const LampReferences& reference
             listOfIDs(references));
     }
     m_environment.embargo.imposeTemporaryEmbargo();
+    imposeTemporaryEmbargo(references);
     const auto record = Kind::withID(m_environment.registry, id);
     const Lamps kept = usableLamps(references, m_environment.registry);
     if (record) {

@@ -16,6 +16,14 @@ Lamps usableLamps(const LampReferences& references, const LampRegistry& registry
     return lamps;
 }
 
+void imposeTemporaryEmbargo(const LampReferences& references)
+{
+    for (LampReference* reference : references) {
+        if (reference)
+            reference->imposeTemporaryEmbargo();
+    }
+}
+
 std::string listOfIDs(const LampReferences& references)
 {
     std::string list;

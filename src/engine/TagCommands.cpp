@@ -51,6 +51,7 @@ void TagCommands::makeTagNamed(const LampReferences& references, const std::stri
             "Engine room instructed to make tag {} with: {}", name, listOfIDs(references));
     }
     m_environment.embargo.imposeTemporaryEmbargo();
+    imposeTemporaryEmbargo(references);
     const auto tag = makeTagWithName(name);
     if (!tag)
         return;
@@ -69,6 +70,7 @@ void TagCommands::editTagLamps(std::string_view id, const LampReferences& refere
             "Engine room instructed to edit tag {} with: {}", id, listOfIDs(references));
     }
     m_environment.embargo.imposeTemporaryEmbargo();
+    imposeTemporaryEmbargo(references);
     const auto tag = m_environment.registry.tagNamed(id);
     if (tag) {
         const Lamps kept = usableLamps(references, m_environment.registry);

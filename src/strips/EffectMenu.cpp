@@ -6,7 +6,7 @@ namespace {
 constexpr std::string_view kEffectName = "name";
 }
 
-std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing)
+std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing, bool canEdit)
 {
     using Kind = EffectMenuItem::Kind;
     std::vector<EffectMenuItem> menu;
@@ -19,7 +19,7 @@ std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playi
         menu.push_back({Kind::Effect, name ? name->stringValue() : std::string()});
     }
     menu.push_back({});
-    menu.push_back({Kind::EditEffects, "Add / edit effects..."});
+    menu.push_back({Kind::EditEffects, "Add / edit effects...", canEdit});
     return menu;
 }
 

@@ -9,11 +9,12 @@ struct EffectMenuItem {
     enum class Kind { StopEffect, Effect, EditEffects, Separator };
     Kind kind = Kind::Separator;
     std::string title;
+    bool enabled = true;
 
     bool operator==(const EffectMenuItem&) const = default;
 };
 
 /// The stored effects by name, under the means to stop one that plays and over that to edit them.
-std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing);
+std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing, bool canEdit);
 
 } // namespace lumeroom

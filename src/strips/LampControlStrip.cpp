@@ -193,8 +193,11 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmba
     const StripSettings& settings)
 {
     // A report in the tenth of a second before the user's change is sent would undo the change.
-    m_missedReport = embargo() || m_controls.hasPendingAction();
-    if (!m_missedReport)
+    const bool refused = embargo() || m_controls.hasPendingAction();
+    // The same as before is no news: another lamp spoke, and this one has not answered yet.
+    m_missedReport = refused && (m_missedReport || settings != m_lastReport);
+    m_lastReport = settings;
+    if (!refused)
         implementSettingsFromDictionaryWithoutActing(settings);
 }
 
@@ -273,7 +276,8 @@ std::vector<EffectMenuItem> LampControlStrip::effectMenu() const
     const bool playing = m_runner && m_runner->isRunning();
     const auto effects
         = m_owner ? m_owner->userDefaults().arrayForKey(keys::kEffects) : std::nullopt;
-    return effectMenuOf(effects.value_or(Value::Array()), playing);
+    const bool canEdit = m_owner && m_owner->hasEffectsManager();
+    return effectMenuOf(effects.value_or(Value::Array()), playing, canEdit);
 }
 
 void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)

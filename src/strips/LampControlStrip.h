@@ -76,7 +76,7 @@ public:
     void implementSettingsFromDictionaryWithTransitionTime(const StripSettings& settings);
 
     /// Reports are not shown for at least 5 seconds from now, and at most about 7.
-    void imposeTemporaryEmbargo() { m_embargo.imposeTemporaryEmbargo(); }
+    void imposeTemporaryEmbargo() override { m_embargo.imposeTemporaryEmbargo(); }
     bool embargo() const { return m_embargo.isSet(); }
 
     /// "label", "onoff", "brightness", "colour", "saturation", "warmth" and "id".
@@ -125,6 +125,7 @@ private:
     LampControlStripOwner* m_owner = nullptr;
     StripControls m_controls;
     StripEmbargo m_embargo;
+    StripSettings m_lastReport; ///< shown or not
     bool m_missedReport = false;
     std::unique_ptr<StripEffect> m_runner;
     std::shared_ptr<MenuItemModel> m_statusBarMenuItem;

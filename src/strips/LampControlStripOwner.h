@@ -42,6 +42,8 @@ public:
     virtual void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) = 0;
     virtual void viewDidFinishDragging() = 0;
 
+    /// Whether there is one to show.
+    virtual bool hasEffectsManager() const = 0;
     virtual void showEffectsManager() = 0;
     /// The stored effect of this name, ready to start on the strip from the colour that its well
     /// shows; null, with a log line, if there is none.

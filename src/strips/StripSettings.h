@@ -12,6 +12,8 @@ struct StripSettings : Settings {
     static StripSettings fromDictionary(const Value::Dictionary& dictionary);
     /// Power alone.
     static StripSettings power(bool on);
+
+    bool operator==(const StripSettings&) const = default;
 };
 
 } // namespace lumeroom

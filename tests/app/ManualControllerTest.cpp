@@ -59,6 +59,31 @@ TEST_F(Controller, aRebuildWaitsForAnOpenPopover)
     EXPECT_EQ(panel.rows.size(), 3U);
 }
 
+TEST_F(Controller, rebuildsThatWaitAreOneThatReusesRowsOnlyIfAllMay)
+{
+    addNamed(1, "One");
+    launch();
+    panel.rows[0]->popover = true;
+    controller.switchTheme(1);
+    loop.advance(Seconds(3));
+    panel.didEndLiveResize();
+    loop.advance(Seconds(1)); // does not put off what waits
+    panel.rows[0]->popover = false;
+    loop.advance(Seconds(1.5));
+    EXPECT_EQ(panel.builds, 2);
+    EXPECT_EQ(panel.rowsMade, 2);
+    loop.advance(Seconds(10));
+    EXPECT_EQ(panel.builds, 2);
+
+    panel.rows[0]->popover = true;
+    controller.switchTheme(0);
+    panel.rows[0]->popover = false;
+    panel.didEndLiveResize(); // at once, and with new rows
+    loop.advance(Seconds(10));
+    EXPECT_EQ(panel.builds, 3);
+    EXPECT_EQ(panel.rowsMade, 3);
+}
+
 TEST_F(Controller, reportsMoveTheStripsUnlessTouched)
 {
     addNamed(1, "One");
@@ -79,6 +104,15 @@ TEST_F(Controller, reportsMoveTheStripsUnlessTouched)
     receive(lightState(1, {.brightness = 12850, .label = "One"}));
     loop.runPosted();
     EXPECT_EQ(strip.brightnessSlider().value(), 50);
+
+    addNamed(2, "Two");
+    loop.advance(Seconds(3));
+    strip.onOffButton().press();
+    loop.advance(Seconds(1));
+    receive(lightState(2, {.brightness = 300, .label = "Two"}));
+    const bool pressed = strip.onOffButton().state();
+    loop.advance(Seconds(5)); // another lamp spoke: that is no report of this one
+    EXPECT_EQ(strip.onOffButton().state(), pressed);
 
     receive(stateVersion(1, 10)); // white only, as it turns out
     loop.runPosted();

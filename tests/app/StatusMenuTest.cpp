@@ -41,6 +41,8 @@ struct StatusItem : EngineHarness {
 TEST_F(StatusItem, theMenuControlsTheLamps)
 {
     const Lines always{"Show manual control", "-", "Presets", "-"};
+    statusMenu.populatePresetPullDown();
+    statusMenu.populatePresetPullDown(); // anew, not once more
     statusMenu.begin();
     EXPECT_EQ(titles(statusMenu.statusMenu()), always);
     addLamp(1, {.power = 0});

@@ -16,6 +16,7 @@ struct LampChoice : LampReference {
     }
     bool isGroup() const override { return false; }
     std::string getID() const override { return m_id; }
+    void imposeTemporaryEmbargo() override { }
 
 private:
     std::string m_id;

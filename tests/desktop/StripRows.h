@@ -24,6 +24,7 @@ public:
         points.push_back(point);
     }
     void viewDidFinishDragging() override { calls.emplace_back("finish"); }
+    bool hasEffectsManager() const override { return true; }
     void showEffectsManager() override { calls.emplace_back("effects"); }
     std::unique_ptr<StripEffect> makeEffect(const std::string& name, LampControlStrip&) override
     {

@@ -12,8 +12,10 @@ struct Reference : LampReference {
     }
     bool isGroup() const override { return grouped; }
     std::string getID() const override { return id; }
+    void imposeTemporaryEmbargo() override { ++embargoes; }
     std::string id;
     bool grouped;
+    int embargoes = 0;
 };
 
 std::string label(const SentDatagram& sent, std::size_t at)
@@ -46,8 +48,8 @@ struct Groupings : EngineHarness {
         return sockets.take();
     }
     static constexpr std::int64_t kNow = 1772452800; // the start of the manual clock
-    const Reference one{lampID(1)}, two{lampID(2)}, three{lampID(3)};
-    const Reference group{lampID(3), true}, stranger{lampID(9)};
+    Reference one{lampID(1)}, two{lampID(2)}, three{lampID(3)};
+    Reference group{lampID(3), true}, stranger{lampID(9)};
 };
 
 TEST_F(Groupings, aGroupIsMadeOnItsLampsAtOnceInTheRecords)
@@ -61,6 +63,8 @@ TEST_F(Groupings, aGroupIsMadeOnItsLampsAtOnceInTheRecords)
     EXPECT_EQ(made->integerId % 1000000000, 0);
     EXPECT_EQ(delegate.states, 1);
     EXPECT_TRUE(engine().embargoGroupsAndLocations());
+    EXPECT_EQ(one.embargoes, 1); // its strip rests too
+    EXPECT_EQ(three.embargoes, 0);
 
     const auto sent = queued();
     ASSERT_EQ(sent.size(), 2U);

@@ -131,6 +131,7 @@ TEST_F(Heartbeat, moreLampsThanTheQueueCanServeDoNotSwellIt)
     struct : LampReference {
         bool isGroup() const override { return false; }
         std::string getID() const override { return lampID(1); }
+        void imposeTemporaryEmbargo() override { }
     } lamp;
     engine().makeGroupNamed({&lamp}, "Den");
     loop.advance(Seconds(14));

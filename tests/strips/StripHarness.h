@@ -36,6 +36,7 @@ public:
     void viewDidBeginDragging() override { }
     void changePositionOfStripBasedOnPoint(LampControlStrip&, Point) override { }
     void viewDidFinishDragging() override { }
+    bool hasEffectsManager() const override { return canEditEffects; }
     void showEffectsManager() override { calls.emplace_back("showEffectsManager"); }
     std::unique_ptr<StripEffect> makeEffect(const std::string& name, LampControlStrip&) override
     {
@@ -44,6 +45,7 @@ public:
     Lines takeCalls() { return std::exchange(calls, {}); }
 
     Lines calls;
+    bool canEditEffects = true;
     std::vector<EffectMenuItem> menu;
 
 private:

@@ -166,6 +166,8 @@ TEST_F(Targets, anEffectIsChosenFromTheMenuAndEndsBeforeTheLampsGoOff)
         strip->deactivate();
         EXPECT_EQ(owner.takeCalls(), (Lines{"stop Fire after 0 datagrams"}));
     }
+    owner.canEditEffects = false;
+    EXPECT_FALSE(makeStrip(lampID(1), StripType::Lamp)->effectMenu().back().enabled);
 }
 
 TEST_F(Targets, theStatusMenuTogglesAndShowsTheStrip)

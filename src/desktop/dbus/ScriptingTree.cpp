@@ -51,9 +51,9 @@ ScriptingTree::Objects ScriptingTree::objects() const
 {
     Objects objects;
     // Where two have one ID, the one that shows first has the path.
-    const auto add = [&objects](const QString& path, Object object) {
+    const auto add = [&objects](const QString& path, const Object& object) {
         if (!objects.contains(path))
-            objects.insert(path, std::move(object));
+            objects.insert(path, object);
     };
     for (const auto& lamp : m_scripting.getLamps())
         add(lampPath(lamp->ID()), {bus::kLamp, propertiesOf(*lamp), lamp});

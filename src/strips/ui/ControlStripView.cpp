@@ -153,9 +153,11 @@ void ControlStripView::popUpEffectMenu(const std::vector<EffectMenuItem>& menu)
         QString title = QString::fromStdString(item.title);
         title.replace(QLatin1Char('&'), QStringLiteral("&&")); // no accelerator
         // Later, when the menu is gone: what is chosen may rebuild the panel.
+        QAction* action = popUp->addAction(title);
+        action->setEnabled(item.enabled);
         connect(
-            popUp->addAction(title), &QAction::triggered, this,
-            [this, item] { m_strip.chooseFromEffectMenu(item); }, Qt::QueuedConnection);
+            action, &QAction::triggered, this, [this, item] { m_strip.chooseFromEffectMenu(item); },
+            Qt::QueuedConnection);
     }
     popUp->popup(m_widgets.effect->mapToGlobal(QPoint(0, m_widgets.effect->height())));
 }

@@ -120,7 +120,10 @@ void SliderView::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     setSliderDown(true);
+    const int before = value();
     follow(event->position());
+    if (value() == before) // to take hold of it is an action too, which holds reports off
+        m_model.moveTo(m_model.value());
 }
 
 void SliderView::mouseMoveEvent(QMouseEvent* event)
