@@ -56,8 +56,18 @@ void UserDefaults::registerDefaults(Value::Dictionary fallbacks)
     tellObservers();
 }
 
+void UserDefaults::overrideDefaults(Value::Dictionary values)
+{
+    const std::lock_guard lock(m_mutex);
+    values.merge(m_overriding);
+    m_overriding = std::move(values);
+    tellObservers();
+}
+
 const Value* UserDefaults::find(std::string_view key) const
 {
+    if (const auto overriding = m_overriding.find(key); overriding != m_overriding.end())
+        return &overriding->second;
     if (const auto stored = m_stored.find(key); stored != m_stored.end())
         return &stored->second;
     const auto registered = m_registered.find(key);
@@ -110,6 +120,8 @@ std::optional<Value::Array> UserDefaults::arrayForKey(std::string_view key) cons
 void UserDefaults::setObject(std::string_view key, Value value)
 {
     const std::lock_guard lock(m_mutex);
+    if (isOverridden(key))
+        return;
     const auto stored = m_stored.find(key);
     if (stored != m_stored.end() && stored->second == value)
         return;
@@ -120,11 +132,22 @@ void UserDefaults::setObject(std::string_view key, Value value)
 void UserDefaults::removeObject(std::string_view key)
 {
     const std::lock_guard lock(m_mutex);
+    if (isOverridden(key))
+        return;
     const auto stored = m_stored.find(key);
     if (stored == m_stored.end())
         return;
     m_stored.erase(stored);
     changed();
+}
+
+/// Whoever tries to change such a value is told, so that what shows it shows it again.
+bool UserDefaults::isOverridden(std::string_view key)
+{
+    if (m_overriding.find(key) == m_overriding.end())
+        return false;
+    tellObservers();
+    return true;
 }
 
 DefaultsObservation UserDefaults::observe(RunLoop& runLoop, std::function<void()> changed)

@@ -48,7 +48,11 @@ public:
     /// Fallbacks under the stored values, never written to the file.
     void registerDefaults(Value::Dictionary fallbacks);
 
-    /// The stored value, else the registered one, else nothing.
+    /// Values over the stored ones for as long as this object lives. They are never written, and
+    /// what is set or removed under their keys is dropped.
+    void overrideDefaults(Value::Dictionary values);
+
+    /// The overriding value, else the stored one, else the registered one, else nothing.
     std::optional<Value> objectForKey(std::string_view key) const;
     // Absent keys read as false, 0 and "" (see Value for the coercions).
     bool boolForKey(std::string_view key) const;
@@ -70,12 +74,14 @@ public:
 
 private:
     const Value* find(std::string_view key) const;
+    bool isOverridden(std::string_view key);
     void changed();
     void tellObservers();
 
     mutable std::mutex m_mutex;
     Value::Dictionary m_stored;
     Value::Dictionary m_registered;
+    Value::Dictionary m_overriding;
     std::vector<std::weak_ptr<DefaultsObservation::Observer>> m_observers;
     bool m_pending = false;
     bool m_writeScheduled = false;

@@ -12,6 +12,8 @@ namespace {
 // Each of these lamps has an address and is asked by it; at this speed all the questions of a cycle
 // fit into it.
 constexpr double kHeartbeatSpeed = 0.5;
+/// Where nothing answers.
+const std::string kNoLamps = "127.0.0.1";
 
 } // namespace
 
@@ -20,14 +22,14 @@ Demonstration::Demonstration(const CommandLine& commandLine, UserDefaults& defau
     if (!commandLine.demo)
         return;
     std::string error;
-    if (!m_lamps.start(commandLine.demoLamps, error)) {
+    if (!m_lamps.start(commandLine.demoLamps, error))
         log.line("no demonstration: {}", error);
-        return;
-    }
     std::string addresses;
     for (const std::string& address : m_lamps.addresses())
         addresses += (addresses.empty() ? "" : "\n") + address;
-    defaults.setObject(keys::kManualIPAddresses, addresses);
+    // Over whatever is set: with no address at all, the real network would be searched.
+    defaults.overrideDefaults(
+        {{std::string(keys::kManualIPAddresses), addresses.empty() ? kNoLamps : addresses}});
     defaults.setObject(keys::kHeartbeatSpeed, kHeartbeatSpeed);
 }
 

@@ -8,8 +8,8 @@ class Log;
 class UserDefaults;
 struct CommandLine;
 
-/// The lamps of the demonstration, if the command line asks for it; the settings are told where
-/// they are.
+/// The lamps of the demonstration, if the command line asks for it. Their addresses are then the
+/// only ones that the program speaks to, whatever is set.
 class Demonstration {
 public:
     Demonstration(const CommandLine& commandLine, UserDefaults& defaults, Log& log);

@@ -70,6 +70,27 @@ TEST_F(UserDefaultsFile, changesAreWrittenOnceShortlyAfterwards)
     EXPECT_TRUE(lines.empty());
 }
 
+TEST_F(UserDefaultsFile, whatIsOverriddenStaysAndIsNeverWritten)
+{
+    write(propertylist::toXml(Value::Dictionary{{"a", 1}}));
+    UserDefaults defaults(file, loop, log);
+    defaults.overrideDefaults({{"a", 5}, {"b", 6}});
+    int told = 0;
+    const auto observation = defaults.observe(loop, [&] { ++told; });
+    for (const char* key : {"a", "b"}) {
+        defaults.setObject(key, 2);
+        loop.runPosted();
+        defaults.removeObject(key);
+        loop.runPosted();
+    }
+    EXPECT_EQ(told, 4); // what shows it has to show it again
+    EXPECT_EQ(defaults.integerForKey("a"), 5);
+    EXPECT_EQ(defaults.integerForKey("b"), 6);
+    defaults.setObject("c", 3);
+    loop.advance(Seconds(1));
+    EXPECT_EQ(stored(), Value(Value::Dictionary{{"a", 1}, {"c", 3}}));
+}
+
 TEST_F(UserDefaultsFile, theLastChangesAreWrittenAtTheEnd)
 {
     const fs::path deeper = folder / "new" / "folder" / "settings.plist";

@@ -1,9 +1,12 @@
 #include "app/ui/ConsoleWindow.h"
 #include "app/ui/ControlPanelWindow.h"
 #include "app/ui/WorkflowPopoverView.h"
+#include "base/DefaultsKeys.h"
 #include "base/Log.h"
 #include "base/ManualRunLoop.h"
+#include "base/UserDefaults.h"
 #include "desktop/CommandLine.h"
+#include "desktop/Demonstration.h"
 #include "desktop/HiddenDockIcon.h"
 #include "desktop/QtRunLoop.h"
 #include "desktop/Snapshot.h"
@@ -101,6 +104,24 @@ TEST(StandardErrorPipe, handsOverWholeCharacters)
         EXPECT_TRUE(loop.runUntil([&] { return text == lamp; })) << text;
     }
     ASSERT_EQ(::write(STDERR_FILENO, "", 0), 0); // the stream is back
+}
+
+TEST(Demonstration, speaksToItsOwnLampsOnlyWhateverIsSet)
+{
+    Log log([](std::string_view) {});
+    UserDefaults defaults;
+    CommandLine commandLine;
+    commandLine.demo = true;
+    commandLine.demoLamps = 2;
+    const Demonstration demonstration(commandLine, defaults, log);
+    const std::string addresses = defaults.stringForKey(keys::kManualIPAddresses);
+    EXPECT_EQ(addresses.find("127.0."), 0U);
+    for (const char* text : {"", "192.168.1.20"}) {
+        defaults.setObject(keys::kManualIPAddresses, text);
+        EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), addresses);
+    }
+    defaults.removeObject(keys::kManualIPAddresses);
+    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), addresses);
 }
 
 TEST(HiddenDockIcon, keepsTheProgramRunningWhileThereIsATray)
