@@ -9,6 +9,8 @@
 #include "engine/Polls.h"
 #include "engine/WireFormat.h"
 
+#include <utility>
+
 namespace lumeroom {
 
 Discovery::Discovery(UserDefaults& defaults, Log& log, const EngineNotifier& notifier, Polls& polls,
@@ -91,6 +93,14 @@ void Discovery::findLIFXDevices()
             m_log.line("arp completed successfully\n");
         readCompleted(result.output);
     });
+}
+
+void Discovery::findLIFXDevicesIfNeeded()
+{
+    const bool asksKnownIPs = noBroadcastSupport() && getManualIPs().empty();
+    const bool askedThem = std::exchange(m_asksKnownIPs, asksKnownIPs);
+    if (asksKnownIPs && !askedThem && (!m_knownIPs || m_knownIPs->empty()))
+        findLIFXDevices();
 }
 
 void Discovery::readCompleted(const std::string& output)

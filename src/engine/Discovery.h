@@ -34,6 +34,8 @@ public:
 
     /// Reads the ARP table once, in the background.
     void findLIFXDevices();
+    /// The same, when only known addresses have come to be asked and none is known.
+    void findLIFXDevicesIfNeeded();
     void addIPsToKnownIPs(const std::vector<std::string>& addresses);
 
 private:
@@ -48,6 +50,7 @@ private:
     const EngineNotifier& m_notifier;
     Polls& m_polls;
     ArpTable& m_arpTable;
+    bool m_asksKnownIPs = false; ///< neither everyone nor a list
     /// Nothing until the first addition, which takes in the addresses of earlier runs.
     std::optional<std::set<std::string>> m_knownIPs;
 };

@@ -58,14 +58,16 @@ struct EngineRoom::Machinery {
     GroupingCommands groupings;
     TagCommands tags;
     Heartbeat heartbeat;
+    DefaultsObservation defaultsObservation;
 };
 
 EngineRoom::EngineRoom(const EngineEnvironment& environment)
     : m(std::make_unique<Machinery>(environment, *this))
 {
     m->queue.startQueingSystem();
-    if (m->discovery.noBroadcastSupport() && m->discovery.getManualIPs().empty())
-        m->discovery.findLIFXDevices();
+    m->discovery.findLIFXDevicesIfNeeded();
+    m->defaultsObservation = environment.defaults.observe(
+        environment.runLoop, [this] { m->discovery.findLIFXDevicesIfNeeded(); });
 }
 
 EngineRoom::~EngineRoom() = default;

@@ -231,6 +231,25 @@ TEST_F(Heartbeat, theArpTableIsReadOnlyWithoutBroadcastsAndList)
     EXPECT_EQ(arp.runs, 0);
 }
 
+TEST_F(Heartbeat, theArpTableIsReadAtOnceWhenTheSettingsComeToNeedIt)
+{
+    defaults.setObject("manualIPAddresses", "10.0.0.1");
+    engine();
+    const auto set = [this](const char* key, const Value& value) {
+        defaults.setObject(key, value);
+        loop.runPosted();
+        return std::exchange(arp.runs, 0);
+    };
+    EXPECT_EQ(set("noBroadcastSupport", true), 0);
+    EXPECT_EQ(set("manualIPAddresses", ""), 1);
+    EXPECT_EQ(set("verbosity", 1), 0); // once
+    EXPECT_EQ(set("noBroadcastSupport", false), 0);
+    EXPECT_EQ(set("noBroadcastSupport", true), 1);
+    arp.pending({0, "lifx-desk (10.0.0.2) at aa\n"});
+    set("noBroadcastSupport", false);
+    EXPECT_EQ(set("noBroadcastSupport", true), 0); // now there are addresses to ask
+}
+
 TEST_F(Heartbeat, theArpTableSeedsTheKnownAddresses)
 {
     defaults.setObject("noBroadcastSupport", "YES");
