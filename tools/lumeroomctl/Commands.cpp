@@ -72,8 +72,8 @@ void get(const Client& client, const Options& options)
 {
     const Thing thing = client.thingNamed(options.arguments.first());
     const Things all = thing.isGroup ? client.things() : Things();
-    const QString property = options.arguments.value(1).toLower();
-    if (!property.isEmpty()) {
+    if (options.arguments.size() > 1) {
+        const QString property = options.arguments[1].toLower();
         if (options.json)
             printJsonValue(jsonOf(thing, property, all));
         else

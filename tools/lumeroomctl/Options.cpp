@@ -47,6 +47,13 @@ bool takeFlag(Options& options, const QString& argument)
     return true;
 }
 
+/// What is set may be a number below 0, which is then refused for what it is.
+bool isNegativeNumber(const Options& options, const QString& argument)
+{
+    return options.command == QLatin1StringView("set") && argument.size() > 1 && argument[0] == u'-'
+        && argument[1].isDigit();
+}
+
 void check(const Options& options)
 {
     if (options.help || options.version)
@@ -84,7 +91,7 @@ Options parseOptions(const QStringList& arguments)
             options.defaultsFile = argument.size() > 10 ? argument.mid(11) : arguments.value(++i);
             if (options.defaultsFile.isEmpty())
                 badUsage(QStringLiteral("--defaults needs a value"));
-        } else if (onlyNames || !argument.startsWith(u'-')) {
+        } else if (onlyNames || !argument.startsWith(u'-') || isNegativeNumber(options, argument)) {
             if (options.command.isEmpty())
                 options.command = argument;
             else

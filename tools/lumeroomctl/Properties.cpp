@@ -112,7 +112,9 @@ QVariantMap parseChanges(const QStringList& pairs)
         if (changes.contains(busName(name)))
             throw Failure{kBadUsage, QStringLiteral("%1 is given twice").arg(name)};
         bool isNumber = true;
-        const QVariant value = name == kState ? QVariant(parseState(text)) : text.toInt(&isNumber);
+        // The program knows the ranges.
+        const QVariant value
+            = name == kState ? QVariant(parseState(text)) : text.toLongLong(&isNumber);
         if (!isNumber) {
             throw Failure{
                 kBadUsage, QStringLiteral("%1 is a whole number, not '%2'").arg(name, text)};
