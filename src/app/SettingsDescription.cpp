@@ -48,8 +48,7 @@ const std::vector<Setting>& table()
             "speaks to them alone; put one on each line."},
         {kLamps, keys::kNoBroadcastSupport, Kind::Switch, Form::Boolean,
             "This network does not carry &broadcasts",
-            "Lamps are then looked for at addresses that the computer has seen before. Takes full "
-            "effect the next time the program starts."},
+            "Lamps are then looked for at addresses that the computer has seen before."},
         {kLamps, keys::kHeartbeatSpeed, Kind::Number, Form::Real, "Polling &speed",
             "At 1 the lamps are asked for their state every 3 seconds, at 2 twice as often. With "
             "more than nine lamps a lower speed keeps up better.",
@@ -67,6 +66,16 @@ const std::vector<Setting>& table()
             "Its lamps then take on the colour and brightness of the group's controls."},
         {kPanel, keys::kColourPickerType, Kind::Switch, Form::Integer,
             "Leave the colour &wells out of the strips"},
+        {kPanel, keys::kScrollToDimTrackingSpeed, Kind::Number, Form::Real, "&Scrolling speed",
+            "How far the mouse wheel dims on a colour well: the steps of brightness, of which "
+            "there are 255, for each line.",
+            {0.5, 25, 0.5, 1, {}}},
+        {kPanel, keys::kBadgeIcon, Kind::Switch, Form::Boolean,
+            "Show on the program's &icon how many lamps are on",
+            "On desktops whose dock or task bar puts numbers on icons."},
+        {kPanel, keys::kHideDockIcon, Kind::Switch, Form::Boolean,
+            "Keep the program out of the &task bar",
+            "It is then reached by its icon in the tray. Takes effect at the next start."},
         {kLog, keys::kVerbosity, Kind::Choice, Form::Integer, "&Detail",
             "Shown in the console. The two highest levels end with the program: the next start is "
             "at Operation again.",
