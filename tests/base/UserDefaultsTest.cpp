@@ -241,6 +241,7 @@ TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)
     UserDefaults defaults(file, loop, log);
     const auto observation = defaults.observe(loop, [&] { defaults.setObject("seen", true); });
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int n = 0; n < 4; ++n) {
         threads.emplace_back([&defaults, n] {
             for (int i = 0; i < 200; ++i) {
