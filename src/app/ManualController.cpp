@@ -61,7 +61,7 @@ Scripting::Actions ManualController::scriptingActions()
         .stripsInGroup = [this](const std::string& id) { return getStripsInGroup(id); },
         .allOn = [this] { allOn(); },
         .allOff = [this] { allOff(); },
-        .allBlink = {},
+        .allBlink = [this] { allBlink(); },
         .presetPullDown = {},
         .implementPreset = {},
     };
@@ -84,16 +84,21 @@ void ManualController::applicationDidFinishLaunching()
     m_engineRoom.setDelegate(this);
     m_engineRoom.startHeartbeat();
     m_colourPickerType = m_defaults.integerForKey(keys::kColourPickerType);
+    m_groupPowerStateBasedOn = m_defaults.integerForKey(keys::kGroupPowerStateBasedOn);
     m_defaultsObservation = m_defaults.observe(m_runLoop, [this] { defaultsChanged(); });
     m_panelSetUp.setUp();
 }
 
-/// Most settings are read when they are needed; the strips are built with theirs.
+/// Most settings are read when they are needed; these show.
 void ManualController::defaultsChanged()
 {
     const auto type = m_defaults.integerForKey(keys::kColourPickerType);
     if (std::exchange(m_colourPickerType, type) != type)
         m_panelSetUp.refreshSetUpUsingRecycling(true);
+    const auto basedOn = m_defaults.integerForKey(keys::kGroupPowerStateBasedOn);
+    if (std::exchange(m_groupPowerStateBasedOn, basedOn) != basedOn)
+        lampStatesChanged();
+    m_statusMenu.updateDockIcon(); // with or without its badge
 }
 
 void ManualController::applicationShouldTerminate()
@@ -230,6 +235,11 @@ void ManualController::stripHasMissedReports()
 {
     lampStatesChanged();
     lampZoneStatesChanged();
+}
+
+void ManualController::stripHasChanged()
+{
+    m_scripting.changed();
 }
 
 void ManualController::viewDidBeginDragging()

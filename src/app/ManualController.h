@@ -31,6 +31,8 @@ public:
     void allOn();
     /// Effects that play end here, and only here.
     void allOff();
+    /// There for scripts to call; it does nothing.
+    void allBlink() { }
 
     PanelSetUp& panelSetUp() { return m_panelSetUp; }
     StatusMenu& statusMenu() { return m_statusMenu; }
@@ -56,6 +58,7 @@ public:
     void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id) override;
     void populateLampsPopUp() override;
     void stripHasMissedReports() override;
+    void stripHasChanged() override;
     void viewDidBeginDragging() override;
     void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) override;
     void viewDidFinishDragging() override;
@@ -85,6 +88,7 @@ private:
     bool m_lampsPending = false; ///< an update of the strips is on its way
     bool m_statesPending = false;
     std::int64_t m_colourPickerType = 0; ///< that the strips were built with
+    std::int64_t m_groupPowerStateBasedOn = 0; ///< that the strips of groups show
     DefaultsObservation m_defaultsObservation;
     Lifeline m_lifeline;
 };

@@ -62,7 +62,18 @@ void ScriptedStrip::implement(const ScriptSettings& settings)
 
 void ScriptedStrip::apply(const ScriptSettings& settings)
 {
-    m_controlStrip->implementSettingsFromDictionaryWithTransitionTime(settings.stripSettings());
+    StripSettings colour = settings.stripSettings();
+    colour.onoff.reset();
+    if (colour.hasAny()) {
+        m_controlStrip->implementSettingsFromDictionaryWithTransitionTime(colour);
+        m_controlStrip->sendSettingsToStripsInGroup(colour);
+    }
+    // With the colours, power would go out only to a lamp that last reported another state.
+    if (settings.state && *settings.state)
+        m_controlStrip->switchOn();
+    else if (settings.state)
+        m_controlStrip->switchOff();
+    m_controlStrip->imposeTemporaryEmbargo();
 }
 
 Scripting::Scripting(const StripCollection& collection, Log& log, Actions actions)
@@ -117,13 +128,18 @@ void Scripting::forget()
 void Scripting::invalidate()
 {
     forget();
-    call(onChange);
+    changed();
 }
 
 void Scripting::rebuild()
 {
     forget();
     getGroups();
+    changed();
+}
+
+void Scripting::changed() const
+{
     call(onChange);
 }
 
@@ -158,6 +174,13 @@ int Scripting::implementPresetFromScript(const std::string& name)
         return 0;
     }
     return 1;
+}
+
+int Scripting::performDirectParameterCommand(const std::string& directParameter)
+{
+    if (m_log.shows(1))
+        m_log.line("The direct parameter is: '{}'", directParameter);
+    return implementPresetFromScript(directParameter);
 }
 
 } // namespace lumeroom

@@ -39,7 +39,8 @@ public:
     void setWhiteness(int whiteness) { implement({{}, whiteness, {}, {}}); }
     void setBrightness(int brightness) { implement({{}, {}, brightness, {}}); }
     void setState(bool state) { implement({{}, {}, {}, state}); }
-    /// Sends them all at once, whatever was done to the strip just before, and shows them.
+    /// Sends them all at once, whatever was done to the strip just before or is known of the lamp,
+    /// and shows them. The state goes by the rules of the on/off button.
     void apply(const ScriptSettings& settings);
 
 private:
@@ -93,12 +94,16 @@ public:
     void invalidate();
     /// Forgets them and makes them again: the panel shows other strips.
     void rebuild();
-    /// Called after either.
+    /// The strips show something new, and are the same.
+    void changed() const;
+    /// Called after any of these.
     std::function<void()> onChange;
 
     /// Runs the preset of this name, or "All on", "All off", "All blink". Answers 1, or 0 for a
     /// name that is neither.
     int implementPresetFromScript(const std::string& name);
+    /// The same, as a script's command.
+    int performDirectParameterCommand(const std::string& directParameter);
     void allOn() const;
     void allOff() const;
 

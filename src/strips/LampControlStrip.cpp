@@ -77,6 +77,13 @@ void LampControlStrip::handleControl(const ControlModel& sender)
             switchOn();
     }
     imposeTemporaryEmbargo();
+    tellOwnerOfChange();
+}
+
+void LampControlStrip::tellOwnerOfChange()
+{
+    if (m_owner)
+        m_owner->stripHasChanged();
 }
 
 void LampControlStrip::actForGroup(const ControlModel& sender, const Settings& full)
@@ -103,7 +110,7 @@ void LampControlStrip::actForGroupOnOff(const Settings& full)
 
 void LampControlStrip::sendSettingsToStripsInGroup(const StripSettings& settings)
 {
-    if (m_owner)
+    if (m_owner && isGroup())
         m_owner->sendSettingsToStripsInGroup(settings, m_target.id);
 }
 
@@ -222,6 +229,7 @@ void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
     if (settings.transition.value_or(0) < kLongTransitionSeconds)
         implementSettingsFromDictionaryWithoutActing(settings);
     m_controls.onOffButton.setNeedsDisplay();
+    tellOwnerOfChange();
 }
 
 Value::Dictionary LampControlStrip::getDictionary() const
@@ -269,6 +277,7 @@ void LampControlStrip::reName(const std::string& name)
         m_target.rename(*m_engineRoom, name);
     if (m_owner)
         m_owner->populateLampsPopUp();
+    tellOwnerOfChange();
 }
 
 std::vector<EffectMenuItem> LampControlStrip::effectMenu() const

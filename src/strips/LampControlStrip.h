@@ -75,6 +75,9 @@ public:
     /// Sends them, then shows them at once if the transition is short.
     void implementSettingsFromDictionaryWithTransitionTime(const StripSettings& settings);
 
+    /// Of a group, a location or a tag: shows them in the strips of its lamps and sends nothing.
+    void sendSettingsToStripsInGroup(const StripSettings& settings);
+
     /// Reports are not shown for at least 5 seconds from now, and at most about 7.
     void imposeTemporaryEmbargo() override { m_embargo.imposeTemporaryEmbargo(); }
     bool embargo() const { return m_embargo.isSet(); }
@@ -113,7 +116,7 @@ private:
     void actForGroupOnOff(const Settings& full);
     void actForLamp(const ControlModel& sender, const Settings& full);
     void actForLampOnOff(const Settings& full);
-    void sendSettingsToStripsInGroup(const StripSettings& settings);
+    void tellOwnerOfChange();
     void showInSlider(SliderModel& slider, const std::optional<double>& value);
     void releaseStatusBarMenuItem();
     void embargoHasLifted();

@@ -35,6 +35,8 @@ public:
     /// An embargo is over that kept reports from a strip. The engine tells a change only once, so
     /// the records have to be shown again.
     virtual void stripHasMissedReports() = 0;
+    /// The user, or a script, has changed what a strip shows.
+    virtual void stripHasChanged() = 0;
     virtual int runModal(const Alert& alert) = 0;
 
     // The user drags the strip to another place

@@ -61,6 +61,64 @@ TEST_F(Panel, theColourWellsFollowTheirSettingAtOnce)
     EXPECT_FALSE(row("Desk").strip.colourWell().isHidden());
 }
 
+TEST_F(Panel, theRuleForGroupsAndTheBadgeFollowTheirSettingsAtOnce)
+{
+    furnish();
+    receive(lightState(2, {.power = 0, .label = "Ceiling"}));
+    showEverything();
+    loop.runPosted();
+    EXPECT_FALSE(row("Study").strip.onOffButton().state()); // one of two is not more than half
+    defaults.setObject("groupPowerStateBasedOn", 0);
+    loop.runPosted();
+    EXPECT_TRUE(row("Study").strip.onOffButton().state());
+
+    std::optional<int> badge;
+    controller.statusMenu().setBadgeLabel = [&](std::optional<int> number) { badge = number; };
+    defaults.setObject("badgeIcon", true);
+    loop.runPosted();
+    EXPECT_EQ(badge, 2);
+    defaults.removeObject("badgeIcon");
+    loop.runPosted();
+    EXPECT_EQ(badge, std::nullopt);
+}
+
+TEST_F(Panel, whatAScriptChangesInAGroupShowsOnItsMembersAndStays)
+{
+    furnish();
+    showEverything();
+    const auto study = controller.scripting().getGroups().at(0);
+    sockets.take();
+    study->apply({{}, {}, 20, {}});
+    EXPECT_EQ(row("Desk").strip.brightnessSlider().value(), 20);
+    EXPECT_EQ(sockets.takeOfType(102).size(), 2U);
+    for (const bool on : {false, true}) {
+        study->apply({{}, {}, {}, on});
+        EXPECT_EQ(row("Desk").strip.onOffButton().state(), on);
+        EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
+    }
+    // Sent before the lamps heard of it
+    receive(lightState(1, {.brightness = 30000, .power = 0, .label = "Desk"}));
+    receive(lightState(2, {.brightness = 30000, .power = 0, .label = "Ceiling"}));
+    loop.advance(Seconds(3));
+    for (const char* name : {"Desk", "Study"}) {
+        EXPECT_EQ(row(name).strip.brightnessSlider().value(), 20) << name;
+        EXPECT_TRUE(row(name).strip.onOffButton().state()) << name;
+    }
+}
+
+TEST_F(Panel, scriptsAreToldWhatTheUserChanges)
+{
+    furnish();
+    int changes = 0;
+    controller.scripting().onChange = [&changes] { ++changes; };
+    LampControlStrip& desk = row("Desk").strip;
+    desk.brightnessSlider().moveTo(9);
+    loop.advance(Seconds(0.11));
+    EXPECT_EQ(std::exchange(changes, 0), 1);
+    desk.reName("Table");
+    EXPECT_EQ(std::exchange(changes, 0), 1);
+}
+
 TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
 {
     furnish();

@@ -76,6 +76,8 @@ TEST_F(ScriptingTest, settersGoTheStripsWayAndApplyAlwaysSends)
     EXPECT_EQ(sent, (std::multiset<unsigned>{102, 117})); // colour and power
     EXPECT_EQ(lamp->brightness(), 20);
     EXPECT_EQ(lamp->hue(), 10);
+    lamp->apply({{}, {}, {}, true}); // though the lamp, for all that is known, is on
+    EXPECT_EQ(sockets.takeOfType(117).size(), 1U);
     loop.advance(Seconds(8));
     lamp->setWhiteness(7);
     EXPECT_EQ(sockets.takeOfType(102).size(), 1U);
@@ -136,7 +138,9 @@ TEST_F(ScriptingTest, presetsComeBeforeTheCommandsOfTheirName)
 {
     EXPECT_EQ(scripting.implementPresetFromScript("All on"), 1);
     EXPECT_EQ(scripting.implementPresetFromScript("All off"), 1);
-    EXPECT_EQ(scripting.implementPresetFromScript("All blink"), 1);
+    defaults.setObject("verbosity", 1);
+    EXPECT_EQ(scripting.performDirectParameterCommand("All blink"), 1);
+    EXPECT_EQ(linesWith("The direct parameter is: 'All blink'"), 1);
     EXPECT_EQ(scripting.implementPresetFromScript("all on"), 0);
     EXPECT_EQ(linesWith("unable to find preset all on"), 1);
     presets.addItem("Manage presets...", [] { FAIL() << "the entry itself was chosen"; });

@@ -17,6 +17,7 @@ public:
     void populateLampsPopUp() override { }
     int runModal(const Alert&) override { return 0; }
     void stripHasMissedReports() override { }
+    void stripHasChanged() override { }
     void viewDidBeginDragging() override { calls.emplace_back("begin"); }
     void changePositionOfStripBasedOnPoint(LampControlStrip& strip, Point point) override
     {

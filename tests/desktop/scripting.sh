@@ -61,6 +61,7 @@ expect 2 "usage: lumeroomctl set NAME" "$client" set Desk brightness
 expect 2 "unknown command 'dance'" "$client" dance
 expect 2 "brightness is a whole number, not '1.5'" "$client" set Desk brightness 1.5
 expect 2 "'name' is nothing that can be set" "$client" set Desk name Other
+expect 2 "unknown option '-5'" "$client" get Desk -5
 expect 0 "Exit status" "$client" --help
 
 "$lumeroom" --demo --log 2>"$folder/log" &
@@ -68,7 +69,10 @@ program=$!
 wait_for shows_lamps 8
 named() { ctl lamps --names | grep -qx "$1"; }
 wait_for named "Floor lamp"
+knows_addresses() { grep -q '127[0-9.]*' "$folder/config/lumeroom/demo.plist"; }
+wait_for knows_addresses
 first=$(grep -o '127[0-9.]*' "$folder/config/lumeroom/demo.plist" | head -n 1)
+second=${first%.1}.2
 
 # Lists; wide characters line up
 ctl lamps
@@ -82,6 +86,7 @@ expect 0 '"Desk lamp"' ctl get d073d50000010000 label --json
 expect 1 "the panel shows nothing named 'Cellar'" ctl get Cellar
 expect 1 "nothing named 'group:Desk lamp'" ctl get "group:Desk lamp"
 expect 2 "there is no property 'colour'" ctl get "Desk lamp" colour
+expect 2 "there is no property ''" ctl get "Desk lamp" ""
 
 # A change reaches the lamp, and so does the next one; those who watch are told
 ctl watch >"$folder/watched" 2>&1 &
@@ -98,11 +103,15 @@ expect 0 50 ctl get "Desk lamp" brightness
 wait_for grep -qx "Desk lamp: brightness 50" "$folder/watched"
 wait_for grep -qx "Desk lamp: state off" "$folder/watched"
 wait_for grep -q '"event":"changed","id":"d073d50000010000",.*"property":"brightness","value":50' "$folder/watched.json"
+ctl set "Desk lamp" state on # whatever the lamp last reported
+ctl set "Desk lamp" state off
+ctl set "Desk lamp" state on
+wait_for lamp_holds "$first" 6 65535
 
 # Any program of the bus
 service=com.tanagerworks.Lumeroom.Demo
 root=/com/tanagerworks/Lumeroom
-lamp=$root/lamps/d073d50000010000
+lamp=$root/lamps/d073d50000020000 # that nobody has touched within the last seconds
 call() { gdbus call --session --dest "$service" --object-path "$@"; }
 set_property() {
     call "$lamp" --method org.freedesktop.DBus.Properties.Set com.tanagerworks.Lumeroom.Lamp "$@"
@@ -112,8 +121,9 @@ grep -q "node $lamp {" "$folder/tree"
 grep -q 'readwrite i Brightness = 50;' "$folder/tree"
 grep -q 'GetManagedObjects(out a{oa{sa{sv}}} objects);' "$folder/tree"
 set_property Brightness '<int32 150>' >/dev/null
-wait_for lamp_holds "$first" 3 38250
-before=$(ask_lamp "$first")
+wait_for lamp_holds "$second" 3 38250
+state_of_lamps() { ask_lamp "$first" && ask_lamp "$second"; }
+before=$(state_of_lamps)
 expect 1 "InvalidArgs: Hue is a whole number from 0 to 257, not 258." set_property Hue '<int32 258>'
 expect 1 "InvalidArgs: Brightness is a whole number from 0 to 255, not -1." set_property Brightness '<int32 -1>'
 expect 1 "InvalidArgs: Brightness is a whole number" set_property Brightness '<"bright">'
@@ -125,9 +135,14 @@ expect 1 "InvalidArgs: Speed is nothing that can be set." call "$lamp" \
     --method com.tanagerworks.Lumeroom.Lamp.Apply "{'Brightness': <int32 1>, 'Speed': <int32 1>}"
 expect 1 "UnknownMethod: There is no RunPreset with the arguments (si) here." \
     call "$root" --method com.tanagerworks.Lumeroom.RunPreset 1 2
-expect 2 "Brightness is a whole number from 0 to 255, not 256." ctl set "Desk lamp" brightness 256
+expect 2 "Brightness is a whole number from 0 to 255, not 99999999999." \
+    ctl set "Desk lamp" brightness 99999999999
+expect 2 "Hue is a whole number from 0 to 257, not -5." ctl set "Desk lamp" hue -5
+for path in "$root/lamps/x" "$root/nowhere"; do
+    expect 1 "UnknownObject" call "$path" --method org.freedesktop.DBus.Introspectable.Introspect
+done
 sleep 0.5
-[ "$(ask_lamp "$first")" = "$before" ] || fail "a refused change reached the lamp"
+[ "$(state_of_lamps)" = "$before" ] || fail "a refused change reached the lamp"
 
 # Presets and commands
 expect 1 "there is no preset 'Nothing'" ctl run Nothing
@@ -156,6 +171,9 @@ shows_lamps 8 || fail "the second program disturbed the first"
         shift
         COMP_WORDS=(lumeroomctl --demo "$@")
         COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+        # As bash does it: ':' and '=' are words of their own.
+        COMP_LINE=${COMP_WORDS[*]}
+        COMP_LINE=${COMP_LINE// : /:} COMP_LINE=${COMP_LINE// = /=}
         _lumeroomctl
         [ "${COMPREPLY[*]}" = "$wanted" ] || fail "completed '$*' to '${COMPREPLY[*]}'"
     }
@@ -165,6 +183,12 @@ shows_lamps 8 || fail "the second program disturbed the first"
     completes 'Desk\ lamp' set 'Desk\ l'
     completes brightness set 'Desk\ lamp' b
     completes 'on off' set 'Desk\ lamp' hue 1 state ''
+    completes 'Floor\ lamp' get lamp : F
+    completes 'lamp:Floor lamp' get '"lamp:F'
+    completes brightness set lamp : 'Floor\ lamp' b
+    touch "$folder/a file"
+    completes "$folder/a\\ file" --defaults = "$folder/a"
+    completes 'groups get' --defaults = "$folder/a" g
 )
 
 # Quitting ends those who watch

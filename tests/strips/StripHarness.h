@@ -27,6 +27,7 @@ public:
         calls.push_back(line);
     }
     void stripHasMissedReports() override { calls.emplace_back("missed"); }
+    void stripHasChanged() override { ++changes; }
     void populateLampsPopUp() override { calls.emplace_back("populateLampsPopUp"); }
     int runModal(const Alert& alert) override
     {
@@ -46,6 +47,7 @@ public:
 
     Lines calls;
     bool canEditEffects = true;
+    int changes = 0;
     std::vector<EffectMenuItem> menu;
 
 private:

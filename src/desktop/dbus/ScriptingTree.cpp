@@ -87,15 +87,20 @@ QString ScriptingTree::introspect(const QString& path) const
 bool ScriptingTree::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
 {
     const QString interface = message.interface();
-    // The bus library describes the objects and answers pings.
-    if (message.type() != QDBusMessage::MethodCallMessage
-        || interface == QLatin1StringView("org.freedesktop.DBus.Introspectable")
+    // The bus library describes the objects, and paths of nothing too, and answers pings.
+    const bool describes = interface == QLatin1StringView("org.freedesktop.DBus.Introspectable");
+    if (message.type() != QDBusMessage::MethodCallMessage || (describes && exists(message.path()))
         || interface == QLatin1StringView("org.freedesktop.DBus.Peer"))
         return false;
     const QDBusMessage reply = answer(message);
     if (message.isReplyRequired())
         connection.send(reply);
     return true;
+}
+
+bool ScriptingTree::exists(const QString& path) const
+{
+    return path == kLampsFolder || path == kGroupsFolder || objects().contains(path);
 }
 
 QDBusMessage ScriptingTree::answer(const QDBusMessage& call)
@@ -193,7 +198,7 @@ QDBusMessage ScriptingTree::answerProgram(const QDBusMessage& call)
     if (signature == QLatin1StringView("s")) {
         const QString text = call.arguments().at(0).toString();
         if (member == QLatin1StringView("RunPreset")) {
-            const int found = m_scripting.implementPresetFromScript(text.toStdString());
+            const int found = m_scripting.performDirectParameterCommand(text.toStdString());
             changed();
             return call.createReply(found);
         }

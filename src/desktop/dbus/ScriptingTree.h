@@ -36,6 +36,7 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
+    bool exists(const QString& path) const;
     QDBusMessage answer(const QDBusMessage& call);
     QDBusMessage answerProperties(const QDBusMessage& call, const Object& object);
     QDBusMessage set(const QDBusMessage& call, const Object& object);
