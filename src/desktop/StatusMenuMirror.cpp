@@ -1,38 +1,13 @@
 #include "desktop/StatusMenuMirror.h"
 
-#include "strips/ui/Painting.h"
-
-#include <QPainter>
+#include "strips/MenuModel.h"
 
 namespace lumeroom {
 
-namespace {
-
-/// At twice its size as well, for dense displays.
-QIcon iconOf(const MenuImage& image)
-{
-    QIcon icon;
-    for (const int scale : {1, 2}) {
-        const int side = static_cast<int>(image.side) * scale;
-        QPixmap pixmap(side, side);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(Qt::gray, scale));
-        painter.setBrush(qColor(image.oval));
-        const double inset = scale;
-        painter.drawEllipse(QRectF(pixmap.rect()).adjusted(inset, inset, -inset, -inset));
-        icon.addPixmap(pixmap);
-    }
-    return icon;
-}
-
-} // namespace
-
-StatusMenuMirror::StatusMenuMirror(MenuModel& model, QMenu& menu, bool overTheBus)
+StatusMenuMirror::StatusMenuMirror(MenuModel& model, QMenu& menu, MenuReader reader)
     : m_model(model)
     , m_menu(menu)
-    , m_overTheBus(overTheBus)
+    , m_reader(reader)
 {
     // The model changes entry by entry: the menu follows once, after the last. Nor may it lose its
     // entries while it is open, or while one of them is at work.
@@ -53,51 +28,56 @@ StatusMenuMirror::~StatusMenuMirror()
     m_model.onChange = nullptr;
 }
 
-void StatusMenuMirror::fill()
+bool StatusMenuMirror::Entry::canShow(const MenuItemModel& other) const
 {
-    m_pictured.clear();
-    m_mirrors.clear();
-    m_menu.clear();
-    m_submenus.clear();
-    for (const auto& item : m_model.items())
-        add(item);
-    drawImages();
+    return item->isSeparator() == other.isSeparator() && item->submenu() == other.submenu()
+        && item->title() == other.title();
 }
 
-void StatusMenuMirror::add(const std::shared_ptr<MenuItemModel>& item)
+// What is the same from the top stays: over the bus a menu may be open without a word of it here,
+// and what the user chooses from it must still be there.
+void StatusMenuMirror::fill()
 {
-    if (item->isSeparator()) {
-        m_menu.addSeparator();
-        return;
+    const auto& items = m_model.items();
+    std::size_t kept = 0;
+    for (; kept < m_entries.size() && kept < items.size(); ++kept) {
+        Entry& entry = m_entries[kept];
+        if (!entry.canShow(*items[kept]))
+            break;
+        entry.item = items[kept];
+        showMenuItem(*entry.action, borrowed(m_model), entry.item);
     }
-    if (const auto& submenu = item->submenu()) {
-        m_submenus.push_back(std::make_unique<QMenu>(title(item->title())));
-        m_mirrors.push_back(
-            std::make_unique<StatusMenuMirror>(*submenu, *m_submenus.back(), m_overTheBus));
-        m_menu.addMenu(m_submenus.back().get());
-        return;
-    }
-    QAction* action = m_menu.addAction(title(item->title()));
-    action->setEnabled(item->isEnabled());
-    connect(action, &QAction::triggered, &m_menu, [item] { item->choose(); });
-    if (item->hasImage()) {
-        action->setIconVisibleInMenu(true);
-        m_pictured.emplace_back(action, item);
-    }
+    while (m_entries.size() > kept)
+        removeLast();
+    for (; kept < items.size(); ++kept)
+        add(items[kept]);
+}
+
+void StatusMenuMirror::add(const MenuItem& item)
+{
+    QAction* action = addMenuEntry(m_menu, borrowed(m_model), item, m_reader);
+    m_entries.push_back({action, item, nullptr});
+    if (item->submenu())
+        m_entries.back().below
+            = std::make_unique<StatusMenuMirror>(*item->submenu(), *action->menu(), m_reader);
+}
+
+// It may be the one that is at work.
+void StatusMenuMirror::removeLast()
+{
+    Entry& last = m_entries.back();
+    m_menu.removeAction(last.action);
+    QObject* gone = last.item->submenu() ? static_cast<QObject*>(last.action->menu()) : last.action;
+    gone->deleteLater();
+    m_entries.pop_back();
 }
 
 void StatusMenuMirror::drawImages()
 {
-    for (const auto& [action, item] : m_pictured)
-        action->setIcon(iconOf(item->image()));
-}
-
-QString StatusMenuMirror::title(const std::string& text) const
-{
-    QString escaped = QString::fromStdString(text).replace(u'&', QStringLiteral("&&"));
-    if (m_overTheBus)
-        escaped.replace(u'_', QStringLiteral("__"));
-    return escaped;
+    for (const Entry& entry : m_entries) {
+        if (entry.item->hasImage())
+            entry.action->setIcon(menuIcon(entry.item->image()));
+    }
 }
 
 } // namespace lumeroom

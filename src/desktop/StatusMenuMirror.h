@@ -1,36 +1,39 @@
 #pragma once
 
-#include "strips/MenuModel.h"
+#include "strips/ui/MenuEntry.h"
 
 #include <QMenu>
 #include <QTimer>
 
 namespace lumeroom {
 
-/// Shows a menu model, with its submenus, in the desktop's tray. The pictures are drawn anew each
-/// time it opens.
+/// Shows a menu model, with its submenus, in the desktop's tray, which has to know the menu before
+/// it opens. The pictures are drawn anew each time it opens.
 class StatusMenuMirror : public QObject {
     Q_OBJECT
 
 public:
-    /// The model lasts longer than the mirror. Where the menu goes over the session bus, an
-    /// underscore in a title would mark a key, and is doubled.
-    StatusMenuMirror(MenuModel& model, QMenu& menu, bool overTheBus);
+    /// The model lasts longer than the mirror.
+    StatusMenuMirror(MenuModel& model, QMenu& menu, MenuReader reader);
     ~StatusMenuMirror() override;
 
 private:
+    struct Entry {
+        QAction* action;
+        MenuItem item;
+        std::unique_ptr<StatusMenuMirror> below; ///< of a submenu
+        bool canShow(const MenuItemModel& other) const;
+    };
     void fill();
-    void add(const std::shared_ptr<MenuItemModel>& item);
+    void add(const MenuItem& item);
+    void removeLast();
     void drawImages();
-    QString title(const std::string& text) const;
 
     MenuModel& m_model;
     QMenu& m_menu;
-    bool m_overTheBus;
+    MenuReader m_reader;
     QTimer m_fillSoon;
-    std::vector<std::pair<QAction*, std::shared_ptr<MenuItemModel>>> m_pictured;
-    std::vector<std::unique_ptr<QMenu>> m_submenus;
-    std::vector<std::unique_ptr<StatusMenuMirror>> m_mirrors;
+    std::vector<Entry> m_entries;
 };
 
 } // namespace lumeroom

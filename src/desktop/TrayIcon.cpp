@@ -11,7 +11,8 @@ namespace lumeroom {
 
 namespace {
 
-/// The tray of today's desktops, to which the menu goes over the session bus.
+/// The tray of today's desktops, to which the menu goes over the session bus. The bus knows it: the
+/// tray itself might be long in answering.
 bool trayIsOnTheBus()
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
@@ -22,7 +23,9 @@ bool trayIsOnTheBus()
 } // namespace
 
 TrayIcon::TrayIcon(StatusMenu& statusMenu)
-    : m_mirror(statusMenu.statusMenu(), m_menu, trayIsOnTheBus())
+    : m_onTheBus(trayIsOnTheBus() && QSystemTrayIcon::isSystemTrayAvailable())
+    , m_mirror(statusMenu.statusMenu(), m_menu,
+          m_onTheBus ? MenuReader::SessionBus : MenuReader::Toolkit)
     , m_statusItem(trayImage())
 {
     m_statusItem.setToolTip(QCoreApplication::applicationName());
@@ -37,7 +40,8 @@ TrayIcon::TrayIcon(StatusMenu& statusMenu)
 
 bool TrayIcon::isThere() const
 {
-    return QSystemTrayIcon::isSystemTrayAvailable() && m_statusItem.isVisible();
+    return m_statusItem.isVisible()
+        && (m_onTheBus ? trayIsOnTheBus() : QSystemTrayIcon::isSystemTrayAvailable());
 }
 
 } // namespace lumeroom

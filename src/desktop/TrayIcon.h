@@ -20,6 +20,7 @@ public:
     bool isThere() const;
 
 private:
+    bool m_onTheBus;
     QMenu m_menu;
     StatusMenuMirror m_mirror;
     QSystemTrayIcon m_statusItem;

@@ -51,6 +51,13 @@ std::shared_ptr<MenuItemModel> MenuModel::itemWithTitle(std::string_view title) 
     return found == m_items.end() ? nullptr : *found;
 }
 
+void MenuModel::choose(const std::shared_ptr<MenuItemModel>& item) const
+{
+    const bool isThere = std::find(m_items.begin(), m_items.end(), item) != m_items.end();
+    if (const auto meant = isThere ? item : itemWithTitle(item->title()))
+        meant->choose();
+}
+
 void MenuModel::changed() const
 {
     if (onChange)

@@ -65,6 +65,9 @@ public:
     void addSeparator();
     /// The first with this title; null if there is none.
     std::shared_ptr<MenuItemModel> itemWithTitle(std::string_view title) const;
+    /// The user chose this entry in a view of the menu. Where the menu has been filled anew since
+    /// the view showed it, its entry of the same title is meant; without one nothing happens.
+    void choose(const std::shared_ptr<MenuItemModel>& item) const;
 
     /// The view's wish to be told of changes.
     std::function<void()> onChange;
