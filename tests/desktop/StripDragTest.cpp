@@ -77,6 +77,10 @@ TEST_F(StripDragging, theHandleMovesTheRowWithTheMouse)
         (Point{
             static_cast<float>(mouseInContainer.x()), static_cast<float>(mouseInContainer.y())}));
     EXPECT_EQ(container.childAt(mouseInContainer)->parentWidget(), &row(0)); // in front
+    QMouseEvent right(QEvent::MouseButtonRelease, middle, grip.mapToGlobal(middle), Qt::RightButton,
+        Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&grip, &right);
+    EXPECT_TRUE(row(0).isBeingDragged());
     mouseAt(grip, QEvent::MouseButtonRelease, middle);
     EXPECT_FALSE(row(0).isBeingDragged());
     EXPECT_EQ(owner.takeCalls(), (Calls{"finish"}));

@@ -2,6 +2,7 @@
 
 #include "strips/ColourConversions.h"
 #include "strips/ui/CircularSliderView.h"
+#include "strips/ui/FadeIn.h"
 #include "strips/ui/SliderView.h"
 
 #include <QApplication>
@@ -149,6 +150,7 @@ void ColourPickerPopover::showAt(QWidget& well, ColourWellPopover::Edge preferre
     disconnect(m_wellGone);
     m_wellGone = connect(&well, &QObject::destroyed, this, &QWidget::close);
     show();
+    fadeIn(*this);
     m_wheel->setFocus(Qt::PopupFocusReason);
 }
 

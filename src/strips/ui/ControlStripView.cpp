@@ -3,7 +3,9 @@
 #include "strips/LayoutManager.h"
 #include "strips/ui/DragHandle.h"
 #include "strips/ui/ElidedLabel.h"
+#include "strips/ui/FadeIn.h"
 #include "strips/ui/IconButton.h"
+#include "strips/ui/MenuEntry.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/RenamePopover.h"
 #include "strips/ui/StripLayouts.h"
@@ -150,10 +152,8 @@ void ControlStripView::popUpEffectMenu(const std::vector<EffectMenuItem>& menu)
             popUp->addSeparator();
             continue;
         }
-        QString title = QString::fromStdString(item.title);
-        title.replace(QLatin1Char('&'), QStringLiteral("&&")); // no accelerator
         // Later, when the menu is gone: what is chosen may rebuild the panel.
-        QAction* action = popUp->addAction(title);
+        QAction* action = popUp->addAction(menuTitle(item.title));
         action->setEnabled(item.enabled);
         connect(
             action, &QAction::triggered, this, [this, item] { m_strip.chooseFromEffectMenu(item); },
@@ -173,6 +173,7 @@ void ControlStripView::showReNamePopover(const std::string& name)
     m_popover->move(std::max(room.left(), std::min(below.x(), room.right() - m_popover->width())),
         std::max(room.top(), std::min(below.y(), room.bottom() - m_popover->height())));
     m_popover->show();
+    fadeIn(*m_popover);
     m_popover->setFocus();
 }
 
@@ -199,9 +200,9 @@ void ControlStripView::mouseMoveEvent(QMouseEvent* event)
         m_glide.stop(); // the hand has it now
 }
 
-void ControlStripView::mouseReleaseEvent(QMouseEvent*)
+void ControlStripView::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_drag.mouseUp();
+    m_drag.mouseUp(*event);
 }
 
 void ControlStripView::hideEvent(QHideEvent* event)

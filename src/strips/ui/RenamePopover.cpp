@@ -1,13 +1,14 @@
 #include "strips/ui/RenamePopover.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace lumeroom {
 
 namespace {
-constexpr int kFieldWidth = 220;
+constexpr QSize kLeastSize{130, 87};
 }
 
 RenamePopover::RenamePopover(const QString& name, ShouldClose shouldClose, QWidget* parent)
@@ -18,9 +19,10 @@ RenamePopover::RenamePopover(const QString& name, ShouldClose shouldClose, QWidg
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameShape(QFrame::StyledPanel);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(new QLabel(tr("New name"), this));
     layout->addWidget(m_field);
     m_field->setAccessibleName(tr("new name"));
-    m_field->setMinimumWidth(kFieldWidth);
+    setMinimumSize(kLeastSize);
     m_field->selectAll();
     setFocusProxy(m_field);
     connect(m_field, &QLineEdit::returnPressed, this, &QWidget::close);

@@ -46,8 +46,10 @@ void StripDrag::follow(QPoint mouseInContainer)
         {static_cast<float>(mouseInContainer.x()), static_cast<float>(mouseInContainer.y())});
 }
 
-void StripDrag::mouseUp()
+void StripDrag::mouseUp(const QMouseEvent& event)
 {
+    if (event.button() != Qt::LeftButton)
+        return;
     const bool wasDragged = m_isBeingDragged;
     abandon();
     if (wasDragged)

@@ -18,7 +18,7 @@ public:
     bool isOn() const { return m_isBeingDragged; }
     void mouseDown(const QMouseEvent& event);
     void mouseDragged(const QMouseEvent& event);
-    void mouseUp();
+    void mouseUp(const QMouseEvent& event);
     /// The row goes out of sight: there is nothing to finish.
     void abandon();
 
