@@ -8,6 +8,8 @@ namespace lumeroom {
 namespace {
 
 constexpr int kCancelTag = 0;
+constexpr Size kMakeSize{220, 133};
+constexpr Size kEditSize{226, 97};
 
 LampReferences referencesTo(const Strips& strips)
 {
@@ -27,8 +29,17 @@ GroupWorkflows::GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowPanel& 
 {
 }
 
+bool GroupWorkflows::anotherIsOpen() const
+{
+    if (m_open)
+        m_panel.bringWorkflowPopoverToFront();
+    return m_open.has_value();
+}
+
 void GroupWorkflows::makeStep1(GroupingKind kind)
 {
+    if (anotherIsOpen())
+        return;
     const GroupingFamily& family = groupingFamily(kind);
     m_panel.navigateLampsInTypeID(
         std::string(family.makeDescription), StripType::None, std::string(kAllLampsId));
@@ -37,6 +48,7 @@ void GroupWorkflows::makeStep1(GroupingKind kind)
         {.title = std::string(family.makeTitle),
             .name = {},
             .confirm = std::string(family.makeConfirm),
+            .contentSize = kMakeSize,
             .pointsAt = {},
             .close = [this, kind](
                          int tag, const std::string& name) { makePopoverClose(kind, tag, name); }});
@@ -64,6 +76,8 @@ void GroupWorkflows::make(GroupingKind kind, const Strips& strips, const std::st
 
 void GroupWorkflows::editStep1(GroupingKind kind, const std::string& name)
 {
+    if (anotherIsOpen())
+        return;
     const GroupingFamily& family = groupingFamily(kind);
     const auto id = family.idForName(m_engineRoom, name);
     if (!id) {
@@ -79,6 +93,7 @@ void GroupWorkflows::editStep1(GroupingKind kind, const std::string& name)
         {.title = std::string(family.editTitle),
             .name = name,
             .confirm = "Save",
+            .contentSize = kEditSize,
             .pointsAt = {},
             .close = [this, kind](
                          int tag, const std::string& text) { editPopoverClose(kind, tag, text); }});

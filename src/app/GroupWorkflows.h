@@ -11,8 +11,9 @@ class EngineRoom;
 class Log;
 
 /// Making, editing and deleting groups, locations and tags: the panel goes over to all lamps, the
-/// user picks some in place and confirms in a popover, and the panel goes back.
-/// Menus hand over the name alone: of two with one name, the first that the engine finds is meant.
+/// user picks some in place and confirms in a popover, and the panel goes back. While one popover
+/// is open, no other begins. Menus hand over the name alone: of two with one name, the first that
+/// the engine finds is meant.
 class GroupWorkflows {
 public:
     GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowPanel& panel);
@@ -47,6 +48,9 @@ public:
     void closeEditPopovers();
 
 private:
+    /// Brings the popover that is open to the front; it stays until one of its buttons is pressed.
+    bool anotherIsOpen() const;
+
     enum class Step { Make, Edit };
     struct Open {
         Step step;

@@ -48,11 +48,30 @@ PanelSetUp::Companions ManualController::companions()
         .made
         = [this](const auto& strip) { m_stage.selection().setRightmostSelectionButtonOf(strip); },
         .addToStatusMenu = [this](const auto& strip) { m_statusMenu.addStrip(*strip); },
-        .fillEditMenus = [this](bool withTags) { m_workflows.fillMenus(withTags); },
+        .fillEditMenus = [this](bool withTags) { fillEditMenus(withTags); },
         .finish = [this] { populateLampsPopUp(); },
         .placed = [this] { m_scripting.rebuild(); },
         .closeEditPopovers = [this] { m_workflows.closeEditPopovers(); },
     };
+}
+
+NavigationActions ManualController::navigationActions()
+{
+    return {
+        .allOn = [this] { allOn(); },
+        .allOff = [this] { allOff(); },
+        .makeGroup = [this] { m_workflows.makeGroupStep1(); },
+        .editGroup = [this](const Rectangle& b) { m_workflows.editGroupActionButton(b); },
+        .deleteGroup = [this](const Rectangle& b) { m_workflows.deleteGroupActionButton(b); },
+    };
+}
+
+void ManualController::fillEditMenus(bool withTags)
+{
+    m_workflows.fillMenus(withTags);
+    NavigationModel& navigation = m_panelSetUp.navigation().model();
+    navigation.editGroup.setEnabled(!m_workflows.editGroupMenu().items().empty());
+    navigation.deleteGroup.setEnabled(!m_workflows.deleteGroupMenu().items().empty());
 }
 
 Scripting::Actions ManualController::scriptingActions()
@@ -73,8 +92,8 @@ void ManualController::awakeFromNib()
     if (m_defaults.integerForKey(keys::kVerbosity) >= 2)
         m_defaults.setObject(keys::kVerbosity, 1); // high levels do not outlive a run
     m_panel.setTitle(fmt::format("{} manual control panel", kBundleName));
-    m_panel.setNavigation(
-        m_panelSetUp.navigation().model(), {[this] { allOn(); }, [this] { allOff(); }});
+    fillEditMenus(false);
+    m_panel.setNavigation(m_panelSetUp.navigation().model(), navigationActions());
     m_panel.setDidEndLiveResize([this] { windowDidEndLiveResize(); });
     m_defaults.registerDefaults(registeredDefaults());
 }

@@ -40,6 +40,8 @@ public:
     Scripting& scripting() { return m_scripting; }
     const Strips& collection() const { return m_panelSetUp.collection().strips(); }
     void switchTheme(int theme) { m_panelSetUp.switchTheme(theme); }
+    /// A segment of the control for the layouts was pressed; its number is the layout's.
+    void switchThemeToolBarControl(int segment) { switchTheme(segment); }
     void windowDidEndLiveResize();
     /// The strips of the lamps of this group, location or tag, as far as they are on the panel.
     Strips getStripsInGroup(std::string_view id) const;
@@ -69,6 +71,8 @@ public:
 
 private:
     PanelSetUp::Companions companions();
+    NavigationActions navigationActions();
+    void fillEditMenus(bool withTags);
     void defaultsChanged();
     Scripting::Actions scriptingActions();
     Lamps lampsOfGroupStrip(const std::string& id) const;

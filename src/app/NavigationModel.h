@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Geometry.h"
 #include "strips/Controls.h"
 
 namespace lumeroom {
@@ -13,6 +14,9 @@ struct NavigationModel {
     ButtonModel tags{0};
     ButtonModel all{0};
     ButtonModel back{0, ButtonModel::Kind::Momentary};
+    // Enabled while there is a group to choose
+    ButtonModel editGroup{0, ButtonModel::Kind::Momentary};
+    ButtonModel deleteGroup{0, ButtonModel::Kind::Momentary};
 
     bool isFiltered = false;
     std::string description;
@@ -24,6 +28,10 @@ struct NavigationModel {
 struct NavigationActions {
     std::function<void()> allOn;
     std::function<void()> allOff;
+    std::function<void()> makeGroup;
+    // These pop a menu up at the button, whose frame they take in window coordinates
+    std::function<void(const Rectangle& button)> editGroup;
+    std::function<void(const Rectangle& button)> deleteGroup;
 };
 
 } // namespace lumeroom

@@ -160,9 +160,18 @@ bool PanelSetUp::popoverIsOpen() const
     }) || m_environment.panel.popoverIsOpen();
 }
 
+bool PanelSetUp::rowIsBeingDragged() const
+{
+    const auto& strips = m_collection.strips();
+    return std::any_of(strips.begin(), strips.end(), [](const auto& strip) {
+        const auto* view = strip->getControlStripView();
+        return view && view->isBeingDragged();
+    });
+}
+
 void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
 {
-    if (!m_collection.strips().empty() && popoverIsOpen()) {
+    if (!m_collection.strips().empty() && (popoverIsOpen() || rowIsBeingDragged())) {
         deferRefresh(recycling);
         return;
     }
@@ -200,6 +209,12 @@ void PanelSetUp::refreshSoon()
         = m_environment.runLoop.after(kSetUpBuffer, [this] { refreshSetUpUsingRecycling(true); });
 }
 
+Size PanelSetUp::containerSize() const
+{
+    const Size strips = m_layoutManager.getViewSize();
+    return {strips.width, std::max(strips.height, m_environment.panel.scrollViewSize().height)};
+}
+
 void PanelSetUp::recalculateControlStripPositions()
 {
     PanelView& panel = m_environment.panel;
@@ -218,9 +233,7 @@ void PanelSetUp::recalculateControlStripPositions()
     panel.setContentSize(m_layoutManager.getWindowSize());
     panel.setContentMaxSize(m_layoutManager.getMaxWindowSize());
     panel.setContentMinSize(m_layoutManager.getMinWindowSize());
-    Size container = m_layoutManager.getViewSize();
-    container.height = std::max(container.height, panel.scrollViewSize().height);
-    panel.setContainerSize(container);
+    panel.setContainerSize(containerSize());
     panel.setScrollers(
         m_layoutManager.shouldScrollHorizontally(), m_layoutManager.shouldScrollVertically());
     m_environment.companions.placed();

@@ -50,10 +50,12 @@ public:
 
     /// Builds the panel; while no lamp is known, tries again every 1.5 seconds.
     void setUp();
-    /// Builds it anew, once no popover is open.
+    /// Builds it anew, once no popover is open and no row is in the user's hand.
     void refreshSetUpUsingRecycling(bool recycling);
     /// The same, with all that becomes known in the next 1.5 seconds.
     void refreshSoon();
+    /// Of the container of the strips, which fills what it scrolls in.
+    Size containerSize() const;
     /// Places every strip that the user does not hold, and fits the window and its scroll bars.
     void recalculateControlStripPositions();
     /// Only strips of this layout come back.
@@ -61,6 +63,7 @@ public:
 
 private:
     bool popoverIsOpen() const;
+    bool rowIsBeingDragged() const;
     void deferRefresh(bool recycling);
     std::optional<Lamps> lampsToShow() const;
     void addLampStrips(const Lamps& lamps);

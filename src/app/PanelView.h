@@ -15,6 +15,7 @@ struct WorkflowPopover {
     std::string title;
     std::string name; ///< what the name field begins with
     std::string confirm; ///< the title of the second button; the first is "Cancel"
+    Size contentSize; ///< the least that it takes
     Rectangle pointsAt; ///< in the container of the strips
     /// A button was pressed: 0 for the first, 1 for the second; with the text of the name field.
     std::function<void(int tag, const std::string& name)> close;
@@ -53,6 +54,8 @@ public:
     /// Pops the menu up as a context menu at this point of the window.
     virtual void popUpMenu(MenuModel& menu, Point at) = 0;
     virtual void showWorkflowPopover(const WorkflowPopover& popover) = 0;
+    /// Where a popover is open, its name field has the keyboard again.
+    virtual void bringWorkflowPopoverToFront() = 0;
     virtual void closeWorkflowPopover() = 0;
     /// While the user edits in a popover, the panel must not be rebuilt under it.
     virtual bool popoverIsOpen() const = 0;

@@ -35,6 +35,7 @@ public:
     /// What a popover points at, in the container of the strips.
     virtual Rectangle popoverRectangle() const = 0;
     virtual void showWorkflowPopover(const WorkflowPopover& popover) = 0;
+    virtual void bringWorkflowPopoverToFront() = 0;
     virtual void closeWorkflowPopover() = 0;
     virtual int runModal(const Alert& alert) = 0;
     /// Pops the menu up as a context menu at this point of the window.

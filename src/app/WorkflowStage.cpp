@@ -72,13 +72,22 @@ Strips WorkflowStage::getSelectedLampStrips() const
 
 Rectangle WorkflowStage::popoverRectangle() const
 {
-    LayoutManager& layout = m_panelSetUp.layoutManager();
-    return layout.getRectFormakeGroupPopover(layout.getViewSize().width);
+    const LayoutManager& layout = m_panelSetUp.layoutManager();
+    const Size container = m_panelSetUp.containerSize();
+    Rectangle rectangle = layout.getRectFormakeGroupPopover(container.width);
+    if (!layout.isFlipped())
+        rectangle.y = container.height - rectangle.y - rectangle.height;
+    return rectangle;
 }
 
 void WorkflowStage::showWorkflowPopover(const WorkflowPopover& popover)
 {
     m_panel.showWorkflowPopover(popover);
+}
+
+void WorkflowStage::bringWorkflowPopoverToFront()
+{
+    m_panel.bringWorkflowPopoverToFront();
 }
 
 void WorkflowStage::closeWorkflowPopover()

@@ -27,6 +27,7 @@ public:
     Strips getSelectedLampStrips() const override;
     Rectangle popoverRectangle() const override;
     void showWorkflowPopover(const WorkflowPopover& popover) override;
+    void bringWorkflowPopoverToFront() override;
     void closeWorkflowPopover() override;
     int runModal(const Alert& alert) override;
     void popUpMenu(MenuModel& menu, Point at) override;

@@ -45,6 +45,13 @@ LayoutManager::LayoutManager(UserDefaults& defaults, Log& log, const PanelGeomet
         m_log.line("{} {} is no layout, ignored", keys::kCurrentTheme, m_theme);
 }
 
+void LayoutManager::setTheme(int theme)
+{
+    m_theme = theme;
+    if (segmentedControl)
+        segmentedControl(theme);
+}
+
 bool LayoutManager::themeExists() const
 {
     return m_theme >= 0 && m_theme < theme::kCount;

@@ -2,6 +2,7 @@
 
 #include "base/Geometry.h"
 
+#include <functional>
 #include <string>
 
 namespace lumeroom {
@@ -34,7 +35,9 @@ public:
     LayoutManager(UserDefaults& defaults, Log& log, const PanelGeometry& panel);
 
     int theme() const { return m_theme; }
-    void setTheme(int theme) { m_theme = theme; }
+    void setTheme(int theme);
+    /// The view's wish to show which theme it is; told of each one that is set.
+    std::function<void(int theme)> segmentedControl;
     bool themeExists() const;
     /// "SingleControl", "HorizontalControl", "SquareControl" or "thinControl"; else empty.
     std::string stripLayoutName() const;
@@ -44,6 +47,9 @@ public:
     /// The origin of the next strip, whose view has this size.
     Point getNextPointFor(Size stripView);
 
+    /// Whether the container's y runs downwards, as a window's does. In an upright theme a
+    /// rectangle of the layout is given from the bottom.
+    bool isFlipped() const { return m_theme != theme::kSingleControl; }
     bool shouldScrollHorizontally() const;
     bool shouldScrollVertically() const;
     static bool allowsRotating() { return false; }

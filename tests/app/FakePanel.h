@@ -47,7 +47,11 @@ public:
         alerts.push_back(alert);
         return answer;
     }
-    void setNavigation(NavigationModel& model, NavigationActions) override { navigation = &model; }
+    void setNavigation(NavigationModel& model, NavigationActions offered) override
+    {
+        navigation = &model;
+        actions = std::move(offered);
+    }
     void setDidEndLiveResize(std::function<void()> action) override { didEndLiveResize = action; }
     void startThrobber() override { throbbing = true; }
     void stopThrobber() override { throbbing = false; }
@@ -77,6 +81,7 @@ public:
     }
     void popUpMenu(MenuModel& menu, Point) override { poppedUp = &menu; }
     void showWorkflowPopover(const WorkflowPopover& shown) override { workflow = shown; }
+    void bringWorkflowPopoverToFront() override { }
     void closeWorkflowPopover() override { workflow.reset(); }
     bool popoverIsOpen() const override { return workflow.has_value(); }
 
@@ -91,6 +96,7 @@ public:
 
     std::string title;
     NavigationModel* navigation = nullptr;
+    NavigationActions actions;
     std::function<void()> didEndLiveResize;
     bool throbbing = false;
     int timesInFront = 0;

@@ -49,6 +49,7 @@ struct FakeWorkflowPanel : WorkflowPanel {
     Strips getSelectedLampStrips() const override { return selection.getSelectedLampStrips(); }
     Rectangle popoverRectangle() const override { return {7, 8, 9, 10}; }
     void showWorkflowPopover(const WorkflowPopover& popover) override { open = popover; }
+    void bringWorkflowPopoverToFront() override { calls.emplace_back("to front"); }
     void closeWorkflowPopover() override
     {
         calls.emplace_back("close");
@@ -347,11 +348,26 @@ TEST_F(Workflows, theWayBackDropsOnlyEditsOfGroupsAndLocations)
         c.begin();
         workflows.closeEditPopovers();
         EXPECT_EQ(panel.open.has_value(), c.staysOpen);
+        if (c.staysOpen)
+            panel.press(0, "");
     }
-    panel.press(0, "");
     panel.takeCalls();
     workflows.closeEditPopovers(); // nothing is open
     EXPECT_TRUE(panel.takeCalls().empty());
+}
+
+TEST_F(Workflows, oneThatIsOpenIsNotReplaced)
+{
+    workflows.makeGroupStep1();
+    panel.select({1, 3});
+    panel.takeCalls();
+    workflows.makeLocationStep1();
+    workflows.editTagStep1("Warm");
+    EXPECT_EQ(panel.takeCalls(), (Lines{"to front", "to front"}));
+    panel.press(1, "Attic");
+    EXPECT_EQ(members(GroupingKind::Group, "Attic"), (Lines{"Lamp 1", "Lamp 3"}));
+    workflows.editTagStep1("Warm");
+    EXPECT_EQ(panel.open.value().name, "Warm");
 }
 
 TEST_F(Workflows, theButtonsPopTheirMenusUp)
@@ -368,12 +384,15 @@ TEST_F(Controller, aGroupIsMadeAndEditedOnThePanel)
 {
     for (unsigned n = 1; n <= 3; ++n)
         addNamed(n, "Lamp " + std::to_string(n));
+    panel.rowSize = {200, 350};
     launch();
     panel.navigation->groups.press();
     GroupWorkflows& workflows = controller.workflows();
-    workflows.makeGroupStep1();
+    EXPECT_FALSE(panel.navigation->editGroup.isEnabled()); // there is none
+    panel.actions.makeGroup();
     EXPECT_EQ(panel.navigation->description, "Making new group");
     ASSERT_EQ(panel.rows.size(), 3U);
+    EXPECT_EQ(panel.workflow.value().pointsAt, (Rectangle{0, 300, 600, 50})); // at the bottom
     panel.strip(0).getSelectedButton().press();
     const int builds = panel.builds;
     addNamed(4, "Late"); // must not take the selection away
@@ -390,6 +409,10 @@ TEST_F(Controller, aGroupIsMadeAndEditedOnThePanel)
     EXPECT_FALSE(panel.navigation->isFiltered);
     EXPECT_EQ(panel.names(), (Names{"Lamp 1", "Lamp 2", "Lamp 3", "Late", "Den"}));
     EXPECT_TRUE(panel.strip(0).getSelectedButton().isHidden());
+    EXPECT_TRUE(panel.navigation->editGroup.isEnabled());
+    EXPECT_TRUE(panel.navigation->deleteGroup.isEnabled());
+    panel.actions.deleteGroup({});
+    EXPECT_EQ(panel.poppedUp, &workflows.deleteGroupMenu());
 
     const auto entry = workflows.editGroupMenu().itemWithTitle("Den");
     ASSERT_TRUE(entry);

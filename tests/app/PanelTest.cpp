@@ -246,11 +246,17 @@ TEST_F(Panel, draggingReordersAndIsKept)
     EXPECT_EQ(panel.names(), (Names{"Ceiling", "Shelf", "Desk"}));
     EXPECT_EQ(row("Ceiling").origin(), (Point{0, 0}));
     EXPECT_EQ(desk.origin(), (Point{0, 0})); // it stays under the hand
+    addNamed(4, "Late"); // must not take the row from the hand
+    loop.advance(Seconds(2));
+    EXPECT_TRUE(desk.shown);
+    EXPECT_EQ(panel.names().size(), 3U);
     desk.strip.viewDidMoveTo({10, 999});
     desk.dragged = false;
     desk.strip.viewDidFinishDragging();
     EXPECT_EQ(desk.origin(), (Point{0, 100}));
     EXPECT_EQ(defaults.arrayForKey("sortOrder")->at(2).find("ID")->stringValue(), lampID(1));
+    loop.advance(Seconds(5));
+    EXPECT_EQ(panel.names(), (Names{"Ceiling", "Shelf", "Desk", "Late"}));
 }
 
 TEST_F(Panel, layoutsSetTheWindow)

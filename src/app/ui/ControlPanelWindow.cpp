@@ -1,10 +1,12 @@
 #include "app/ui/ControlPanelWindow.h"
 
 #include "app/NavigationModel.h"
+#include "app/ui/MenuMirror.h"
 #include "app/ui/NavigationView.h"
 #include "app/ui/Throbber.h"
 #include "app/ui/WorkflowPopoverView.h"
 #include "strips/ui/ControlStripView.h"
+#include "strips/ui/FadeIn.h"
 #include "strips/ui/Painting.h"
 
 #include <QGuiApplication>
@@ -122,6 +124,7 @@ void ControlPanelWindow::setNavigation(NavigationModel& navigation, NavigationAc
     auto* view = new NavigationView(navigation, std::move(actions), centralWidget());
     view->setFixedWidth(kBesideTheStrips - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     m_row->insertWidget(0, view);
+    view->setFocus();
 }
 
 std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
@@ -158,26 +161,29 @@ QSize ControlPanelWindow::around() const
     return {0, bar && !bar->isHidden() ? bar->sizeHint().height() : 0};
 }
 
-// The window takes a size that is asked for whatever its limits were; these follow.
+// The window takes a size that is asked for whatever its limits are. Those that follow are widened
+// to include it: a window cannot be outside of its limits on this desktop.
 void ControlPanelWindow::setContentSize(Size size)
 {
     if (size.width < 1 || size.height < 1)
         return;
+    if (std::exchange(m_askedSize, qSize(size)) != qSize(size))
+        m_endedSize = {}; // that the user goes back to the size before is news
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     if (!isMaximized() && !isFullScreen())
-        resize(qSize(size) + around());
+        resize(m_askedSize + around());
 }
 
 void ControlPanelWindow::setContentMinSize(Size size)
 {
-    setMinimumSize(qSize(size) + around());
+    setMinimumSize(qSize(size).boundedTo(m_askedSize) + around());
 }
 
 void ControlPanelWindow::setContentMaxSize(Size size)
 {
     if (size.width >= 1 && size.height >= 1)
-        setMaximumSize(qSize(size) + around());
+        setMaximumSize(qSize(size).expandedTo(m_askedSize) + around());
 }
 
 void ControlPanelWindow::setScrollers(bool horizontal, bool vertical)
@@ -212,11 +218,7 @@ void ControlPanelWindow::popUpMenu(MenuModel& menu, Point at)
 {
     auto* shown = new QMenu(this);
     shown->setAttribute(Qt::WA_DeleteOnClose);
-    for (const auto& item : menu.items()) {
-        const QString title
-            = QString::fromStdString(item->title()).replace(u'&', QStringLiteral("&&"));
-        connect(shown->addAction(title), &QAction::triggered, this, [item] { item->choose(); });
-    }
+    mirrorMenu(*shown, menu);
     shown->popup(mapToGlobal(QPoint(static_cast<int>(at.x), static_cast<int>(at.y))));
 }
 
@@ -228,7 +230,14 @@ void ControlPanelWindow::showWorkflowPopover(const WorkflowPopover& popover)
     const QPoint origin = m_contentView->mapTo(over, QPoint());
     m_workflowPopover->placeBeside(qRect(popover.pointsAt).toAlignedRect().translated(origin));
     m_workflowPopover->show();
+    fadeIn(*m_workflowPopover);
     m_workflowPopover->takeFocus();
+}
+
+void ControlPanelWindow::bringWorkflowPopoverToFront()
+{
+    if (m_workflowPopover)
+        m_workflowPopover->takeFocus();
 }
 
 // It may be the popover's own button that closes it.

@@ -45,6 +45,7 @@ public:
 
     void popUpMenu(MenuModel& menu, Point at) override;
     void showWorkflowPopover(const WorkflowPopover& popover) override;
+    void bringWorkflowPopoverToFront() override;
     void closeWorkflowPopover() override;
     bool popoverIsOpen() const override;
 
@@ -63,7 +64,8 @@ private:
     Throbber* m_mainWindowThrobber;
     std::function<void()> m_didEndLiveResize;
     QTimer* m_resizeRest; ///< runs out when the window has kept its size for a moment
-    QSize m_endedSize; ///< what was told last
+    QSize m_endedSize; ///< what was told last, unless another size was asked for since
+    QSize m_askedSize; ///< of the content
     std::vector<LampControlStripView*> m_keyboardOrder;
     WorkflowPopoverView* m_workflowPopover = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include "app/NavigationModel.h"
 #include "app/ui/NavigationButton.h"
+#include "strips/ui/IconButton.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -17,6 +18,15 @@ constexpr int kMargin = 6;
 constexpr int kShownAt = 3; // where the way back stands
 constexpr int kAside = 5; // how far beyond the edge it waits
 constexpr int kGlideMilliseconds = 220;
+constexpr QSize kGroupButton{32, 26};
+
+/// The widget's frame in the coordinates of its window.
+Rectangle frameInWindow(const QWidget& widget)
+{
+    const QPoint origin = widget.mapTo(widget.window(), QPoint());
+    return {static_cast<float>(origin.x()), static_cast<float>(origin.y()),
+        static_cast<float>(widget.width()), static_cast<float>(widget.height())};
+}
 
 QVBoxLayout* makeColumn(QWidget* page)
 {
@@ -52,6 +62,8 @@ QWidget* NavigationView::makeSwitches()
         auto* view = new NavigationButton(button, text, icon, page);
         view->setToolTip(tip);
         column->addWidget(view);
+        if (!focusProxy())
+            setFocusProxy(view);
     };
     add(m_model.lights, Icon::NavLights, tr("Lights"), tr("Show a strip for each lamp"));
     add(m_model.groups, Icon::NavGroups, tr("Groups"), tr("Show a strip for each group"));
@@ -87,9 +99,31 @@ QWidget* NavigationView::makeAllButtons(NavigationActions actions)
         connect(button, &QAbstractButton::clicked, this, std::move(action));
         column->addWidget(button);
     };
+    column->addLayout(makeGroupButtons(actions, page));
     add(tr("All on"), Icon::AllOn, std::move(actions.allOn));
     add(tr("All off"), Icon::AllOff, std::move(actions.allOff));
     return page;
+}
+
+QLayout* NavigationView::makeGroupButtons(const NavigationActions& actions, QWidget* page)
+{
+    auto* make = new IconButton(Icon::Add, tr("Make group..."), page);
+    connect(make, &QAbstractButton::clicked, this, actions.makeGroup);
+    const auto popsUp = [&](Icon icon, const QString& name, ButtonModel& model, auto popUp) {
+        auto* button = new IconButton(icon, name, model, page);
+        connect(button, &QAbstractButton::clicked, this,
+            [button, popUp] { popUp(frameInWindow(*button)); });
+        return button;
+    };
+    auto* row = new QHBoxLayout;
+    row->setSpacing(0);
+    for (QWidget* button :
+        {make, popsUp(Icon::Rename, tr("Edit group"), m_model.editGroup, actions.editGroup),
+            popsUp(Icon::Delete, tr("Delete group"), m_model.deleteGroup, actions.deleteGroup)}) {
+        button->setFixedSize(kGroupButton);
+        row->addWidget(button);
+    }
+    return row;
 }
 
 void NavigationView::mirror(bool gliding)

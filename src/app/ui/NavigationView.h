@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QLabel;
+class QLayout;
 
 namespace lumeroom {
 
@@ -10,7 +11,7 @@ struct NavigationActions;
 struct NavigationModel;
 
 /// The column beside the strips: the five switches, or the way back with a description, and the
-/// buttons for all lamps.
+/// buttons for groups and for all lamps. The keyboard's focus goes to the first switch.
 class NavigationView : public QWidget {
     Q_OBJECT
 
@@ -26,6 +27,7 @@ private:
     QWidget* makeSwitches();
     QWidget* makeWayBack();
     QWidget* makeAllButtons(NavigationActions actions);
+    QLayout* makeGroupButtons(const NavigationActions& actions, QWidget* page);
     void mirror(bool gliding);
     void place(QWidget* page, int x, bool gliding) const;
 

@@ -14,7 +14,6 @@ namespace lumeroom {
 
 namespace {
 
-constexpr int kWidth = 240;
 constexpr int kMargin = 12;
 constexpr int kGap = 6;
 constexpr int kCornerRadius = 8;
@@ -57,9 +56,12 @@ WorkflowPopoverView::WorkflowPopoverView(const WorkflowPopover& popover, QWidget
     connect(m_confirm, &QPushButton::clicked, this, [this] { press(kConfirmTag); });
     makeKeys();
 
-    const int width = std::max(kWidth, column->sizeHint().width());
-    resize(
-        width, column->hasHeightForWidth() ? column->heightForWidth(width) : sizeHint().height());
+    const QSize least(
+        static_cast<int>(popover.contentSize.width), static_cast<int>(popover.contentSize.height));
+    const int width = std::max(least.width(), column->sizeHint().width());
+    const int height
+        = column->hasHeightForWidth() ? column->heightForWidth(width) : sizeHint().height();
+    resize(width, std::max(least.height(), height));
 }
 
 // They hold in the whole window: after the last lamp is picked, the focus is on its strip.

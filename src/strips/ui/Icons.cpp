@@ -43,12 +43,24 @@ QString fileOf(Icon which)
         return QStringLiteral("all-on");
     case Icon::AllOff:
         return QStringLiteral("all-off");
+    case Icon::Add:
+        return QStringLiteral("add");
     case Icon::Rename:
         return QStringLiteral("rename");
+    case Icon::Delete:
+        return QStringLiteral("delete");
     case Icon::Effect:
         return QStringLiteral("swirl");
     case Icon::Handle:
         return QStringLiteral("handle");
+    case Icon::LayoutUpright:
+        return QStringLiteral("layout-upright");
+    case Icon::LayoutRows:
+        return QStringLiteral("layout-rows");
+    case Icon::LayoutGrid:
+        return QStringLiteral("layout-grid");
+    case Icon::LayoutSlimRows:
+        return QStringLiteral("layout-slim");
     }
     return {};
 }

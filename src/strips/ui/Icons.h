@@ -20,9 +20,15 @@ enum class Icon {
     NavForward, ///< from a strip to those behind it
     AllOn,
     AllOff,
+    Add,
     Rename,
+    Delete,
     Effect,
     Handle,
+    LayoutUpright,
+    LayoutRows,
+    LayoutGrid,
+    LayoutSlimRows,
     NavLights = Lightbulb,
     NavGroups = LightGroup,
 };

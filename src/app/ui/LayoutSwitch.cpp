@@ -1,0 +1,57 @@
+#include "app/ui/LayoutSwitch.h"
+
+#include "strips/LayoutManager.h"
+#include "strips/ui/IconButton.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr int kMargin = 4; // from the window's edge
+constexpr QSize kPicture{16, 16};
+
+} // namespace
+
+LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget* parent)
+    : QWidget(parent)
+    , m_segments(new QButtonGroup(this))
+{
+    const struct {
+        int theme;
+        Icon icon;
+        QString name;
+    } segments[] = {
+        {theme::kSingleControl, Icon::LayoutUpright, tr("upright strips")},
+        {theme::kHorizontalControl, Icon::LayoutRows, tr("rows")},
+        {theme::kSquareControl, Icon::LayoutGrid, tr("grid")},
+        {theme::kThinControl, Icon::LayoutSlimRows, tr("slim rows")},
+    };
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, kMargin, 0);
+    row->setSpacing(0);
+    for (const auto& segment : segments) {
+        auto* button = new IconButton(segment.icon, segment.name, this);
+        button->setCheckable(true);
+        button->setIconSize(kPicture);
+        m_segments->addButton(button, segment.theme);
+        row->addWidget(button);
+    }
+    connect(m_segments, &QButtonGroup::idClicked, this, std::move(choose));
+}
+
+void LayoutSwitch::select(int theme)
+{
+    if (QAbstractButton* segment = m_segments->button(theme)) {
+        segment->setChecked(true);
+        return;
+    }
+    m_segments->setExclusive(false); // or one stays pressed
+    for (QAbstractButton* segment : m_segments->buttons())
+        segment->setChecked(false);
+    m_segments->setExclusive(true);
+}
+
+} // namespace lumeroom

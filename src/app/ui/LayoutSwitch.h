@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+
+class QButtonGroup;
+
+namespace lumeroom {
+
+/// One segment for each layout of the panel, of which that of the present one is pressed.
+class LayoutSwitch : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `choose` takes a number of `theme`, also that of the layout that is shown already.
+    LayoutSwitch(std::function<void(int theme)> choose, QWidget* parent);
+
+    /// For a number that is no layout, none is pressed.
+    void select(int theme);
+
+private:
+    QButtonGroup* m_segments;
+};
+
+} // namespace lumeroom
