@@ -1,5 +1,6 @@
 #include "desktop/Application.h"
 
+#include "app/ui/LayoutSwitch.h"
 #include "base/DefaultsKeys.h"
 #include "desktop/MakerSite.h"
 #include "desktop/Menus.h"
@@ -7,6 +8,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QMenuBar>
 
 namespace lumeroom {
 
@@ -102,6 +104,13 @@ void Application::makeMenus()
     actions.visitHelp = visitHelp;
     actions.visitLumeroomHome = visitLumeroomHome;
     addMenus(m_panel, actions);
+
+    auto* layouts = new LayoutSwitch(
+        [this](int theme) { m_controller.switchThemeToolBarControl(theme); }, m_panel.menuBar());
+    LayoutManager& layoutManager = m_controller.panelSetUp().layoutManager();
+    layoutManager.segmentedControl = [layouts](int theme) { layouts->select(theme); };
+    layouts->select(layoutManager.theme());
+    m_panel.menuBar()->setCornerWidget(layouts);
 }
 
 void Application::makeStatusItem()
@@ -111,10 +120,13 @@ void Application::makeStatusItem()
     if (!m_commandLine.snapshotFile.empty())
         return; // a picture of the panel needs no place in the tray
     m_trayIcon = std::make_unique<TrayIcon>(m_controller.statusMenu());
-    if (m_defaults.boolForKey(keys::kHideDockIcon)) {
-        m_hiddenDockIcon = std::make_unique<HiddenDockIcon>(
-            [this] { return m_trayIcon->isThere(); }, [this] { quit(); }, m_log);
-    }
+    m_lifeInTheTray = std::make_unique<LifeInTheTray>(
+        [this] { return m_trayIcon->isThere(); }, [this] { quit(); });
+    if (!m_defaults.boolForKey(keys::kHideDockIcon))
+        return;
+    m_hiddenDockIcon = std::make_unique<HiddenDockIcon>(m_log);
+    if (m_trayIcon->isThere())
+        putMenuBarAway(m_panel);
 }
 
 void Application::showPanel(const QString& activationToken)

@@ -12,6 +12,7 @@
 #include "desktop/Demonstration.h"
 #include "desktop/HiddenDockIcon.h"
 #include "desktop/LauncherBadge.h"
+#include "desktop/LifeInTheTray.h"
 #include "desktop/QtRunLoop.h"
 #include "desktop/QuitSignals.h"
 #include "desktop/Snapshot.h"
@@ -71,6 +72,7 @@ private:
     ManualController m_controller;
     LauncherBadge m_badge;
     std::unique_ptr<TrayIcon> m_trayIcon;
+    std::unique_ptr<LifeInTheTray> m_lifeInTheTray;
     std::unique_ptr<HiddenDockIcon> m_hiddenDockIcon;
     SettingsWindow m_settings;
     ExplorerWindow m_explorer;

@@ -50,23 +50,11 @@ void keepOffTheTaskBar(xcb_connection_t* x, xcb_window_t window)
 
 } // namespace
 
-HiddenDockIcon::HiddenDockIcon(
-    std::function<bool()> trayIsThere, std::function<void()> quit, Log& log)
+HiddenDockIcon::HiddenDockIcon(Log& log)
 {
     if (!xConnection())
         log.line("the dock icon cannot be hidden: this desktop gives programs no way to do so");
-    QApplication::setQuitOnLastWindowClosed(false);
-    connect(qApp, &QGuiApplication::lastWindowClosed, this,
-        [isThere = std::move(trayIsThere), end = std::move(quit)] {
-            if (!isThere())
-                end();
-        });
     qApp->installEventFilter(this);
-}
-
-HiddenDockIcon::~HiddenDockIcon()
-{
-    QApplication::setQuitOnLastWindowClosed(true);
 }
 
 bool HiddenDockIcon::eventFilter(QObject* object, QEvent* event)

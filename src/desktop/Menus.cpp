@@ -71,11 +71,8 @@ void addLayouts(QMenu& menu, const MenuActions& actions)
     tickCurrent();
     QObject::connect(&menu, &QMenu::aboutToShow, group, tickCurrent);
     QObject::connect(group, &QActionGroup::triggered, &menu,
-        [tickCurrent, current = actions.currentTheme, switchTheme = actions.switchTheme](
-            const QAction* entry) {
-            const int chosen = entry->data().toInt();
-            if (!current || current() != chosen)
-                switchTheme(chosen);
+        [tickCurrent, switchTheme = actions.switchTheme](const QAction* entry) {
+            switchTheme(entry->data().toInt());
             tickCurrent();
         });
     menu.addSeparator();
@@ -155,6 +152,14 @@ void addMenus(QMainWindow& window, const MenuActions& actions)
     menu(QObject::tr("&Groups"), [&](QMenu& m) { addGroups(m, actions); });
     menu(QObject::tr("&Window"), [&](QMenu& m) { addWindow(m, actions); });
     menu(QObject::tr("&Help"), [&](QMenu& m) { addHelp(m, actions, &window); });
+}
+
+// A shortcut works through any widget in sight that has the entry, or the menu that it is in.
+void putMenuBarAway(QMainWindow& window)
+{
+    window.addActions(window.menuBar()->actions());
+    window.setContextMenuPolicy(Qt::ActionsContextMenu);
+    window.menuBar()->hide();
 }
 
 } // namespace lumeroom

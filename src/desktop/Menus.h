@@ -46,4 +46,8 @@ struct MenuActions {
 /// Gives the window the program's menu bar.
 void addMenus(QMainWindow& window, const MenuActions& actions);
 
+/// Hides the menu bar. The shortcuts go on working, and the menus come up where the window is
+/// clicked for a context menu.
+void putMenuBarAway(QMainWindow& window);
+
 } // namespace lumeroom

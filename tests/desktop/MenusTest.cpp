@@ -1,14 +1,19 @@
 #include "desktop/Menus.h"
 #include "app/ui/MenuMirror.h"
 #include "desktop/MakerSite.h"
+#include "desktop/StatusMenuMirror.h"
 #include "desktop/Version.h"
 #include "strips/MenuModel.h"
+#include "support/QtTestInput.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTest>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -19,15 +24,22 @@ namespace lumeroom {
 
 namespace {
 
+using Names = std::vector<std::string>;
+
 /// The menu's entries as a reader sees them; "-" for a line between them.
-QStringList texts(const QMenu& menu)
+QStringList texts(const QList<QAction*>& actions)
 {
     QStringList list;
-    for (const QAction* action : menu.actions()) {
+    for (const QAction* action : actions) {
         if (action->isVisible())
             list << (action->isSeparator() ? QStringLiteral("-") : action->text());
     }
     return list;
+}
+
+QStringList texts(const QMenu& menu)
+{
+    return texts(menu.actions());
 }
 
 QMenu* menuNamed(const QMainWindow& window, const QString& title)
@@ -72,8 +84,14 @@ TEST(MenuMirror, showsTheModelAsItIsWhenItOpens)
     menu.actions()[2]->menu()->actions()[0]->trigger();
     EXPECT_EQ(chosen, "Below");
 
-    // An entry that the model has dropped since does nothing, nor does its submenu.
+    // Filled anew while it is open, the menu means the entries of the same titles.
     QMenu* open = menu.actions()[2]->menu();
+    model.removeAllItems();
+    model.addItem("A & B\tCtrl+Q", [&] { chosen = "A anew"; });
+    menu.actions()[0]->trigger();
+    EXPECT_EQ(std::exchange(chosen, "Below"), "A anew");
+
+    // An entry that the model has dropped does nothing, nor does its submenu.
     model.removeAllItems();
     more.reset();
     submenu.reset();
@@ -83,6 +101,48 @@ TEST(MenuMirror, showsTheModelAsItIsWhenItOpens)
     EXPECT_EQ(texts(*open), QStringList{"Below"});
     emit menu.aboutToShow();
     EXPECT_TRUE(menu.isEmpty());
+}
+
+TEST(StatusMenuMirror, keepsWhatStaysWhileTheTrayHasItOpen)
+{
+    MenuModel model;
+    const auto submenu = std::make_shared<MenuModel>();
+    Names chosen;
+    const auto fillModel = [&](const std::string& round, const Names& titles) {
+        model.removeAllItems();
+        for (const std::string& title : titles)
+            model.addItem(title, [&, title, round] { chosen.push_back(title + round); });
+        auto presets = std::make_shared<MenuItemModel>(0, "Presets");
+        presets->setSubmenu(submenu);
+        model.addItem(presets);
+    };
+    const auto mirrored = [](QMenu& menu, const QStringList& expected) {
+        return test::workUntil([&] { return texts(menu) == expected; });
+    };
+    fillModel("1", {"Lamp", "Lamp", "Desk_1"});
+    QMenu menu;
+    const StatusMenuMirror mirror(model, menu, MenuReader::SessionBus);
+    EXPECT_EQ(texts(menu), (QStringList{"Lamp", "Lamp", "Desk__1", "Presets"}));
+    const auto before = menu.actions();
+
+    // A strip that comes back has a new entry: one that shows already chooses it, at any time.
+    fillModel("2", {"Lamp", "Lamp", "Shelf"});
+    before[0]->trigger();
+    before[2]->trigger(); // is gone
+    ASSERT_TRUE(mirrored(menu, {"Lamp", "Lamp", "Shelf", "Presets"}));
+    EXPECT_EQ(menu.actions()[0], before[0]);
+    EXPECT_EQ(menu.actions()[1], before[1]);
+    before[1]->trigger(); // of two with one title, the one in this place
+    menu.actions()[2]->trigger();
+    EXPECT_EQ(chosen, (Names{"Lamp2", "Lamp2", "Shelf2"}));
+
+    submenu->addItem("Evening", [&] { chosen = {"Evening"}; });
+    QMenu* below = menu.actions()[3]->menu();
+    ASSERT_TRUE(mirrored(*below, {"Evening"}));
+    below->actions()[0]->trigger();
+    EXPECT_EQ(chosen, Names{"Evening"});
+    model.removeAllItems();
+    EXPECT_TRUE(mirrored(menu, {}));
 }
 
 TEST(Menus, leaveOutWhatCannotBeDone)
@@ -108,6 +168,7 @@ struct FullMenus : ::testing::Test {
             *member = nothing;
         actions.switchTheme = [this](int number) { themes.push_back(theme = number); };
         actions.currentTheme = [this] { return theme; };
+        actions.quit = [this] { ++quits; };
         for (auto* kind : {&actions.groups, &actions.locations, &actions.tags})
             *kind = {nothing, &model, &model};
         addMenus(window, actions);
@@ -123,6 +184,7 @@ struct FullMenus : ::testing::Test {
     }
 
     MenuModel model;
+    int quits = 0;
     int theme = 1;
     std::vector<int> themes;
     QMainWindow window;
@@ -136,13 +198,34 @@ TEST_F(FullMenus, tickTheLayoutThatIsShown)
     EXPECT_EQ(ticked(), QStringList{"&Slim rows"});
     view.actions()[3]->trigger(); // is shown already, and stays ticked
     EXPECT_EQ(ticked(), QStringList{"&Slim rows"});
-    EXPECT_EQ(themes, std::vector{3});
+    EXPECT_EQ(themes, (std::vector{3, 3})); // but is asked for again
     theme = 0;
     emit view.aboutToShow();
     EXPECT_EQ(ticked(), QStringList{"&Upright"});
     theme = 17;
     emit view.aboutToShow();
     EXPECT_EQ(ticked(), QStringList{});
+}
+
+TEST_F(FullMenus, workWithoutTheBar)
+{
+    putMenuBarAway(window);
+    window.show();
+    window.activateWindow();
+    EXPECT_FALSE(window.menuBar()->isVisible());
+    EXPECT_TRUE(test::workUntil([&] { return window.isActiveWindow(); }));
+    QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(quits, 1);
+
+    QTimer::singleShot(0, &window, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        EXPECT_EQ(texts(*menu), texts(window.menuBar()->actions()));
+        menu->close();
+    });
+    QContextMenuEvent wish(QContextMenuEvent::Keyboard, QPoint(5, 5), window.mapToGlobal(QPoint()));
+    QCoreApplication::sendEvent(&window, &wish);
+    EXPECT_TRUE(wish.isAccepted());
 }
 
 TEST_F(FullMenus, offerTheGroupsThatExist)

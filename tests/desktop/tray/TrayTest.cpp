@@ -6,7 +6,12 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
 
 /// The program on a desktop whose tray this test plays: it needs a display and a session bus of its
 /// own.
@@ -146,6 +151,48 @@ struct Tray : test::EngineAndLamps {
             [&](const Entry& child) { return child.label() == label; });
         return found == menu.children.end() ? nullptr : &*found;
     }
+    static QByteArray xwininfo()
+    {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start("xwininfo", {"-name", "Lumeroom manual control panel"});
+        process.waitForFinished();
+        return process.readAllStandardOutput();
+    }
+    static bool panelIsInSight() { return xwininfo().contains("IsViewable"); }
+    static bool panelIsAway()
+    {
+        const QByteArray state = xwininfo();
+        return state.contains("IsUnMapped") || state.contains("No window with name");
+    }
+    /// As a window manager does for its close button. False where the window was not found.
+    static bool closePanel()
+    {
+        const QRegularExpression id("Window id: 0x([0-9a-f]+)");
+        const QString window = id.match(QString::fromLatin1(xwininfo())).captured(1);
+        if (window.isEmpty())
+            return false;
+        xcb_connection_t* x = xcb_connect(nullptr, nullptr);
+        const auto atom = [x](std::string_view name) {
+            auto* reply = xcb_intern_atom_reply(x,
+                xcb_intern_atom(x, 0, static_cast<std::uint16_t>(name.size()), name.data()),
+                nullptr);
+            const xcb_atom_t number = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+            std::free(reply);
+            return number;
+        };
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = window.toUInt(nullptr, 16);
+        event.type = atom("WM_PROTOCOLS");
+        event.data.data32[0] = atom("WM_DELETE_WINDOW");
+        xcb_send_event(x, 0, event.window, 0, reinterpret_cast<const char*>(&event));
+        // The answer says that the message was taken.
+        std::free(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr));
+        xcb_disconnect(x);
+        return true;
+    }
     bool deskIsOn()
     {
         return onLamp(0, [](VirtualLamp& lamp, Time now) { return lamp.power(now); });
@@ -190,6 +237,26 @@ TEST_F(Tray, theMenuOnTheBusSwitchesTheLamps)
     desktop.choose(menu.children[2].children[1].id); // Turn all off
     EXPECT_TRUE(workUntil([&] { return !deskIsOn(); }));
     EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count-visible") == false; }));
+}
+
+TEST_F(Tray, theProgramLivesOnInTheTrayWhenThePanelIsClosed)
+{
+    start("");
+    Entry menu;
+    ASSERT_TRUE(workUntil([&] {
+        menu = desktop.openMenu();
+        return entry(menu, "Desk");
+    }));
+    ASSERT_TRUE(workUntil(panelIsInSight));
+    ASSERT_TRUE(closePanel());
+    ASSERT_TRUE(workUntil(panelIsAway));
+    desktop.choose(entry(menu, "Show manual control")->id);
+    EXPECT_TRUE(workUntil(panelIsInSight));
+    EXPECT_EQ(program.state(), QProcess::Running);
+
+    desktop.bus.unregisterService("org.kde.StatusNotifierWatcher"); // no way back any more
+    ASSERT_TRUE(closePanel());
+    EXPECT_TRUE(workUntil([&] { return program.state() == QProcess::NotRunning; }));
 }
 
 TEST_F(Tray, theHiddenDockIconKeepsTheWindowOffTheTaskBar)
