@@ -142,7 +142,8 @@ Size ControlPanelWindow::contentSize() const
 
 Size ControlPanelWindow::screenSize() const
 {
-    return sizeFrom(screen()->availableGeometry().size());
+    const QSize frame = frameGeometry().size() - geometry().size();
+    return sizeFrom(screen()->availableGeometry().size() - frame - around());
 }
 
 Size ControlPanelWindow::scrollViewSize() const
@@ -171,8 +172,23 @@ void ControlPanelWindow::setContentSize(Size size)
         m_endedSize = {}; // that the user goes back to the size before is news
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    if (!isMaximized() && !isFullScreen())
-        resize(m_askedSize + around());
+    const QSize wanted = m_askedSize + around();
+    if (isMaximized() || isFullScreen() || wanted == QMainWindow::size())
+        return;
+    resize(wanted);
+    keepOnScreen();
+}
+
+/// A window that has grown over the edge of the screen goes back from it, as far as there is room.
+void ControlPanelWindow::keepOnScreen()
+{
+    const QRect room = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const QPoint over = frame.bottomRight() - room.bottomRight();
+    const QPoint place(std::max(room.left(), frame.left() - std::max(0, over.x())),
+        std::max(room.top(), frame.top() - std::max(0, over.y())));
+    if (isVisible() && place != frame.topLeft())
+        move(place);
 }
 
 void ControlPanelWindow::setContentMinSize(Size size)

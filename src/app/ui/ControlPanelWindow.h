@@ -57,6 +57,7 @@ private:
     void endLiveResize();
     /// What the window has around its content: the menu bar.
     QSize around() const;
+    void keepOnScreen();
 
     QHBoxLayout* m_row;
     QScrollArea* m_scrollView;
