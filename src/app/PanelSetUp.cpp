@@ -16,6 +16,7 @@ namespace {
 constexpr Seconds kSetUpRetry(1.5);
 constexpr Seconds kSetUpBuffer(1.5);
 constexpr Seconds kRefreshDeferral(5.0);
+constexpr Seconds kPendingActionDeferral(0.2); // longer than a control's tenth of a second
 
 } // namespace
 
@@ -169,10 +170,22 @@ bool PanelSetUp::rowIsBeingDragged() const
     });
 }
 
+bool PanelSetUp::anActionIsPending() const
+{
+    const auto& strips = m_collection.strips();
+    return std::any_of(
+        strips.begin(), strips.end(), [](const auto& strip) { return strip->hasPendingAction(); });
+}
+
 void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
 {
     if (!m_collection.strips().empty() && (popoverIsOpen() || rowIsBeingDragged())) {
-        deferRefresh(recycling);
+        deferRefresh(kRefreshDeferral, recycling);
+        return;
+    }
+    // The records that the strips are made from do not have it yet.
+    if (anActionIsPending()) {
+        deferRefresh(kPendingActionDeferral, recycling);
         return;
     }
     // What waits is done with this, and where it may not reuse the rows, neither may this.
@@ -191,12 +204,12 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
     setUp();
 }
 
-void PanelSetUp::deferRefresh(bool recycling)
+void PanelSetUp::deferRefresh(Seconds delay, bool recycling)
 {
     m_deferredRecycling = m_deferredRecycling && recycling;
     if (!m_deferredRefresh.isPending()) {
         m_deferredRefresh = m_environment.runLoop.after(
-            kRefreshDeferral, [this] { refreshSetUpUsingRecycling(m_deferredRecycling); });
+            delay, [this] { refreshSetUpUsingRecycling(m_deferredRecycling); });
     }
 }
 

@@ -64,7 +64,8 @@ public:
 private:
     bool popoverIsOpen() const;
     bool rowIsBeingDragged() const;
-    void deferRefresh(bool recycling);
+    bool anActionIsPending() const;
+    void deferRefresh(Seconds delay, bool recycling);
     std::optional<Lamps> lampsToShow() const;
     void addLampStrips(const Lamps& lamps);
     void addGroupStrips();

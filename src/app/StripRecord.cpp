@@ -10,6 +10,7 @@ StripRecord StripRecord::of(const Lamp& lamp)
     record.settings.adopt(lamp);
     record.settings.onoff = lamp.onoff;
     record.settings.label = lamp.label;
+    record.settings.reports = lamp.reports;
     return record;
 }
 

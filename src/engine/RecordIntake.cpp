@@ -149,6 +149,7 @@ void RecordIntake::addHuePowerToLamp(
         return;
     lamp->adopt(reported);
     lamp->onoff = on != 0;
+    ++lamp->reports;
     if (lamp->zones) {
         // A multizone lamp shows its zones' mean; the zone notifications tell of changes.
         lamp->adopt(settingsForMultiZoneLamp(*lamp));

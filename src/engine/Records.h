@@ -138,6 +138,7 @@ struct Lamp : LampColour {
     std::shared_ptr<UdpSocket> socket;
     std::optional<LampService> service;
     std::optional<bool> onoff;
+    std::uint64_t reports = 0; ///< of colour and power that were news, counted
     std::shared_ptr<Group> group;
     std::shared_ptr<Location> location;
     std::optional<std::vector<std::shared_ptr<const Tag>>> tags;

@@ -42,6 +42,12 @@ void ColourWellModel::setColour(const Colour& colour)
     assign(m_colour, shown);
 }
 
+void ColourWellModel::setCapabilities(int capabilities)
+{
+    assign(m_capabilities, capabilities);
+    setColour(m_colour);
+}
+
 void ColourWellModel::userHasPickedColour(const Colour& colour)
 {
     setColour(colour);

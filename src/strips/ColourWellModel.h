@@ -44,7 +44,7 @@ public:
     /// A target without colour shows the grey of the same brightness.
     void setColour(const Colour& colour);
     int capabilities() const { return m_capabilities; }
-    void setCapabilities(int capabilities) { assign(m_capabilities, capabilities); }
+    void setCapabilities(int capabilities);
     void setFilteredTarget(ControlTarget* target) { m_target = target; }
 
     /// From the picker, while the user moves through its colours.

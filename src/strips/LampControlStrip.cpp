@@ -92,7 +92,7 @@ void LampControlStrip::actForGroup(const ControlModel& sender, const Settings& f
         actForGroupOnOff(full);
     } else if (m_controls.isColourControl(sender)) {
         m_target.sendSettingsToGroup(*m_engineRoom, full);
-        sendSettingsToStripsInGroup({full, {}, {}});
+        sendSettingsToStripsInGroup({full, {}, {}, {}});
     }
 }
 
@@ -200,9 +200,12 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmba
     const StripSettings& settings)
 {
     // A report in the tenth of a second before the user's change is sent would undo the change.
-    const bool refused = embargo() || m_controls.hasPendingAction();
-    // The same as before is no news: another lamp spoke, and this one has not answered yet.
-    m_missedReport = refused && (m_missedReport || settings != m_lastReport);
+    const bool refused = embargo() || hasPendingAction();
+    // Nothing is missed when another lamp spoke and this one has not answered yet. Its record may
+    // have changed without a report, by what it was sent.
+    const bool isNews
+        = settings.reports ? settings.reports != m_lastReport.reports : settings != m_lastReport;
+    m_missedReport = refused && (m_missedReport || isNews);
     m_lastReport = settings;
     if (!refused)
         implementSettingsFromDictionaryWithoutActing(settings);

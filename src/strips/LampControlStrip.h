@@ -91,6 +91,8 @@ public:
 
     /// Opens the rename popover; for a tag, says instead why tags keep their names.
     void showReNamePopover();
+    /// What the user did within the last tenth of a second is yet to be sent.
+    bool hasPendingAction() const { return m_controls.hasPendingAction(); }
     bool popoverIsOpen() const { return m_view && m_view->popoverIsOpen(); }
     /// The rename popover closes with this text in its field.
     void popoverShouldClose(const std::string& fieldText);

@@ -8,7 +8,7 @@ constexpr std::string_view kTransition = "transition";
 
 StripSettings StripSettings::fromDictionary(const Value::Dictionary& dictionary)
 {
-    StripSettings settings{Settings::fromDictionary(dictionary), {}, {}};
+    StripSettings settings{Settings::fromDictionary(dictionary), {}, {}, {}};
     if (const auto found = dictionary.find(keys::kLabel); found != dictionary.end())
         settings.label = found->second.stringValue();
     if (const auto found = dictionary.find(kTransition); found != dictionary.end())

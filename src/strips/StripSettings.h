@@ -8,6 +8,7 @@ namespace lumeroom {
 struct StripSettings : Settings {
     std::optional<std::string> label;
     std::optional<double> transition; ///< seconds
+    std::optional<std::uint64_t> reports; ///< of the lamp that these come from, counted
 
     static StripSettings fromDictionary(const Value::Dictionary& dictionary);
     /// Power alone.

@@ -114,9 +114,31 @@ TEST_F(Controller, reportsMoveTheStripsUnlessTouched)
     loop.advance(Seconds(5)); // another lamp spoke: that is no report of this one
     EXPECT_EQ(strip.onOffButton().state(), pressed);
 
+    // A command that got lost: what the lamp says is what the strip said before it was touched.
+    strip.brightnessSlider().moveTo(77);
+    loop.advance(Seconds(0.2));
+    receive(lightState(1, {.brightness = 12850, .label = "One"}));
+    loop.advance(Seconds(3));
+    EXPECT_EQ(strip.brightnessSlider().value(), 77);
+    loop.advance(Seconds(3));
+    EXPECT_EQ(strip.brightnessSlider().value(), 50);
+
     receive(stateVersion(1, 10)); // white only, as it turns out
     loop.runPosted();
     EXPECT_FALSE(strip.satSlider().isEnabled());
+}
+
+TEST_F(Controller, aRebuildLetsTheLastMovementGoOut)
+{
+    addNamed(1, "One");
+    launch();
+    sockets.take();
+    panel.strip(0).brightnessSlider().moveTo(10);
+    panel.didEndLiveResize();
+    loop.advance(Seconds(1));
+    EXPECT_EQ(panel.builds, 2);
+    EXPECT_EQ(sockets.takeOfType(102).size(), 1U);
+    EXPECT_EQ(panel.strip(0).brightnessSlider().value(), 10);
 }
 
 TEST_F(Controller, theOrderIsKeptOverRuns)

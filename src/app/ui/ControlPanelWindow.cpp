@@ -281,7 +281,7 @@ void ControlPanelWindow::makeKeyAndFront()
 int ControlPanelWindow::runModal(const Alert& alert)
 {
     QMessageBox box(this);
-    box.setWindowTitle(QString::fromStdString(alert.title));
+    box.setWindowTitle(QCoreApplication::applicationName());
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(alert.title));
     box.setInformativeText(QString::fromStdString(alert.text));
