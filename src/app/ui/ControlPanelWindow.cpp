@@ -59,7 +59,7 @@ ControlPanelWindow::ControlPanelWindow()
     m_row->setSpacing(0);
     m_row->addWidget(m_scrollView, 1);
     setCentralWidget(content);
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(screen()->availableGeometry().size()));
     m_resizeRest->setSingleShot(true);
     m_resizeRest->setInterval(kResizeRestMilliseconds);
     connect(m_resizeRest, &QTimer::timeout, this, [this] { endLiveResize(); });
