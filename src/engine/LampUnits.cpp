@@ -7,7 +7,6 @@ namespace lumeroom {
 
 namespace {
 
-constexpr int kWarmthOrigin = 9000;
 constexpr int kByteRange = 255;
 
 // Nearly 1/257. Reading is not the inverse of writing, which multiplies by 255.
@@ -41,7 +40,7 @@ WireColour toWire(const LampColour& colour)
         .saturation
         = lowBits((kByteRange - integerPart(colour.saturation.value_or(0))) * kByteRange),
         .brightness = lowBits(integerPart(colour.brightness.value_or(0)) * kByteRange),
-        .kelvin = lowBits(kWarmthOrigin - integerPart(colour.warmth.value_or(0))),
+        .kelvin = lowBits(kCoolestKelvin - integerPart(colour.warmth.value_or(0))),
     };
 }
 
@@ -51,7 +50,7 @@ LampColour fromWire(const WireColour& colour)
         .colour = colour.hue,
         .saturation = kByteRange - byteFromWire(colour.saturation),
         .brightness = byteFromWire(colour.brightness),
-        .warmth = lowBits(kWarmthOrigin - static_cast<std::int64_t>(colour.kelvin)),
+        .warmth = lowBits(kCoolestKelvin - static_cast<std::int64_t>(colour.kelvin)),
     };
 }
 

@@ -17,6 +17,11 @@ struct WireColour {
     bool operator==(const WireColour&) const = default;
 };
 
+// The whites, in kelvin. Warmth is the distance from the coolest.
+inline constexpr int kCoolestKelvin = 9000;
+inline constexpr int kWarmestKelvin = 2500;
+inline constexpr int kMostWarmth = kCoolestKelvin - kWarmestKelvin;
+
 /// From lamp units; absent members count as 0. Brightness and saturation are multiplied by 255, so
 /// a full 255 goes out as 65025 and is read back as 253.
 WireColour toWire(const LampColour& colour);

@@ -1,5 +1,7 @@
 #include "strips/Colour.h"
 
+#include "engine/LampUnits.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,20 +9,20 @@ namespace lumeroom {
 
 Rgba rgbaFrom(const Colour& colour)
 {
+    const float brightness = std::clamp(colour.brightness, 0.0F, 1.0F);
     // One of six ramps for each component, each a third of a turn from the next.
-    const auto component = [&colour](float turn) {
+    const auto component = [&colour, brightness](float turn) {
         const float place = std::fmod(colour.hue * 6.0F + turn, 6.0F);
         const float ramp = std::clamp(std::min(place, 4.0F - place), 0.0F, 1.0F);
-        return colour.brightness * (1.0F - colour.saturation * ramp);
+        return brightness * (1.0F - colour.saturation * ramp);
     };
     return {component(5), component(3), component(1), colour.alpha};
 }
 
 std::optional<int> usableKelvin(const Colour& colour)
 {
-    constexpr int kWarmest = 2500;
-    constexpr int kCoolest = 9000;
-    const bool usable = colour.kelvin && *colour.kelvin >= kWarmest && *colour.kelvin <= kCoolest;
+    const bool usable
+        = colour.kelvin && *colour.kelvin >= kWarmestKelvin && *colour.kelvin <= kCoolestKelvin;
     return usable ? colour.kelvin : std::nullopt;
 }
 

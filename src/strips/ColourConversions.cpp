@@ -1,5 +1,7 @@
 #include "strips/ColourConversions.h"
 
+#include "engine/LampUnits.h"
+
 #include <cmath>
 
 namespace lumeroom {
@@ -8,7 +10,6 @@ namespace {
 
 constexpr float kHueRange = 65535.0F;
 constexpr float kByteRange = 255.0F;
-constexpr int kWarmthOrigin = 9000;
 
 } // namespace
 
@@ -18,7 +19,7 @@ Colour colourFromSliders(const SliderValues& sliders)
         .saturation = (kByteRange - sliders.saturation) / kByteRange,
         .brightness = sliders.brightness / kByteRange,
         .alpha = 1,
-        .kelvin = kWarmthOrigin - static_cast<int>(sliders.warmth)};
+        .kelvin = kCoolestKelvin - static_cast<int>(sliders.warmth)};
 }
 
 SliderValues slidersFromColour(const Colour& colour, const SliderValues& present, int capabilities)
@@ -29,7 +30,7 @@ SliderValues slidersFromColour(const Colour& colour, const SliderValues& present
     sliders.colour = colour.hue * kHueRange;
     const auto kelvin = usableKelvin(colour);
     if (kelvin && (capabilities & kCapabilityVariableWhite) != 0)
-        sliders.warmth = static_cast<float>(kWarmthOrigin - *kelvin);
+        sliders.warmth = static_cast<float>(kCoolestKelvin - *kelvin);
     return sliders;
 }
 
@@ -40,19 +41,20 @@ Settings settingsFromEffectColour(const Colour& colour)
     settings.brightness = colour.brightness * kByteRange;
     settings.colour = colour.hue * kHueRange;
     settings.saturation = kByteRange - colour.saturation * kByteRange;
-    settings.warmth = kWarmthOrigin - colour.kelvin.value_or(kDefaultKelvin);
+    settings.warmth = kCoolestKelvin - colour.kelvin.value_or(kDefaultKelvin);
     settings.onoff = !(colour.brightness < kDark);
     return settings;
 }
 
 int kelvinFromKnob(float xOffset)
 {
-    return static_cast<int>(((xOffset + 1.0F) * -0.5F + 1.0F) * 6500.0F + 2500.0F);
+    return static_cast<int>(((xOffset + 1.0F) * -0.5F + 1.0F) * kMostWarmth + kWarmestKelvin);
 }
 
 KnobPlace knobFromKelvin(int kelvin)
 {
-    const float place = (static_cast<float>(6500 - (kelvin - 2500)) - 3250.0F) / 3250.0F;
+    constexpr float kMiddle = kMostWarmth / 2.0F;
+    const float place = (static_cast<float>(kCoolestKelvin - kelvin) - kMiddle) / kMiddle;
     return {.degrees = place >= 0 ? 90.0F : 270.0F, .distance = std::abs(place)};
 }
 

@@ -11,8 +11,6 @@ namespace lumeroom {
 
 namespace {
 
-// What the window has beside the strips: the navigation and a scroll bar.
-constexpr float kAllowance = 135;
 constexpr float kLeastLength = 300;
 constexpr float kLeastWidthOfARow = 600;
 constexpr float kMostInGrid = 5000;
@@ -94,7 +92,8 @@ Point LayoutManager::getNextPointFor(Size stripView)
         break;
     case theme::kSquareControl:
         point = {m_w * static_cast<float>(m_columns), m_h * static_cast<float>(m_rows)};
-        if (static_cast<float>(m_columns + 2) * m_w <= m_panel.contentSize().width - kAllowance) {
+        if (static_cast<float>(m_columns + 2) * m_w
+            <= m_panel.contentSize().width - kBesideTheStrips) {
             ++m_columns;
         } else {
             ++m_rows;
@@ -142,7 +141,7 @@ Size LayoutManager::getMinWindowSize() const
         return {kLeastWidthOfARow, m_h};
     case theme::kHorizontalControl:
     case theme::kThinControl:
-        return {m_w + kAllowance, kLeastLength};
+        return {m_w + kBesideTheStrips, kLeastLength};
     case theme::kSquareControl:
         return {kLeastLength, kLeastLength};
     default:
@@ -157,7 +156,7 @@ Size LayoutManager::getMaxWindowSize() const
         return {m_panel.screenSize().width, m_h};
     case theme::kHorizontalControl:
     case theme::kThinControl:
-        return {m_w + kAllowance, m_panel.screenSize().height};
+        return {m_w + kBesideTheStrips, m_panel.screenSize().height};
     case theme::kSquareControl:
         return {kMostInGrid, kMostInGrid};
     default:
@@ -174,13 +173,13 @@ Size LayoutManager::getWindowSize() const
     const Size most = getMaxWindowSize();
     switch (m_theme) {
     case theme::kSingleControl: {
-        const float width = within(m_runningTotal + kAllowance, least.width, most.width);
+        const float width = within(m_runningTotal + kBesideTheStrips, least.width, most.width);
         return {storedLength(kWidth, width), m_h};
     }
     case theme::kHorizontalControl:
     case theme::kThinControl: {
         const float height = within(m_runningTotal + m_h, least.height, most.height);
-        return {m_w + kAllowance, storedLength(kHeight, height)};
+        return {m_w + kBesideTheStrips, storedLength(kHeight, height)};
     }
     case theme::kSquareControl:
         return m_panel.contentSize();

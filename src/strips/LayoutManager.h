@@ -32,6 +32,9 @@ inline constexpr int kCount = 4;
 /// size for each theme.
 class LayoutManager {
 public:
+    /// What the window has beside the strips, in points: the navigation and a scroll bar.
+    static constexpr int kBesideTheStrips = 135;
+
     LayoutManager(UserDefaults& defaults, Log& log, const PanelGeometry& panel);
 
     int theme() const { return m_theme; }

@@ -1,5 +1,7 @@
 #include "strips/StripControls.h"
 
+#include "engine/LampUnits.h"
+
 namespace lumeroom {
 
 namespace {
@@ -7,7 +9,6 @@ namespace {
 constexpr float kMostBrightness = 255;
 constexpr float kMostColour = 65535;
 constexpr float kMostSaturation = 255;
-constexpr float kMostWarmth = 6500;
 
 } // namespace
 

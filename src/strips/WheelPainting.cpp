@@ -1,5 +1,6 @@
 #include "strips/WheelPainting.h"
 
+#include "engine/LampUnits.h"
 #include "strips/ColourConversions.h"
 #include "strips/ControlPainting.h"
 
@@ -18,10 +19,8 @@ float between(float from, float to, float part)
 
 Rgba whiteOfKelvin(int kelvin)
 {
-    constexpr float kCoolest = 9000;
-    constexpr float kRange = 6500;
     constexpr int kSteps = int(kWarmthColours.size()) - 1;
-    const float place = (kCoolest - static_cast<float>(kelvin)) / kRange * kSteps;
+    const float place = static_cast<float>(kCoolestKelvin - kelvin) / kMostWarmth * kSteps;
     const int step = std::clamp(static_cast<int>(place), 0, kSteps - 1);
     const float part = place - static_cast<float>(step);
     const Rgba& from = kWarmthColours[static_cast<std::size_t>(step)];
