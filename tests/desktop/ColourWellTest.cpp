@@ -3,6 +3,7 @@
 #include "strips/ColourArchive.h"
 #include "strips/ui/CircularSliderView.h"
 #include "strips/ui/ColourPickerPopover.h"
+#include "strips/ui/ColourWellDrag.h"
 #include "strips/ui/ColourWellView.h"
 #include "strips/ui/SliderView.h"
 #include "support/QtTestInput.h"
@@ -246,11 +247,11 @@ TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
     EXPECT_EQ(well->drags, 1);
     EXPECT_FALSE(popover().isVisible());
 
-    const std::unique_ptr<QMimeData> dragged(well->makeDragData());
+    const std::unique_ptr<QMimeData> dragged(makeColourDragData(model));
     EXPECT_EQ(model.colour().kelvin, 3500);
     EXPECT_TRUE(dragged->hasColor());
     EXPECT_FALSE(dragged->colorData().value<QColor>().isValid());
-    EXPECT_EQ(well->swatch().deviceIndependentSize(), QSizeF(15, 15));
+    EXPECT_EQ(colourDragPicture(model.colour(), 2).deviceIndependentSize(), QSizeF(15, 15));
     model.setColour({});
     EXPECT_TRUE(drop(*dragged));
     EXPECT_EQ(model.colour(), (Colour{0.5F, 1, 0.5F, 1, 3500}));
@@ -258,9 +259,18 @@ TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
     EXPECT_FALSE(drop(*dragged, Qt::MoveAction | Qt::LinkAction));
 }
 
+// A new row's well holds its brightness in lamp units.
+TEST_F(ColourWell, aDragShowsTheColourWhateverItsBrightness)
+{
+    const QImage picture = colourDragPicture({0, 1, 200, 1, {}}, 1).toImage();
+    EXPECT_EQ(picture.pixelColor(7, 7), QColor(Qt::red));
+    const QImage pale = colourDragPicture({0, 0.5F, 200, 1, {}}, 1).toImage();
+    EXPECT_EQ(pale.pixelColor(7, 7).green(), 128);
+}
+
 TEST_F(ColourWell, refusesDropsThatHoldNoColour)
 {
-    const auto type = QString(ColourWellView::kArchiveType);
+    const auto type = QString(kArchivedColourType);
     const struct {
         QString type;
         QByteArray bytes;

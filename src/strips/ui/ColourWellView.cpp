@@ -1,17 +1,13 @@
 #include "strips/ui/ColourWellView.h"
 
 #include "strips/ui/ColourPickerPopover.h"
+#include "strips/ui/ColourWellDrag.h"
 #include "strips/ui/Mirror.h"
 #include "strips/ui/Painting.h"
 
 #include <QApplication>
-#include <QDrag>
-#include <QLabel>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
-#include <QPropertyAnimation>
 
 #include <cmath>
 
@@ -20,8 +16,6 @@ namespace lumeroom {
 namespace {
 
 constexpr int kSize = 30;
-constexpr int kSwatchSize = 15;
-const auto kColourType = QStringLiteral("application/x-color");
 
 /// How far the wheel turned, in lines of the model's scrolling: a notch is as many lines as it is
 /// elsewhere on this desktop, usually 3, and a touchpad gives parts of one.
@@ -33,40 +27,6 @@ float linesOf(const QWheelEvent& event)
     if (turned == 0)
         return static_cast<float>(event.pixelDelta().y()) / kPixelsPerLine;
     return static_cast<float>(turned * QApplication::wheelScrollLines()) / kNotch;
-}
-
-Colour colourFrom(const QColor& colour)
-{
-    const QColor hsv = colour.toHsv();
-    return {.hue = std::max(0.0F, hsv.hsvHueF()), // a grey has none
-        .saturation = hsv.hsvSaturationF(),
-        .brightness = hsv.valueF(),
-        .alpha = colour.alphaF(),
-        .kelvin = {}};
-}
-
-ColourDrop dropFrom(const QMimeData& data)
-{
-    ColourDrop drop;
-    drop.offersArchive = data.hasFormat(ColourWellView::kArchiveType);
-    const QByteArray bytes = data.data(ColourWellView::kArchiveType);
-    if (!bytes.isEmpty()) // the toolkit cannot tell no data from none to read
-        drop.archivedColour.emplace(bytes.begin(), bytes.end());
-    drop.offersColour = data.hasFormat(kColourType);
-    const auto colour = data.colorData().value<QColor>();
-    if (colour.isValid())
-        drop.colour = colourFrom(colour);
-    return drop;
-}
-
-void paintGlow(QPainter& painter, const QRectF& oval)
-{
-    constexpr float kFraction = 0.4F;
-    QRadialGradient glow(oval.center() - QPointF(0, oval.height() * 0.25), oval.width() * 0.6);
-    glow.setColorAt(0, QColor::fromRgbF(1, 1, 1, kFraction));
-    glow.setColorAt(1, QColor::fromRgbF(1, 1, 1, 0));
-    painter.setBrush(glow);
-    painter.drawEllipse(oval);
 }
 
 } // namespace
@@ -88,7 +48,6 @@ ColourWellView::ColourWellView(ColourWellModel& model, QWidget* parent)
 
 ColourWellView::~ColourWellView()
 {
-    m_model.onChange = nullptr;
     m_model.setPopover(nullptr);
     m_model.setColourPicker(nullptr);
 }
@@ -180,59 +139,15 @@ void ColourWellView::keyPressEvent(QKeyEvent* event)
     }
 }
 
-QMimeData* ColourWellView::makeDragData()
-{
-    const Value::Data archive = m_model.archivedColour();
-    auto* offer = new QMimeData;
-    offer->setData(kArchiveType,
-        QByteArray(reinterpret_cast<const char*>(archive.data()), qsizetype(archive.size())));
-    offer->setData(kColourType, {}); // a well takes the archive; others get no colour from here
-    return offer;
-}
-
-QPixmap ColourWellView::swatch() const
-{
-    const double ratio = devicePixelRatioF();
-    QPixmap pixmap((QSizeF(kSwatchSize, kSwatchSize) * ratio).toSize());
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(qColor(rgbaFrom(m_model.colour())));
-    return pixmap;
-}
-
 void ColourWellView::startDrag(QPoint press)
 {
-    auto* drag = new QDrag(this);
-    drag->setMimeData(makeDragData());
-    drag->setPixmap(swatch());
-    const QPoint middle(kSwatchSize / 2, kSwatchSize / 2);
-    drag->setHotSpot(press - rect().center() + middle); // it sets out from the well's centre
-    const QPointer<ColourWellView> here = this;
-    if (drag->exec(Qt::CopyAction) == Qt::IgnoreAction && here)
-        slideBack(drag->pixmap(), mapFromGlobal(QCursor::pos()) - middle);
-}
-
-/// The swatch that nobody took goes home.
-void ColourWellView::slideBack(const QPixmap& swatch, QPoint from)
-{
-    constexpr int kMilliseconds = 250;
-    auto* picture = new QLabel(window());
-    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
-    picture->setPixmap(swatch);
-    picture->adjustSize();
-    picture->move(mapTo(window(), from));
-    picture->show();
-    auto* slide = new QPropertyAnimation(picture, "pos", picture);
-    slide->setDuration(kMilliseconds);
-    slide->setEasingCurve(QEasingCurve::OutCubic);
-    slide->setEndValue(mapTo(window(), rect().center() - picture->rect().center()));
-    connect(slide, &QAbstractAnimation::finished, picture, &QObject::deleteLater);
-    slide->start();
+    dragColourOut(m_model, *this, press);
 }
 
 void ColourWellView::dragEnterEvent(QDragEnterEvent* event)
 {
-    const QMimeData& offer = *event->mimeData();
-    const bool known = offer.hasFormat(kArchiveType) || offer.hasFormat(kColourType);
+    const ColourDrop offer = colourDropFrom(*event->mimeData());
+    const bool known = offer.offersArchive || offer.offersColour;
     if (!known || !isEnabled() || !event->possibleActions().testFlag(Qt::CopyAction))
         return;
     event->setDropAction(Qt::CopyAction);
@@ -242,7 +157,7 @@ void ColourWellView::dragEnterEvent(QDragEnterEvent* event)
 void ColourWellView::dropEvent(QDropEvent* event)
 {
     event->setDropAction(Qt::CopyAction);
-    event->setAccepted(m_model.performDragOperation(dropFrom(*event->mimeData())));
+    event->setAccepted(m_model.performDragOperation(colourDropFrom(*event->mimeData())));
 }
 
 void ColourWellView::paintEvent(QPaintEvent*)

@@ -4,8 +4,6 @@
 
 #include <QAbstractButton>
 
-class QMimeData;
-
 namespace lumeroom {
 
 /// A round swatch of a colour. A click opens the picker, the wheel dims, and colours can be dragged
@@ -14,18 +12,10 @@ class ColourWellView : public QAbstractButton, private ColourWellPopover {
     Q_OBJECT
 
 public:
-    /// The type under which a well drags an archived colour.
-    static constexpr const char* kArchiveType = "application/x-qvcolorpboardtype";
-
     ColourWellView(ColourWellModel& model, QWidget* parent);
     ~ColourWellView() override;
 
     QSize sizeHint() const override;
-
-    /// What a drag out of the well carries; the caller owns it.
-    QMimeData* makeDragData();
-    /// The picture under the mouse during such a drag.
-    QPixmap swatch() const;
 
 protected:
     /// Waits until the drag is over. The well may be gone then.
@@ -44,7 +34,6 @@ protected:
 private:
     void showAtWell(Edge preferredEdge) override;
     void mirror();
-    void slideBack(const QPixmap& swatch, QPoint from);
 
     ColourWellModel& m_model;
     std::optional<QPoint>

@@ -23,17 +23,6 @@ void paintPowerSign(QPainter& painter, const QRectF& oval, const QColor& colour)
     painter.drawLine(centre - QPointF(0, radius * 0.15), centre - QPointF(0, radius * 1.2));
 }
 
-/// A soft light from above, as on glass.
-void paintGlow(QPainter& painter, const QRectF& oval)
-{
-    QRadialGradient glow(oval.center() - QPointF(0, oval.height() * 0.2), oval.width() * 0.55);
-    glow.setColorAt(0, QColor(255, 255, 255, 90));
-    glow.setColorAt(1, QColor(255, 255, 255, 0));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(glow);
-    painter.drawEllipse(oval);
-}
-
 } // namespace
 
 OnOffButtonView::OnOffButtonView(ButtonModel& model, const ColourWellModel& well, QWidget* parent)

@@ -2,6 +2,7 @@
 
 #include <QLinearGradient>
 #include <QPainter>
+#include <QRadialGradient>
 #include <QWidget>
 
 #include <algorithm>
@@ -30,6 +31,17 @@ bool isDark(const QWidget& widget)
 {
     constexpr int kMiddleGrey = 128;
     return widget.palette().color(QPalette::Window).lightness() < kMiddleGrey;
+}
+
+void paintGlow(QPainter& painter, const QRectF& oval)
+{
+    constexpr float kFraction = 0.4F;
+    QRadialGradient glow(oval.center() - QPointF(0, oval.height() * 0.25), oval.width() * 0.6);
+    glow.setColorAt(0, QColor::fromRgbF(1, 1, 1, kFraction));
+    glow.setColorAt(1, QColor::fromRgbF(1, 1, 1, 0));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(glow);
+    painter.drawEllipse(oval);
 }
 
 void paintSliderBar(QPainter& painter, const SliderBar& bar)

@@ -18,6 +18,8 @@ Rectangle rectangleFrom(const QRectF& rect);
 /// Whether the widget's palette is a dark one.
 bool isDark(const QWidget& widget);
 
+/// A soft light from above, as on glass.
+void paintGlow(QPainter& painter, const QRectF& oval);
 void paintSliderBar(QPainter& painter, const SliderBar& bar);
 
 } // namespace lumeroom
