@@ -28,13 +28,9 @@ struct PanelEndToEnd : test::EngineAndLamps {
     /// The control with this role in the strip of this name, once both are there.
     template <typename View> View* control(const std::string& name, const QString& role)
     {
-        for (auto* strip : panel.findChildren<ControlStripView*>()) {
-            if (strip->strip().label().text() != name)
-                continue;
-            for (View* view : strip->findChildren<View*>()) {
-                if (view->property("role").toString() == role)
-                    return view;
-            }
+        for (View* view : panel.findChildren<View*>()) {
+            if (view->accessibleName() == QString::fromStdString(name) + ", " + role)
+                return view;
         }
         return nullptr;
     }

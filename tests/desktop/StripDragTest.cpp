@@ -110,6 +110,17 @@ TEST_F(StripDragging, aRowThatGoesOutOfSightIsLetGo)
     EXPECT_FALSE(row(0).hitTest({5, 5}));
     mouseAt(handle(0), QEvent::MouseButtonRelease, {5, 20});
     EXPECT_EQ(owner.takeCalls(), (Calls{"begin", "move 1"}));
+    QCoreApplication::processEvents(); // the order so far is the new order
+    EXPECT_EQ(owner.takeCalls(), (Calls{"finish"}));
+
+    // With the window, and the strip gone before its turn comes.
+    mouseAt(handle(1), QEvent::MouseButtonPress, {5, 5});
+    mouseAt(handle(1), QEvent::MouseMove, {5, 20});
+    container.hide();
+    EXPECT_FALSE(row(1).isBeingDragged());
+    strips.clear();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(owner.takeCalls(), (Calls{"begin", "move 2"}));
 }
 
 TEST_F(StripDragging, arrowKeysTradePlacesWithTheNeighbour)

@@ -2,6 +2,7 @@
 
 #include "strips/LayoutManager.h"
 #include "strips/ui/DragHandle.h"
+#include "strips/ui/EdgeScroller.h"
 #include "strips/ui/ElidedLabel.h"
 #include "strips/ui/FadeIn.h"
 #include "strips/ui/IconButton.h"
@@ -39,15 +40,14 @@ void layOut(int theme, QWidget& row, const StripWidgets& widgets)
 /// Scrolls the row's future place into sight.
 void reveal(const ControlStripView& row)
 {
-    for (QWidget* parent = row.parentWidget(); parent; parent = parent->parentWidget()) {
-        if (auto* area = qobject_cast<QScrollArea*>(parent)) {
-            const Size size = row.size();
-            const Point origin = row.origin();
-            area->ensureVisible(static_cast<int>(origin.x + size.width / 2),
-                static_cast<int>(origin.y + size.height / 2), static_cast<int>(size.width / 2),
-                static_cast<int>(size.height / 2));
-        }
-    }
+    QScrollArea* area = areaAround(row);
+    if (!area)
+        return;
+    const Size size = row.size();
+    const Point origin = row.origin();
+    area->ensureVisible(static_cast<int>(origin.x + size.width / 2),
+        static_cast<int>(origin.y + size.height / 2), static_cast<int>(size.width / 2),
+        static_cast<int>(size.height / 2));
 }
 
 } // namespace
@@ -207,7 +207,13 @@ void ControlStripView::mouseReleaseEvent(QMouseEvent* event)
 
 void ControlStripView::hideEvent(QHideEvent* event)
 {
+    const bool wasDragged = m_drag.isOn();
     m_drag.abandon();
+    if (wasDragged) {
+        // Later: what finishes a drag places the rows anew, and this one is just going.
+        QMetaObject::invokeMethod(
+            this, [this] { m_strip.viewDidFinishDragging(); }, Qt::QueuedConnection);
+    }
     if (glides()) {
         m_glide.stop();
         move(m_glide.endValue().toPoint());

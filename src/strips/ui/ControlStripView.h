@@ -18,8 +18,6 @@ public:
     /// `theme` is one that exists.
     ControlStripView(LampControlStrip& strip, int theme, QWidget* parent = nullptr);
 
-    LampControlStrip& strip() const { return m_strip; }
-
     Size size() const override;
     /// While the row glides, the place that it glides to.
     Point origin() const override;

@@ -13,15 +13,6 @@ constexpr int kEdge = 28; // points
 constexpr int kFastest = 24; // points a step
 constexpr int kStepMilliseconds = 25;
 
-QScrollArea* areaAround(const QWidget& widget)
-{
-    for (QWidget* parent = widget.parentWidget(); parent; parent = parent->parentWidget()) {
-        if (auto* area = qobject_cast<QScrollArea*>(parent))
-            return area;
-    }
-    return nullptr;
-}
-
 /// Faster the nearer to the edge, or beyond it.
 int speedAt(int place, int length)
 {
@@ -38,6 +29,15 @@ bool scroll(QScrollBar& bar, int by)
 }
 
 } // namespace
+
+QScrollArea* areaAround(const QWidget& widget)
+{
+    for (QWidget* parent = widget.parentWidget(); parent; parent = parent->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(parent))
+            return area;
+    }
+    return nullptr;
+}
 
 EdgeScroller::EdgeScroller(QWidget& widget, std::function<void(QPoint)> scrolled)
     : m_widget(widget)

@@ -5,9 +5,13 @@
 
 #include <functional>
 
+class QScrollArea;
 class QWidget;
 
 namespace lumeroom {
+
+/// The nearest scroll area that the widget is in; null for none.
+QScrollArea* areaAround(const QWidget& widget);
 
 /// Scrolls the scroll area around a widget while the user drags near the area's edge.
 class EdgeScroller {

@@ -19,7 +19,7 @@ public:
     void mouseDown(const QMouseEvent& event);
     void mouseDragged(const QMouseEvent& event);
     void mouseUp(const QMouseEvent& event);
-    /// The row goes out of sight: there is nothing to finish.
+    /// Lets go of the row, and tells nobody.
     void abandon();
 
 private:
