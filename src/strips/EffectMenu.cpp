@@ -6,7 +6,7 @@ namespace {
 constexpr std::string_view kEffectName = "name";
 }
 
-std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing, bool canEdit)
+std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing, bool hasManager)
 {
     using Kind = EffectMenuItem::Kind;
     std::vector<EffectMenuItem> menu;
@@ -16,10 +16,10 @@ std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playi
     }
     for (const Value& effect : effects) {
         const Value* name = effect.find(kEffectName);
-        menu.push_back({Kind::Effect, name ? name->stringValue() : std::string()});
+        menu.push_back({Kind::Effect, name ? name->stringValue() : std::string(), hasManager});
     }
     menu.push_back({});
-    menu.push_back({Kind::EditEffects, "Add / edit effects...", canEdit});
+    menu.push_back({Kind::EditEffects, "Add / edit effects...", hasManager});
     return menu;
 }
 

@@ -15,6 +15,8 @@ struct EffectMenuItem {
 };
 
 /// The stored effects by name, under the means to stop one that plays and over that to edit them.
-std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing, bool canEdit);
+/// Without an effects manager they can neither play nor be edited.
+std::vector<EffectMenuItem> effectMenuOf(
+    const Value::Array& effects, bool playing, bool hasManager);
 
 } // namespace lumeroom

@@ -288,8 +288,8 @@ std::vector<EffectMenuItem> LampControlStrip::effectMenu() const
     const bool playing = m_runner && m_runner->isRunning();
     const auto effects
         = m_owner ? m_owner->userDefaults().arrayForKey(keys::kEffects) : std::nullopt;
-    const bool canEdit = m_owner && m_owner->hasEffectsManager();
-    return effectMenuOf(effects.value_or(Value::Array()), playing, canEdit);
+    const bool hasManager = m_owner && m_owner->hasEffectsManager();
+    return effectMenuOf(effects.value_or(Value::Array()), playing, hasManager);
 }
 
 void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)
