@@ -1,6 +1,6 @@
 #include "app/ui/NavigationButton.h"
 
-#include "strips/Controls.h"
+#include "strips/ui/Mirror.h"
 #include "strips/ui/Painting.h"
 
 #include <QPainter>
@@ -23,6 +23,7 @@ NavigationButton::NavigationButton(const QString& text, Icon icon, QWidget* pare
     setText(text);
     setAccessibleName(text);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
@@ -31,11 +32,14 @@ NavigationButton::NavigationButton(
     : NavigationButton(text, icon, parent)
 {
     setCheckable(true);
-    const auto mirror = [this, &model] { setChecked(model.state()); };
-    model.onChange = mirror;
-    mirror();
-    connect(this, &QAbstractButton::clicked, this, [&model] { model.press(); });
-    connect(this, &QObject::destroyed, [&model] { model.onChange = nullptr; });
+    m_model = &model;
+    connect(this, &QAbstractButton::clicked, this, [this] { m_model->press(); });
+    followModel(model, this, &NavigationButton::mirror);
+}
+
+void NavigationButton::mirror()
+{
+    setChecked(m_model->state());
 }
 
 QSize NavigationButton::sizeHint() const
@@ -76,16 +80,6 @@ void NavigationButton::paintEvent(QPaintEvent*)
     const QRect room = rect().adjusted(picture.right() + kMargin, 0, -4, 0);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
         fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
-}
-
-void NavigationButton::enterEvent(QEnterEvent*)
-{
-    update();
-}
-
-void NavigationButton::leaveEvent(QEvent*)
-{
-    update();
 }
 
 } // namespace lumeroom

@@ -21,11 +21,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
 
 private:
+    void mirror();
+
     Icon m_icon;
+    ButtonModel* m_model = nullptr;
 };
 
 } // namespace lumeroom

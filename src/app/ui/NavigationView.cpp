@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <QPointer>
 #include <QPropertyAnimation>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -46,12 +47,10 @@ NavigationView::NavigationView(NavigationModel& model, NavigationActions actions
     , m_wayBack(makeWayBack())
     , m_allButtons(makeAllButtons(std::move(actions)))
 {
-    m_model.onChange = [this] { mirror(true); };
-}
-
-NavigationView::~NavigationView()
-{
-    m_model.onChange = nullptr;
+    m_model.onChange = [view = QPointer(this)] {
+        if (view)
+            view->mirror(true);
+    };
 }
 
 QWidget* NavigationView::makeSwitches()

@@ -17,7 +17,6 @@ class NavigationView : public QWidget {
 
 public:
     NavigationView(NavigationModel& model, NavigationActions actions, QWidget* parent);
-    ~NavigationView() override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
