@@ -1,10 +1,12 @@
 #include "app/ui/ControlPanelWindow.h"
 
 #include "app/NavigationModel.h"
+#include "app/ui/AlertBox.h"
 #include "app/ui/MenuMirror.h"
 #include "app/ui/NavigationView.h"
 #include "app/ui/Throbber.h"
 #include "app/ui/WorkflowPopoverView.h"
+#include "strips/LayoutManager.h"
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/FadeIn.h"
 #include "strips/ui/Painting.h"
@@ -12,9 +14,6 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QScrollArea>
@@ -22,14 +21,13 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace lumeroom {
 
 namespace {
 
 constexpr QSize kFirstSize{915, 540}; // three squares side by side, and three rows of them
-// The strips leave this much of the window's width to the navigation and a scroll bar.
-constexpr int kBesideTheStrips = 135;
 constexpr int kResizeRestMilliseconds = 250;
 
 QSize qSize(Size size)
@@ -122,7 +120,8 @@ void ControlPanelWindow::setDidEndLiveResize(std::function<void()> action)
 void ControlPanelWindow::setNavigation(NavigationModel& navigation, NavigationActions actions)
 {
     auto* view = new NavigationView(navigation, std::move(actions), centralWidget());
-    view->setFixedWidth(kBesideTheStrips - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    view->setFixedWidth(
+        LayoutManager::kBesideTheStrips - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     m_row->insertWidget(0, view);
     view->setFocus();
 }
@@ -132,6 +131,7 @@ std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
 {
     if (theme < 0 || theme >= theme::kCount)
         return nullptr;
+    m_keyboardOrder.clear(); // it may name a row that is gone, whose address this one can have
     return std::make_unique<ControlStripView>(strip, theme, m_contentView);
 }
 
@@ -280,19 +280,7 @@ void ControlPanelWindow::makeKeyAndFront()
 
 int ControlPanelWindow::runModal(const Alert& alert)
 {
-    QMessageBox box(this);
-    box.setWindowTitle(QCoreApplication::applicationName());
-    box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(alert.title));
-    box.setInformativeText(QString::fromStdString(alert.text));
-    std::vector<QAbstractButton*> buttons;
-    for (const std::string& title : alert.buttons)
-        buttons.push_back(box.addButton(QString::fromStdString(title), QMessageBox::AcceptRole));
-    if (buttons.size() > 1) // to dismiss a question is not to agree
-        box.setEscapeButton(buttons.back());
-    box.exec();
-    const auto pressed = std::find(buttons.begin(), buttons.end(), box.clickedButton());
-    return pressed == buttons.end() ? 0 : static_cast<int>(pressed - buttons.begin());
+    return runAlertBox(alert, this);
 }
 
 } // namespace lumeroom
