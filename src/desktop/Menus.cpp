@@ -1,8 +1,8 @@
 #include "desktop/Menus.h"
 
 #include "app/ui/MenuMirror.h"
+#include "app/ui/PanelLayouts.h"
 #include "desktop/Version.h"
-#include "strips/LayoutManager.h"
 #include "strips/MenuModel.h"
 
 #include <QActionGroup>
@@ -18,7 +18,7 @@ namespace {
 void showAbout(QWidget* parent)
 {
     QMessageBox::about(parent, QObject::tr("About Lumeroom"),
-        QObject::tr("<h3>Lumeroom %1</h3><p>Controls LIFX smart lamps straight over the local "
+        QObject::tr("<h3>Lumeroom %1</h3><p>Controls LIFX smart lamps directly over the local "
                     "network: no hub, no cloud.</p><p>Free software under the MIT licence.</p>")
             .arg(QString::fromStdString(bundleVersionNumber())));
 }
@@ -49,19 +49,13 @@ void addLayouts(QMenu& menu, const MenuActions& actions)
 {
     if (!actions.switchTheme)
         return;
-    const std::pair<int, QString> layouts[] = {
-        {theme::kSingleControl, QObject::tr("&Upright")},
-        {theme::kHorizontalControl, QObject::tr("&Rows")},
-        {theme::kSquareControl, QObject::tr("&Grid")},
-        {theme::kThinControl, QObject::tr("&Slim rows")},
-    };
     auto* group = new QActionGroup(&menu);
     // None is ticked while the stored layout is none of these.
     group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-    for (const auto& [number, title] : layouts) {
-        QAction* entry = group->addAction(title);
+    for (const PanelLayout& layout : panelLayouts()) {
+        QAction* entry = group->addAction(layout.title);
         entry->setCheckable(true);
-        entry->setData(number);
+        entry->setData(layout.theme);
         menu.addAction(entry);
     }
     const auto tickCurrent = [group, current = actions.currentTheme] {
@@ -80,7 +74,7 @@ void addLayouts(QMenu& menu, const MenuActions& actions)
 
 void addFile(QMenu& menu, const MenuActions& actions)
 {
-    // Not QKeySequence::Preferences, which few desktops name.
+    // Not QKeySequence::Preferences, which few desktops give a key.
     add(menu, QObject::tr("&Settings..."), QKeySequence(QStringLiteral("Ctrl+,")),
         actions.showSettings);
     menu.addSeparator();

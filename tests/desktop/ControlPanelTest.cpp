@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QResizeEvent>
+#include <QTimer>
 #include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
@@ -88,11 +89,11 @@ TEST(ControlPanel, takesASizeOutsideOfItsLimits)
 
 TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
 {
-    NavigationModel model;
+    ControlPanelWindow panel;
+    NavigationModel model; // goes before the window, as the program's does
     model.deleteGroup.setEnabled(false);
     int made = 0;
     Rectangle frame;
-    ControlPanelWindow panel;
     panel.setNavigation(model,
         {.allOn = {},
             .allOff = {},
@@ -115,6 +116,13 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     EXPECT_LE(lowestSwitch->mapTo(&panel, QPoint(0, lowestSwitch->height())).y(), frame.y);
 }
 
+TEST(ControlPanel, anAlertThatEndsWithoutAButtonIsDismissed)
+{
+    ControlPanelWindow panel;
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->hide(); });
+    EXPECT_EQ(panel.runModal({"Are you sure?", "", {"Delete", "Cancel"}}), 1);
+}
+
 TEST(LayoutSwitch, followsTheLayoutAndAsksForIt)
 {
     std::vector<int> chosen;
@@ -129,13 +137,13 @@ TEST(LayoutSwitch, followsTheLayoutAndAsksForIt)
     };
     EXPECT_EQ(pressed(), QStringList());
     layouts.select(theme::kSquareControl);
-    EXPECT_EQ(pressed(), QStringList{"grid"});
-    named(layouts, "grid")->click(); // shown already, but asked for
-    named(layouts, "slim rows")->click();
-    EXPECT_EQ(pressed(), QStringList{"slim rows"});
+    EXPECT_EQ(pressed(), QStringList{"Grid"});
+    named(layouts, "Grid")->click(); // shown already, but asked for
+    named(layouts, "Slim rows")->click();
+    EXPECT_EQ(pressed(), QStringList{"Slim rows"});
     layouts.select(17);
     EXPECT_EQ(pressed(), QStringList());
-    named(layouts, "upright strips")->click();
+    named(layouts, "Upright strips")->click();
     EXPECT_EQ(chosen, (std::vector{2, 3, 0}));
 }
 

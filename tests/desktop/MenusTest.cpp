@@ -201,7 +201,7 @@ TEST_F(FullMenus, tickTheLayoutThatIsShown)
     EXPECT_EQ(themes, (std::vector{3, 3})); // but is asked for again
     theme = 0;
     emit view.aboutToShow();
-    EXPECT_EQ(ticked(), QStringList{"&Upright"});
+    EXPECT_EQ(ticked(), QStringList{"&Upright strips"});
     theme = 17;
     emit view.aboutToShow();
     EXPECT_EQ(ticked(), QStringList{});

@@ -1,6 +1,6 @@
 #include "app/ui/LayoutSwitch.h"
 
-#include "strips/LayoutManager.h"
+#include "app/ui/PanelLayouts.h"
 #include "strips/ui/IconButton.h"
 
 #include <QButtonGroup>
@@ -19,24 +19,14 @@ LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget* paren
     : QWidget(parent)
     , m_segments(new QButtonGroup(this))
 {
-    const struct {
-        int theme;
-        Icon icon;
-        QString name;
-    } segments[] = {
-        {theme::kSingleControl, Icon::LayoutUpright, tr("upright strips")},
-        {theme::kHorizontalControl, Icon::LayoutRows, tr("rows")},
-        {theme::kSquareControl, Icon::LayoutGrid, tr("grid")},
-        {theme::kThinControl, Icon::LayoutSlimRows, tr("slim rows")},
-    };
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, kMargin, 0);
     row->setSpacing(0);
-    for (const auto& segment : segments) {
-        auto* button = new IconButton(segment.icon, segment.name, this);
+    for (PanelLayout& layout : panelLayouts()) {
+        auto* button = new IconButton(layout.icon, layout.title.remove('&'), this);
         button->setCheckable(true);
         button->setIconSize(kPicture);
-        m_segments->addButton(button, segment.theme);
+        m_segments->addButton(button, layout.theme);
         row->addWidget(button);
     }
     connect(m_segments, &QButtonGroup::idClicked, this, std::move(choose));
