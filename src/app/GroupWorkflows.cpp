@@ -7,7 +7,6 @@ namespace lumeroom {
 
 namespace {
 
-constexpr int kCancelTag = 0;
 constexpr Size kMakeSize{220, 133};
 constexpr Size kEditSize{226, 97};
 
@@ -58,7 +57,7 @@ void GroupWorkflows::makePopoverClose(GroupingKind kind, int tag, const std::str
 {
     closePopover();
     m_panel.hideAllSelectionButtons();
-    if (tag != kCancelTag)
+    if (tag != WorkflowPopover::kCancelTag)
         make(kind, m_panel.getSelectedLampStrips(), name);
     m_panel.unNavigate();
 }
@@ -120,7 +119,7 @@ void GroupWorkflows::editPopoverClose(GroupingKind kind, int tag, const std::str
 {
     closePopover();
     m_panel.hideAllSelectionButtons();
-    if (tag != kCancelTag) {
+    if (tag != WorkflowPopover::kCancelTag) {
         const GroupingFamily& family = groupingFamily(kind);
         if (const auto id = family.idForName(m_engineRoom, name))
             (m_engineRoom.*family.edit)(*id, referencesTo(m_panel.getSelectedLampStrips()));

@@ -17,6 +17,7 @@ template <typename Records> std::vector<std::string> labels(const Records& recor
 
 constexpr std::array<GroupingFamily, 3> kFamilies{{
     {
+        .type = StripType::Group,
         .editDescription = "Editing lights in group: ",
         .deleteText = "Are you sure you want to delete the group: ",
         .notFound = "Unable to find ID for group ",
@@ -33,6 +34,7 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         .names = [](const EngineRoom& engine) { return labels(engine.groupsArray()); },
     },
     {
+        .type = StripType::Location,
         .editDescription = "Editing lights in location: ",
         .deleteText = "Are you sure you want to delete the location: ",
         .notFound = "Unable to find ID for location ",
@@ -51,6 +53,7 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         .names = [](const EngineRoom& engine) { return labels(engine.locationssArray()); },
     },
     {
+        .type = StripType::Tag,
         .editDescription = "Editing lights tagged: ",
         .deleteText = "Are you sure you want to delete the tag: ",
         .notFound = {},

@@ -7,6 +7,8 @@ namespace lumeroom {
 
 /// What sets one kind of grouping apart from the others in the workflows.
 struct GroupingFamily {
+    StripType type; ///< of its strips
+
     // The member's name follows these
     std::string_view editDescription;
     std::string_view deleteText;

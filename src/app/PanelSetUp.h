@@ -45,8 +45,6 @@ public:
     Navigation& navigation() { return m_navigation; }
     LayoutManager& layoutManager() { return m_layoutManager; }
     const StripFactory& factory() const { return m_factory; }
-    /// A pass has found lamps.
-    bool isSetUp() const { return m_setUp; }
 
     /// Builds the panel; while no lamp is known, tries again every 1.5 seconds.
     void setUp();
@@ -78,7 +76,7 @@ private:
     StripCollection m_collection;
     StripFactory m_factory;
     bool m_attemptedSetUp = false;
-    bool m_setUp = false;
+    bool m_setUp = false; ///< a pass has found lamps
     bool m_setUpBuffered = false; ///< a rebuild is coming and takes in whatever is new by then
     int m_nextTag = 0; ///< of the strips other than lamps'
     Timer m_retry;

@@ -12,12 +12,15 @@ struct NavigationModel;
 /// A popover over the panel in which a group, location or tag is made or edited. It closes only
 /// through its two buttons.
 struct WorkflowPopover {
+    static constexpr int kCancelTag = 0;
+    static constexpr int kConfirmTag = 1;
+
     std::string title;
     std::string name; ///< what the name field begins with
     std::string confirm; ///< the title of the second button; the first is "Cancel"
     Size contentSize; ///< the least that it takes
     Rectangle pointsAt; ///< in the container of the strips
-    /// A button was pressed: 0 for the first, 1 for the second; with the text of the name field.
+    /// A button was pressed; with its tag and the text of the name field.
     std::function<void(int tag, const std::string& name)> close;
 };
 

@@ -32,7 +32,6 @@ public:
     /// An entry that switches the strip's target over and shows its colour.
     void addStrip(LampControlStrip& strip);
 
-    /// Counts the lamps that are lit.
     void countLampsLit();
     int lightsOn() const { return m_lightsOn; }
     /// Counts them, and shows the count as the badge where the user wants it.

@@ -1,5 +1,6 @@
 #include "app/WorkflowStage.h"
 
+#include "app/GroupingFamily.h"
 #include "app/PanelSetUp.h"
 
 namespace lumeroom {
@@ -34,15 +35,7 @@ void WorkflowStage::saveWindowState()
 
 bool WorkflowStage::isShown(GroupingKind kind) const
 {
-    const Navigation& navigation = m_panelSetUp.navigation();
-    switch (kind) {
-    case GroupingKind::Group:
-        return navigation.shows(StripType::Group);
-    case GroupingKind::Location:
-        return navigation.shows(StripType::Location);
-    default:
-        return navigation.shows(StripType::Tag);
-    }
+    return m_panelSetUp.navigation().shows(groupingFamily(kind).type);
 }
 
 std::shared_ptr<LampControlStrip> WorkflowStage::getStripWithID(std::string_view id) const

@@ -17,8 +17,6 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kGap = 6;
 constexpr int kCornerRadius = 8;
-constexpr int kCancelTag = 0;
-constexpr int kConfirmTag = 1;
 
 } // namespace
 
@@ -52,8 +50,9 @@ WorkflowPopoverView::WorkflowPopoverView(const WorkflowPopover& popover, QWidget
     m_name->setCursor(Qt::IBeamCursor);
     m_confirm->setDefault(true);
 
-    connect(m_cancel, &QPushButton::clicked, this, [this] { press(kCancelTag); });
-    connect(m_confirm, &QPushButton::clicked, this, [this] { press(kConfirmTag); });
+    connect(m_cancel, &QPushButton::clicked, this, [this] { press(WorkflowPopover::kCancelTag); });
+    connect(
+        m_confirm, &QPushButton::clicked, this, [this] { press(WorkflowPopover::kConfirmTag); });
     makeKeys();
 
     const QSize least(
