@@ -1,7 +1,6 @@
 #pragma once
 
 #include "strips/ActionFilter.h"
-#include "strips/ControlPainting.h"
 
 #include <string>
 

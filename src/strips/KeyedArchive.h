@@ -6,9 +6,8 @@
 
 namespace lumeroom {
 
-/// A dictionary of numbers, texts and data as the Mac's NSKeyedArchiver writes it: a binary
-/// property list of "$archiver", "$version", "$top" and "$objects", in which objects refer to each
-/// other by number.
+/// A dictionary of numbers, texts and data in the keyed-archive format: a binary property list of
+/// "$archiver", "$version", "$top" and "$objects", in which objects refer to each other by number.
 Value::Data keyedArchiveOf(const Value::Dictionary& dictionary);
 
 /// The archived dictionary's entries that are plain values; nothing for bytes that are no such

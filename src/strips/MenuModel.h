@@ -1,5 +1,6 @@
 #pragma once
 
+#include "strips/ControlPainting.h"
 #include "strips/Controls.h"
 
 #include <memory>

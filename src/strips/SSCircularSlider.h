@@ -47,7 +47,8 @@ public:
     void setSnapBehavior(Behavior behavior) { m_snapBehavior = behavior; }
     void setNumberOfSnapMarks(int marks) { m_snapMarks = marks; }
     void setDrawTicksBehavior(Behavior behavior) { m_drawSnapBehavior = behavior; }
-    void setAppearance(int appearance) { m_appearance = appearance; }
+    /// Every appearance is drawn alike.
+    void setAppearance(int) { }
     void setEnabled(bool enabled) { m_enabled = enabled; }
     bool isEnabled() const { return m_enabled; }
     /// A continuous slider acts on every movement, another one when the knob is let go.
@@ -97,7 +98,6 @@ private:
     float m_angle = 0; ///< radians
     float m_distance = 1;
     float m_brightness = 1;
-    int m_appearance = 0;
     int m_snapMarks = 8;
     AngleUnits m_angleUnits = AngleUnits::Radians;
     Behavior m_snapBehavior = Behavior::Never;

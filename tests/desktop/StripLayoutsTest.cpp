@@ -90,7 +90,7 @@ TEST_F(StripRows, controlsComeAndGoWithTheirModelsAndKeepTheirPlaces)
     auto* navigation = qobject_cast<QToolButton*>(tagged(row, ct::kNavigationButton));
     EXPECT_TRUE(navigation->isVisible());
     EXPECT_TRUE(navigation->toolTip().contains("View 16 zones"));
-    EXPECT_EQ(navigation->accessibleName(), "Strip, view lamps");
+    EXPECT_EQ(navigation->accessibleName(), "Strip, view contents");
     EXPECT_EQ(tagged(row, ct::kOnOffButton)->geometry(), power);
     navigation->click();
     EXPECT_EQ(navigated, 1);

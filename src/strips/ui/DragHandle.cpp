@@ -11,8 +11,9 @@ DragHandle::DragHandle(QWidget* parent)
     : QWidget(parent)
 {
     setFocusPolicy(Qt::TabFocus);
-    setAccessibleName(tr("place"));
-    setAccessibleDescription(tr("arrow keys move it"));
+    setAttribute(Qt::WA_Hover);
+    setAccessibleName(tr("position"));
+    setAccessibleDescription(tr("use the arrow keys to move the strip"));
     setToolTip(tr("Drag to move"));
     showHeld(false);
 }
@@ -47,16 +48,6 @@ void DragHandle::keyPressEvent(QKeyEvent* event)
         emit arrowPressed(key);
     else
         QWidget::keyPressEvent(event);
-}
-
-void DragHandle::enterEvent(QEnterEvent*)
-{
-    update();
-}
-
-void DragHandle::leaveEvent(QEvent*)
-{
-    update();
 }
 
 } // namespace lumeroom

@@ -27,8 +27,6 @@ QString fileOf(Icon which)
         return QStringLiteral("room");
     case Icon::Lightbulb:
         return QStringLiteral("lightbulb");
-    case Icon::Power:
-        return QStringLiteral("power");
     case Icon::NavLocations:
         return QStringLiteral("location");
     case Icon::NavTags:

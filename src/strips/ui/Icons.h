@@ -8,11 +8,10 @@ namespace lumeroom {
 
 /// The pictures that the program draws its own controls with.
 enum class Icon {
-    LightStrip, ///< "Light strip"
-    LightGroup, ///< "Light group"
-    RoomGroup, ///< "Room group"
-    Lightbulb, ///< "lightbulb_trans_Template"
-    Power, ///< "power"
+    LightStrip,
+    LightGroup,
+    RoomGroup,
+    Lightbulb,
     NavLocations,
     NavTags,
     NavAll,

@@ -38,9 +38,7 @@ void RenamePopover::closeEvent(QCloseEvent* event)
 void RenamePopover::keyPressEvent(QKeyEvent* event)
 {
     m_cancelled = event->key() == Qt::Key_Escape;
-    QFrame::keyPressEvent(event);
-    if (m_cancelled)
-        close();
+    QFrame::keyPressEvent(event); // Escape closes any popup
 }
 
 } // namespace lumeroom

@@ -5,7 +5,6 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QSignalBlocker>
 
 #include <cmath>
 
@@ -33,6 +32,7 @@ SliderView::SliderView(SliderModel& model, MakeBar makeBar, const QString& name,
     setSingleStep(std::max(1, maximum / kKeySteps));
     setPageStep(std::max(1, maximum / kPageSteps));
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
     setAccessibleName(name);
     setToolTip(name.left(1).toUpper() + name.mid(1));
     connect(this, &QAbstractSlider::valueChanged, this, [this](int value) {
@@ -154,16 +154,6 @@ void SliderView::follow(QPointF mouse)
 void SliderView::wheelEvent(QWheelEvent* event)
 {
     event->ignore();
-}
-
-void SliderView::enterEvent(QEnterEvent*)
-{
-    update();
-}
-
-void SliderView::leaveEvent(QEvent*)
-{
-    update();
 }
 
 } // namespace lumeroom

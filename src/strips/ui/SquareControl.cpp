@@ -9,7 +9,7 @@
 #include "strips/ui/SelectionBox.h"
 #include "strips/ui/SliderView.h"
 
-#include <QGridLayout>
+#include <QBoxLayout>
 
 namespace lumeroom {
 

@@ -63,7 +63,7 @@ StripWidgets::StripWidgets(LampControlStrip& strip, QWidget* row)
     effect = tagged(ct::kEffectButton,
         new IconButton(Icon::Effect, text("effects"), strip.effectButton(), row));
     navigation = keepingItsRoom(tagged(ct::kNavigationButton,
-        new IconButton(Icon::NavForward, text("view lamps"), strip.navigationButton(), row)));
+        new IconButton(Icon::NavForward, text("view contents"), strip.navigationButton(), row)));
 }
 
 } // namespace lumeroom
