@@ -13,11 +13,11 @@ namespace {
 constexpr std::int64_t kWhitest = 255; // of a lamp's inverted saturation
 constexpr std::int64_t kCoolest = 9000; // kelvin, at warmth 0
 
-/// Rewrites an entry that is a number; an absent one stays absent.
+/// Writes a number as text. One that is not known yet counts as 0.
 template <typename F> void rewrite(Value::Dictionary& lamp, std::string_view key, F text)
 {
-    if (const auto found = lamp.find(key); found != lamp.end())
-        found->second = text(found->second.integerValue());
+    Value& entry = lamp[std::string(key)];
+    entry = text(entry.integerValue());
 }
 
 void replaceByLabel(Value::Dictionary& lamp, std::string_view key)
