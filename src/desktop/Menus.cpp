@@ -18,7 +18,7 @@ namespace {
 void showAbout(QWidget* parent)
 {
     QMessageBox::about(parent, QObject::tr("About Lumeroom"),
-        QObject::tr("<h3>Lumeroom %1</h3><p>Controls LIFX smart lamps straight over the local "
+        QObject::tr("<h3>Lumeroom %1</h3><p>Controls LIFX smart lamps directly over the local "
                     "network: no hub, no cloud.</p><p>Free software under the MIT licence.</p>")
             .arg(QString::fromStdString(bundleVersionNumber())));
 }
@@ -80,7 +80,7 @@ void addLayouts(QMenu& menu, const MenuActions& actions)
 
 void addFile(QMenu& menu, const MenuActions& actions)
 {
-    // Not QKeySequence::Preferences, which few desktops name.
+    // Not QKeySequence::Preferences, which few desktops give a key.
     add(menu, QObject::tr("&Settings..."), QKeySequence(QStringLiteral("Ctrl+,")),
         actions.showSettings);
     menu.addSeparator();
