@@ -6,7 +6,7 @@ namespace lumeroom {
 
 namespace {
 
-/// The wire's 65535 steps of hue for each step of a script's.
+/// Wire units of hue in one of a script's.
 constexpr double kColourPerHue = 255;
 
 void call(const std::function<void()>& action)
@@ -60,10 +60,26 @@ void ScriptedStrip::implement(const ScriptSettings& settings)
     m_controlStrip->implementSettingsFromDictionary(settings.stripSettings());
 }
 
+void ScriptedStrip::putBrightness(int brightness)
+{
+    m_controlStrip->setObjectForKey(brightness, keys::kBrightness);
+}
+
+void ZTScrGroup::putBrightness(int brightness)
+{
+    ScriptedStrip::putBrightness(brightness);
+    for (const auto& lamp : m_lamps)
+        lamp->putBrightness(brightness);
+}
+
 void ScriptedStrip::apply(const ScriptSettings& settings)
 {
     StripSettings colour = settings.stripSettings();
     colour.onoff.reset();
+    if (!colour.hasAny() && !settings.state)
+        return;
+    if (settings.brightness)
+        putBrightness(*settings.brightness);
     if (colour.hasAny()) {
         m_controlStrip->implementSettingsFromDictionaryWithTransitionTime(colour);
         m_controlStrip->sendSettingsToStripsInGroup(colour);

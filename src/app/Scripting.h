@@ -26,7 +26,10 @@ public:
     {
     }
 
-    const std::shared_ptr<LampControlStrip>& controlStrip() const { return m_controlStrip; }
+    virtual ~ScriptedStrip() = default;
+    ScriptedStrip(const ScriptedStrip&) = delete;
+    ScriptedStrip& operator=(const ScriptedStrip&) = delete;
+
     /// The name is the label.
     const std::string& name() const { return m_controlStrip->label().text(); }
     std::string ID() const { return m_controlStrip->getID(); }
@@ -44,6 +47,10 @@ public:
     void apply(const ScriptSettings& settings);
 
 private:
+    friend class ZTScrGroup;
+    /// Moves the slider alone. A strip takes a brightness one below its slider's for the lamp's
+    /// rounding and does not show it; from a script it is meant.
+    virtual void putBrightness(int brightness);
     void implement(const ScriptSettings& settings);
     double number(std::string_view key) const;
 
@@ -65,6 +72,8 @@ public:
     const ScriptLamps& getLamps() const { return m_lamps; }
 
 private:
+    void putBrightness(int brightness) override;
+
     ScriptLamps m_lamps;
 };
 using ScriptGroups = std::vector<std::shared_ptr<ZTScrGroup>>;

@@ -65,20 +65,20 @@ const std::vector<Setting>& table()
             "Switching a group on also sends its &settings",
             "Its lamps then take on the colour and brightness of the group's controls."},
         {kPanel, keys::kColourPickerType, Kind::Switch, Form::Integer,
-            "Leave the colour &wells out of the strips"},
+            "Hide the colour &wells in the strips"},
         {kPanel, keys::kScrollToDimTrackingSpeed, Kind::Number, Form::Real, "&Scrolling speed",
-            "How far the mouse wheel dims on a colour well: the steps of brightness, of which "
-            "there are 255, for each line.",
+            "How much each line of scrolling over a colour well changes the brightness, in steps "
+            "of 1/255.",
             {0.5, 25, 0.5, 1, {}}},
         {kPanel, keys::kBadgeIcon, Kind::Switch, Form::Boolean,
             "Show on the program's &icon how many lamps are on",
             "On desktops whose dock or task bar puts numbers on icons."},
         {kPanel, keys::kHideDockIcon, Kind::Switch, Form::Boolean,
             "Keep the program out of the &task bar",
-            "It is then reached by its icon in the tray. Takes effect at the next start."},
+            "Use its icon in the tray instead. Takes effect at the next start."},
         {kLog, keys::kVerbosity, Kind::Choice, Form::Integer, "&Detail",
-            "Shown in the console. The two highest levels end with the program: the next start is "
-            "at Operation again.",
+            "Shown in the console. The two highest levels last until you quit; the program then "
+            "starts at Operation again.",
             {}, {{0, "Essentials"}, {1, "Operation"}, {2, "Detail"}, {3, "Every event"}}, {},
             asLogLevel},
     };
@@ -135,8 +135,7 @@ void storeNumber(const Setting& setting, double number, UserDefaults& defaults)
         defaults.setObject(setting.key, rounded);
         break;
     case Form::Text:
-        defaults.setObject(setting.key, fmt::format("{}", rounded));
-        break;
+        break; // no number
     }
 }
 

@@ -12,7 +12,7 @@ class UserDefaults;
 /// One user default that a person sets, and how it is shown. Texts carry the mnemonic as "&x".
 struct Setting {
     enum class Kind { Switch, Number, Choice, Addresses };
-    /// What is stored. Some numbers are kept as strings.
+    /// What is stored.
     enum class Form { Boolean, Integer, Real, Text };
     struct Choice {
         int value = 0;

@@ -1,6 +1,7 @@
 #include "app/bridgeExplorer.h"
 
 #include "engine/EngineRoom.h"
+#include "engine/LampUnits.h"
 
 #include <fmt/core.h>
 
@@ -11,13 +12,12 @@ namespace lumeroom {
 namespace {
 
 constexpr std::int64_t kWhitest = 255; // of a lamp's inverted saturation
-constexpr std::int64_t kCoolest = 9000; // kelvin, at warmth 0
 
-/// Rewrites an entry that is a number; an absent one stays absent.
+/// Writes a number as text. One that is not known yet counts as 0.
 template <typename F> void rewrite(Value::Dictionary& lamp, std::string_view key, F text)
 {
-    if (const auto found = lamp.find(key); found != lamp.end())
-        found->second = text(found->second.integerValue());
+    Value& entry = lamp[std::string(key)];
+    entry = text(entry.integerValue());
 }
 
 void replaceByLabel(Value::Dictionary& lamp, std::string_view key)
@@ -81,7 +81,7 @@ Value::Dictionary readableLamp(Value::Dictionary lamp)
     rewrite(lamp, keys::kSaturation,
         [](std::int64_t inverted) { return fmt::format("{}", kWhitest - inverted); });
     rewrite(lamp, keys::kWarmth,
-        [](std::int64_t warmth) { return fmt::format("{} kelvin", kCoolest - warmth); });
+        [](std::int64_t warmth) { return fmt::format("{} kelvin", kCoolestKelvin - warmth); });
     for (const auto key : {keys::kMac, keys::kCapabilities, keys::kService, keys::kSocket}) {
         if (const auto found = lamp.find(key); found != lamp.end())
             lamp.erase(found);

@@ -27,7 +27,6 @@ public:
 
     /// Loads the data anew and brings the window to the front.
     void loadData();
-    /// Loads the data anew.
     void refresh();
 
     // The tree; null stands for its root

@@ -64,6 +64,12 @@ void UserDefaults::overrideDefaults(Value::Dictionary values)
     tellObservers();
 }
 
+bool UserDefaults::isOverridden(std::string_view key) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_overriding.find(key) != m_overriding.end();
+}
+
 const Value* UserDefaults::find(std::string_view key) const
 {
     if (const auto overriding = m_overriding.find(key); overriding != m_overriding.end())
@@ -120,7 +126,7 @@ std::optional<Value::Array> UserDefaults::arrayForKey(std::string_view key) cons
 void UserDefaults::setObject(std::string_view key, Value value)
 {
     const std::lock_guard lock(m_mutex);
-    if (isOverridden(key))
+    if (refusesChange(key))
         return;
     const auto stored = m_stored.find(key);
     if (stored != m_stored.end() && stored->second == value)
@@ -132,7 +138,7 @@ void UserDefaults::setObject(std::string_view key, Value value)
 void UserDefaults::removeObject(std::string_view key)
 {
     const std::lock_guard lock(m_mutex);
-    if (isOverridden(key))
+    if (refusesChange(key))
         return;
     const auto stored = m_stored.find(key);
     if (stored == m_stored.end())
@@ -142,7 +148,7 @@ void UserDefaults::removeObject(std::string_view key)
 }
 
 /// Whoever tries to change such a value is told, so that what shows it shows it again.
-bool UserDefaults::isOverridden(std::string_view key)
+bool UserDefaults::refusesChange(std::string_view key)
 {
     if (m_overriding.find(key) == m_overriding.end())
         return false;

@@ -51,6 +51,7 @@ public:
     /// Values over the stored ones for as long as this object lives. They are never written, and
     /// what is set or removed under their keys is dropped.
     void overrideDefaults(Value::Dictionary values);
+    bool isOverridden(std::string_view key) const;
 
     /// The overriding value, else the stored one, else the registered one, else nothing.
     std::optional<Value> objectForKey(std::string_view key) const;
@@ -74,7 +75,7 @@ public:
 
 private:
     const Value* find(std::string_view key) const;
-    bool isOverridden(std::string_view key);
+    bool refusesChange(std::string_view key);
     void changed();
     void tellObservers();
 

@@ -1,10 +1,11 @@
 #include "desktop/Application.h"
 
+#include "app/ui/BringToFront.h"
 #include "app/ui/LayoutSwitch.h"
 #include "base/DefaultsKeys.h"
 #include "desktop/MakerSite.h"
 #include "desktop/Menus.h"
-#include "desktop/dbus/ProgramIdentity.h"
+#include "desktop/SettingsFile.h"
 
 #include <QApplication>
 #include <QFile>
@@ -83,11 +84,7 @@ void Application::makeMenus()
     MenuActions actions;
     actions.showSettings = [this] { m_settings.makeKeyAndFront(); };
     actions.quit = [this] { quit(); };
-    actions.showConsole = [this] {
-        m_console.show();
-        m_console.raise();
-        m_console.activateWindow();
-    };
+    actions.showConsole = [this] { bringToFront(m_console); };
     actions.showExplorer = [this] { m_explorer.loadData(); };
     actions.allOn = [this] { m_controller.allOn(); };
     actions.allOff = [this] { m_controller.allOff(); };
@@ -115,10 +112,10 @@ void Application::makeMenus()
 
 void Application::makeStatusItem()
 {
+    if (!m_commandLine.snapshotFile.empty())
+        return; // a picture of the panel needs no place in the tray, and no badge
     m_controller.statusMenu().setBadgeLabel
         = [this](std::optional<int> number) { m_badge.setLabel(number); };
-    if (!m_commandLine.snapshotFile.empty())
-        return; // a picture of the panel needs no place in the tray
     m_trayIcon = std::make_unique<TrayIcon>(m_controller.statusMenu());
     m_lifeInTheTray = std::make_unique<LifeInTheTray>(
         [this] { return m_trayIcon->isThere(); }, [this] { quit(); });

@@ -1,6 +1,7 @@
 #include "desktop/CommandLine.h"
 
 #include <charconv>
+#include <optional>
 
 namespace lumeroom {
 
@@ -90,10 +91,10 @@ std::string helpText()
 
 Controls LIFX smart lamps over the local network.
 
-  --demo               bring lamps made of software, and show them
+  --demo               start simulated lamps and show them
   --demo-lamps N       the same with N lamps, 1 to 200 (8)
   --defaults FILE      keep the settings in FILE
-  --appearance WHICH   dark or light, whatever the desktop has
+  --appearance WHICH   dark or light, instead of the desktop's setting
   --snapshot FILE      wait for the lamps, list them, save a picture of the panel
                        to FILE (PNG) and quit
   --log                write the log to the terminal too, not just to the console

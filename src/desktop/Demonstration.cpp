@@ -29,8 +29,8 @@ Demonstration::Demonstration(const CommandLine& commandLine, UserDefaults& defau
         addresses += (addresses.empty() ? "" : "\n") + address;
     // Over whatever is set: with no address at all, the real network would be searched.
     defaults.overrideDefaults(
-        {{std::string(keys::kManualIPAddresses), addresses.empty() ? kNoLamps : addresses}});
-    defaults.setObject(keys::kHeartbeatSpeed, kHeartbeatSpeed);
+        {{std::string(keys::kManualIPAddresses), addresses.empty() ? kNoLamps : addresses},
+            {std::string(keys::kHeartbeatSpeed), kHeartbeatSpeed}});
 }
 
 } // namespace lumeroom

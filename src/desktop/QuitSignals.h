@@ -2,19 +2,19 @@
 
 #include <QObject>
 
+#include <signal.h>
+
+#include <array>
 #include <functional>
 
 namespace lumeroom {
 
-/// Turns SIGTERM and SIGINT into a call on the main thread.
+/// Turns SIGTERM, SIGINT and SIGHUP into a call on the main thread for as long as it lives. One at
+/// a time.
 class QuitSignals : public QObject {
     Q_OBJECT
 
 public:
-    /// Keeps the signals for the descriptor alone. Call it before any other thread starts, and so
-    /// before QApplication: a thread of Qt's that does not block them would end the program.
-    static void block();
-
     QuitSignals();
     ~QuitSignals() override;
 
@@ -22,6 +22,7 @@ public:
 
 private:
     int m_descriptor;
+    std::array<struct sigaction, 3> m_before{};
     std::function<void()> m_quit;
 };
 

@@ -1,14 +1,12 @@
 #include "desktop/Snapshot.h"
 
+#include "desktop/Table.h"
 #include "engine/EngineRoom.h"
 
 #include <QPixmap>
 #include <QWidget>
 
-#include <fmt/core.h>
-
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
 
@@ -20,50 +18,28 @@ constexpr Seconds kBetweenLooks(0.5);
 constexpr int kQuietLooksWanted = 5;
 constexpr int kMostLooks = 40; // twenty seconds
 
-std::string percentText(const Lamp& lamp)
+QString percentText(const Lamp& lamp)
 {
     if (!lamp.brightness)
-        return "-";
-    return fmt::format("{}%", std::lround(*lamp.brightness / 2.55));
-}
-
-/// The columns that text takes on a terminal, near enough: East Asian characters take two.
-std::size_t width(const std::string& text)
-{
-    std::size_t columns = 0;
-    for (const char32_t character : QString::fromStdString(text).toUcs4())
-        columns += character >= 0x1100 ? 2 : 1;
-    return columns;
-}
-
-std::string padded(const std::string& text, std::size_t columns)
-{
-    return text + std::string(columns > width(text) ? columns - width(text) : 0, ' ');
+        return QStringLiteral("-");
+    return QStringLiteral("%1%").arg(std::lround(*lamp.brightness / 2.55));
 }
 
 } // namespace
 
 std::string lampTable(const Lamps& lamps)
 {
-    std::vector<std::array<std::string, 5>> rows{
-        {"Lamp", "Product", "Address", "Power", "Brightness"}};
+    QList<QStringList> rows{{QStringLiteral("Lamp"), QStringLiteral("Product"),
+        QStringLiteral("Address"), QStringLiteral("Power"), QStringLiteral("Brightness")}};
     for (const auto& lamp : lamps) {
-        rows.push_back({lamp->label.empty() ? lamp->id : lamp->label, lamp->product.value_or("-"),
-            lamp->address, lamp->onoff.value_or(false) ? "on" : "off", percentText(*lamp)});
+        const std::string& name = lamp->label.empty() ? lamp->id : lamp->label;
+        rows.append({printable(QString::fromStdString(name)),
+            QString::fromStdString(lamp->product.value_or("-")),
+            QString::fromStdString(lamp->address),
+            lamp->onoff.value_or(false) ? QStringLiteral("on") : QStringLiteral("off"),
+            percentText(*lamp)});
     }
-    std::array<std::size_t, 5> widths{};
-    for (const auto& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], width(row[i]));
-    }
-    std::string table;
-    for (const auto& row : rows) {
-        std::string line;
-        for (std::size_t i = 0; i < row.size(); ++i)
-            line += padded(row[i], widths[i]) + "  ";
-        table += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
-    }
-    return table;
+    return tableOf(rows).toStdString();
 }
 
 Snapshot::Snapshot(RunLoop& runLoop, const EngineRoom& engineRoom, QWidget& panel, QString file)

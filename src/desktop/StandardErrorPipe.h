@@ -23,11 +23,13 @@ public:
 
 private:
     void readPipe();
+    bool waitForText() const;
 
     RunLoop& m_runLoop;
     std::function<void(std::string text)> m_receive;
     bool m_passOn;
-    int m_original = -1;
+    int m_original; ///< where the stream went before
+    int m_ending; ///< tells the reader to stop
     int m_pipeReadHandle = -1;
     std::shared_ptr<bool> m_alive;
     std::thread m_reader;

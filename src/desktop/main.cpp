@@ -1,11 +1,14 @@
 #include "desktop/Appearance.h"
 #include "desktop/Application.h"
-#include "desktop/QuitSignals.h"
+#include "desktop/SettingsFile.h"
 #include "desktop/dbus/ProgramIdentity.h"
 #include "desktop/dbus/ProgramName.h"
 
 #include <QApplication>
 #include <QIcon>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
@@ -24,12 +27,23 @@ int deferTo(const lumeroom::ProgramName& running, const QString& token)
 {
     const QString wrong = running.showPanelOfHolder(token);
     if (wrong.isEmpty()) {
-        std::puts("lumeroom: it is running already; its panel has come forward");
+        std::puts("lumeroom: already running; its panel has been brought to the front");
         return 0;
     }
     std::fprintf(
-        stderr, "lumeroom: it is running already, but does not answer: %s\n", qPrintable(wrong));
+        stderr, "lumeroom: already running, but it does not answer: %s\n", qPrintable(wrong));
     return 1;
+}
+
+/// Where a standard stream was closed, the next file to be opened would take its place, and get
+/// what is written to the stream.
+void openStandardStreams()
+{
+    int opened = STDIN_FILENO;
+    while (opened >= 0 && opened <= STDERR_FILENO)
+        opened = ::open("/dev/null", O_RDWR);
+    if (opened > STDERR_FILENO)
+        ::close(opened);
 }
 
 } // namespace
@@ -38,6 +52,7 @@ int main(int argc, char** argv)
 {
     using namespace lumeroom;
     constexpr int kBadUsage = 2;
+    openStandardStreams();
 
     // Before Qt looks for a display: these need none.
     const CommandLine commandLine
@@ -55,10 +70,9 @@ int main(int argc, char** argv)
         return 0;
     }
 
-    // A terminal that goes away takes the log with it, not the program.
+    // A reader of the log that goes away takes the log with it, not the program.
     std::signal(SIGPIPE, SIG_IGN);
 
-    QuitSignals::block();
     const QString token = activationToken();
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lumeroom"));

@@ -78,7 +78,12 @@ TEST_F(ScriptingTest, settersGoTheStripsWayAndApplyAlwaysSends)
     EXPECT_EQ(lamp->hue(), 10);
     lamp->apply({{}, {}, {}, true}); // though the lamp, for all that is known, is on
     EXPECT_EQ(sockets.takeOfType(117).size(), 1U);
+    lamp->apply({{}, {}, 19, {}}); // one below, as a lamp's rounding would be
+    EXPECT_EQ(lamp->brightness(), 19);
     loop.advance(Seconds(8));
+    sockets.take();
+    lamp->apply({}); // does nothing, so reports go on and the next change is sent
+    EXPECT_FALSE(strip->embargo());
     lamp->setWhiteness(7);
     EXPECT_EQ(sockets.takeOfType(102).size(), 1U);
 }
@@ -122,7 +127,7 @@ TEST_F(ScriptingTest, theListsHoldWhatThePanelShowsUntilItChanges)
 
 TEST_F(ScriptingTest, aGroupsChangeReachesItsLamps)
 {
-    addShownLamp(1);
+    const auto member = addShownLamp(1);
     addShownLamp(2);
     for (unsigned n : {1U, 2U})
         receive(stateGrouping(53, n, 7, "Kitchen"));
@@ -132,6 +137,9 @@ TEST_F(ScriptingTest, aGroupsChangeReachesItsLamps)
     EXPECT_EQ(sockets.takeOfType(102).size(), 2U);
     scripting.getGroups().at(0)->apply({{}, {}, 10, {}});
     EXPECT_EQ(sockets.takeOfType(102).size(), 2U);
+    member->setObjectForKey(8, keys::kBrightness);
+    scripting.getGroups().at(0)->apply({{}, {}, 7, {}}); // one below shows in the members too
+    EXPECT_EQ(member->brightnessSlider().value(), 7);
 }
 
 TEST_F(ScriptingTest, presetsComeBeforeTheCommandsOfTheirName)

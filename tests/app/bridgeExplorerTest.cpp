@@ -66,11 +66,11 @@ TEST(ReadableLamp, isReworkedForReading)
     };
     EXPECT_EQ(readableLamp(lamp.toDictionary()), expected);
 
-    // Of a lamp that has just been heard nothing is made up.
+    // A lamp that has just been heard shows zeros until it tells more.
     Lamp bare;
     bare.tags.emplace();
-    const Value::Dictionary little{
-        {"address", ""}, {"id", ""}, {"label", ""}, {"powerstate", "NO"}};
+    const Value::Dictionary little{{"address", ""}, {"id", ""}, {"label", ""}, {"powerstate", "NO"},
+        {"colour", "0"}, {"brightness", "0"}, {"saturation", "255"}, {"warmth", "9000 kelvin"}};
     EXPECT_EQ(readableLamp(bare.toDictionary()), little);
 }
 

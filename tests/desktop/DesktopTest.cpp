@@ -9,6 +9,7 @@
 #include "desktop/Demonstration.h"
 #include "desktop/LifeInTheTray.h"
 #include "desktop/QtRunLoop.h"
+#include "desktop/QuitSignals.h"
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
 #include "strips/LayoutManager.h"
@@ -26,6 +27,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <thread>
 
 namespace lumeroom {
@@ -106,6 +108,38 @@ TEST(StandardErrorPipe, handsOverWholeCharacters)
     ASSERT_EQ(::write(STDERR_FILENO, "", 0), 0); // the stream is back
 }
 
+TEST(StandardErrorPipe, endsThoughAProgramStartedFromHereKeepsItOpen)
+{
+    ManualRunLoop loop;
+    int kept = -1;
+    {
+        const StandardErrorPipe pipe(loop, [](const std::string&) {});
+        kept = ::dup(STDERR_FILENO);
+    }
+    ::close(kept);
+}
+
+TEST(QuitSignals, tellTheProgramAndLeaveAStartedOneAlone)
+{
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        bool quits = false;
+        QuitSignals quitSignals;
+        quitSignals.setHandler([&quits] { quits = true; });
+        ASSERT_EQ(::raise(number), 0);
+        EXPECT_TRUE(workUntil([&quits] { return quits; })) << number;
+    }
+    std::signal(SIGHUP, SIG_IGN); // as nohup starts programs
+    bool quits = false;
+    {
+        QuitSignals quitSignals;
+        quitSignals.setHandler([&quits] { quits = true; });
+        ASSERT_EQ(::raise(SIGHUP), 0);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_FALSE(quits);
+    std::signal(SIGHUP, SIG_DFL);
+}
+
 TEST(Demonstration, speaksToItsOwnLampsOnlyWhateverIsSet)
 {
     Log log([](std::string_view) {});
@@ -116,6 +150,9 @@ TEST(Demonstration, speaksToItsOwnLampsOnlyWhateverIsSet)
     const Demonstration demonstration(commandLine, defaults, log);
     const std::string addresses = defaults.stringForKey(keys::kManualIPAddresses);
     EXPECT_EQ(addresses.find("127.0."), 0U);
+    EXPECT_EQ(defaults.floatForKey(keys::kHeartbeatSpeed), 0.5);
+    defaults.setObject(keys::kHeartbeatSpeed, 2.0); // nor does it touch what is stored
+    EXPECT_EQ(defaults.floatForKey(keys::kHeartbeatSpeed), 0.5);
     for (const char* text : {"", "192.168.1.20"}) {
         defaults.setObject(keys::kManualIPAddresses, text);
         EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), addresses);
@@ -257,9 +294,12 @@ TEST(Snapshot, theTableLinesUp)
     lamp->address = "127.0.0.1";
     lamp->brightness = 255;
     lamp->onoff = true;
-    EXPECT_EQ(lampTable({lamp}),
-        "Lamp  Product  Address    Power  Brightness\n"
-        "玄関  -        127.0.0.1  on     100%\n");
+    auto rude = std::make_shared<Lamp>(*lamp);
+    rude->label = "Ann’s\x1B[31m –\r"; // nothing in a name works the terminal
+    EXPECT_EQ(lampTable({lamp, rude}),
+        "Lamp           Product  Address    Power  Brightness\n"
+        "玄関           -        127.0.0.1  on     100%\n"
+        "Ann’s [31m –   -        127.0.0.1  on     100%\n");
 }
 
 } // namespace lumeroom

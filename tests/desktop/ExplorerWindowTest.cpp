@@ -73,6 +73,9 @@ TEST_F(ExplorerWindowTest, refreshesItselfAndKeepsTheReadersPlace)
     EXPECT_EQ(view.currentIndex(), model.index(0, 0, row(brightness)));
     EXPECT_EQ(view.currentIndex().data().toString(), "255");
 
+    window.loadData(); // again, from the menu
+    EXPECT_TRUE(view.isExpanded(row(brightness)));
+
     // A number can be expanded, to nothing.
     const QModelIndex zones = row({"Lights", "Strip", "zonecount"});
     EXPECT_TRUE(model.hasChildren(zones));

@@ -3,6 +3,7 @@
 #include "base/Log.h"
 #include "base/ManualRunLoop.h"
 #include "base/UserDefaults.h"
+#include "desktop/SettingsFile.h"
 #include "desktop/dbus/ProgramIdentity.h"
 #include "desktop/dbus/StripProperties.h"
 

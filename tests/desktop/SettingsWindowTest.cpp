@@ -83,6 +83,8 @@ TEST_F(SettingsDialog, actsOnANumberOnceItIsTyped)
     field->setText("12 s");
     emit field->textEdited("12 s");
     EXPECT_FLOAT_EQ(defaults.floatForKey(keys::kDefaultTransition), 0.4F);
+    setElsewhere(keys::kVerbosity, 1); // does not take away what is typed
+    EXPECT_EQ(field->text(), "12 s");
     emit field->editingFinished();
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QCoreApplication::sendEvent(&fade, &enter);
@@ -108,6 +110,17 @@ TEST_F(SettingsDialog, actsOnAddressesAfterAPauseOrWhenTheyAreLeft)
     field.setPlainText("10.0.0.4");
     window.close();
     EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), "10.0.0.4");
+}
+
+TEST_F(SettingsDialog, greysWhatIsOverridden)
+{
+    auto& field = control<QPlainTextEdit>(keys::kManualIPAddresses);
+    EXPECT_TRUE(field.isEnabled());
+    defaults.overrideDefaults({{std::string(keys::kManualIPAddresses), "127.0.0.1"}});
+    loop.runPosted();
+    EXPECT_FALSE(field.isEnabled());
+    EXPECT_EQ(field.toPlainText(), "127.0.0.1");
+    EXPECT_TRUE(control<QDoubleSpinBox>(keys::kHeartbeatSpeed).isEnabled());
 }
 
 TEST_F(SettingsDialog, restoresAPageOnceConfirmed)

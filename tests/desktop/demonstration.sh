@@ -13,16 +13,21 @@ grep -q '^玄関の照明 ' "$folder/table"
 [ "$(head -c 4 "$folder/panel.png" | tail -c 3)" = PNG ]
 grep -q sortOrder "$folder/config/lumeroom/demo.plist"
 
-# SIGTERM does what the menu's Quit does.
-ends_well() { # the settings file to keep
+# So it works with its standard streams closed, which no file of its own may then replace.
+"$lumeroom" --demo --snapshot "$folder/closed.png" <&- >&- 2>&-
+cmp -n 4 "$folder/panel.png" "$folder/closed.png"
+
+# SIGTERM does what the menu's Quit does, and so does closing the terminal.
+ends_well() { # the settings file to keep, the signal
     "$lumeroom" --demo --defaults "$1" &
     program=$!
     sleep 2
-    kill -TERM $program
+    kill -"$2" $program
     wait $program
     grep -q sortOrder "$1"
 }
-ends_well "$folder/other.plist"
+ends_well "$folder/other.plist" TERM
+ends_well "$folder/hung-up.plist" HUP
 
 # So it does on a real display, where Qt has threads of its own that could take the signal.
 if command -v Xvfb >/dev/null; then
@@ -32,5 +37,5 @@ if command -v Xvfb >/dev/null; then
     while [ ! -s "$folder/display" ]; do sleep 0.1; done
     DISPLAY=":$(cat "$folder/display")" QT_QPA_PLATFORM=xcb
     export DISPLAY QT_QPA_PLATFORM
-    ends_well "$folder/third.plist"
+    ends_well "$folder/third.plist" TERM
 fi

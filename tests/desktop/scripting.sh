@@ -60,7 +60,7 @@ expect 3 "no session bus" env DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$clie
 expect 2 "usage: lumeroomctl set NAME" "$client" set Desk brightness
 expect 2 "unknown command 'dance'" "$client" dance
 expect 2 "brightness is a whole number, not '1.5'" "$client" set Desk brightness 1.5
-expect 2 "'name' is nothing that can be set" "$client" set Desk name Other
+expect 2 "'name' cannot be set; these can: brightness, hue, whiteness, state" "$client" set Desk name Other
 expect 2 "unknown option '-5'" "$client" get Desk -5
 expect 0 "Exit status" "$client" --help
 
@@ -131,10 +131,12 @@ expect 1 "InvalidArgs: State is true or false." set_property State '<int32 1>'
 expect 1 "PropertyReadOnly: Name can only be read." set_property Name '<"Other">'
 expect 1 "UnknownProperty: There is no property Speed." set_property Speed '<int32 1>'
 expect 1 "UnknownObject" call "$root/lamps/x" --method com.tanagerworks.Lumeroom.Lamp.Apply '{}'
-expect 1 "InvalidArgs: Speed is nothing that can be set." call "$lamp" \
+expect 1 "InvalidArgs: Speed cannot be set." call "$lamp" \
     --method com.tanagerworks.Lumeroom.Lamp.Apply "{'Brightness': <int32 1>, 'Speed': <int32 1>}"
 expect 1 "UnknownMethod: There is no RunPreset with the arguments (si) here." \
     call "$root" --method com.tanagerworks.Lumeroom.RunPreset 1 2
+expect 1 "UnknownMethod: There is no Manage with the arguments () here." \
+    call "$root" --method org.freedesktop.DBus.ObjectManager.Manage
 expect 2 "Brightness is a whole number from 0 to 255, not 99999999999." \
     ctl set "Desk lamp" brightness 99999999999
 expect 2 "Hue is a whole number from 0 to 257, not -5." ctl set "Desk lamp" hue -5
@@ -153,8 +155,8 @@ call "$root" --method com.tanagerworks.Lumeroom.AllOff >/dev/null
 wait_for lamp_holds "$first" 6 0
 
 # A second start shows the first one's panel; other settings make another program
-expect 0 "it is running already" "$lumeroom" --demo
-expect 0 "it is running already" "$lumeroom" --defaults "$folder/config/../config/lumeroom/demo.plist"
+expect 0 "already running" "$lumeroom" --demo
+expect 0 "already running" "$lumeroom" --defaults "$folder/config/../config/lumeroom/demo.plist"
 "$lumeroom" --demo-lamps 2 --defaults "$folder/other.plist" 2>/dev/null &
 other=$!
 others() { [ "$("$client" --defaults "$folder/other.plist" lamps --names | wc -l)" -eq 2 ]; }

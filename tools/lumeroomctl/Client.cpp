@@ -1,23 +1,19 @@
 #include "Client.h"
 
 #include "Failure.h"
+#include "desktop/Table.h"
+#include "desktop/dbus/CallOnceStarted.h"
 #include "desktop/dbus/ManagedObjects.h"
 #include "desktop/dbus/ProgramIdentity.h"
 
 #include <QDBusArgument>
 #include <QDBusError>
-#include <QThread>
-
-#include <algorithm>
 
 namespace lumeroomctl {
 
 namespace bus = lumeroom::bus;
 
 namespace {
-
-constexpr int kTries = 50;
-constexpr int kBetweenTriesMilliseconds = 100;
 
 Failure failureOf(const QDBusMessage& error)
 {
@@ -54,7 +50,7 @@ Thing onlyOneOf(const Things& found, const QString& name)
         return found.first();
     QString text = QStringLiteral("'%1' names more than one; choose by ID:").arg(name);
     for (const Thing& thing : found)
-        text += QStringLiteral("\n  %1 %2").arg(kindOf(thing), thing.id());
+        text += QStringLiteral("\n  %1 %2").arg(kindOf(thing), lumeroom::printable(thing.id()));
     throw Failure{kFailed, text};
 }
 
@@ -83,15 +79,7 @@ QDBusMessage Client::call(const QString& path, const QString& interface, const Q
     auto message = QDBusMessage::createMethodCall(m_service, path, interface, method);
     message.setArguments(arguments);
     message.setAutoStartService(false);
-    QDBusMessage answer;
-    for (int i = 0; i < kTries; ++i) {
-        answer = m_bus.call(message);
-        const bool starting
-            = path == bus::kRootPath && QDBusError(answer).type() == QDBusError::UnknownObject;
-        if (!starting)
-            break;
-        QThread::msleep(kBetweenTriesMilliseconds);
-    }
+    const QDBusMessage answer = lumeroom::callOnceStarted(m_bus, message);
     if (answer.type() == QDBusMessage::ErrorMessage)
         throw failureOf(answer);
     return answer;

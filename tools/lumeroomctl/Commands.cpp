@@ -3,8 +3,9 @@
 #include "Failure.h"
 #include "Options.h"
 #include "Properties.h"
-#include "Table.h"
 #include "Watcher.h"
+#include "desktop/SettingsFile.h"
+#include "desktop/Table.h"
 #include "desktop/dbus/ProgramIdentity.h"
 
 #include <QJsonArray>
@@ -64,7 +65,7 @@ void list(const Client& client, const Options& options, bool groups)
     } else if (options.json) {
         printJson(QJsonDocument(objects));
     } else {
-        print(tableOf(rows));
+        print(lumeroom::tableOf(rows));
     }
 }
 
@@ -87,7 +88,7 @@ void get(const Client& client, const Options& options)
     QList<QStringList> rows;
     for (const QString& name : propertyNames(thing.isGroup))
         rows.append({name, textOf(thing, name, all)});
-    print(tableOf(rows));
+    print(lumeroom::tableOf(rows));
 }
 
 } // namespace

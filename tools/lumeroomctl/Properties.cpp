@@ -1,6 +1,7 @@
 #include "Properties.h"
 
 #include "Failure.h"
+#include "desktop/Table.h"
 
 #include <QJsonArray>
 
@@ -25,7 +26,7 @@ void checkIsProperty(const QString& name, bool ofGroup)
     const QStringList names = propertyNames(ofGroup);
     if (!names.contains(name)) {
         throw Failure{kBadUsage,
-            QStringLiteral("there is no property '%1', only %2")
+            QStringLiteral("there is no property '%1'; there are: %2")
                 .arg(name, names.join(QLatin1StringView(", ")))};
     }
 }
@@ -79,7 +80,7 @@ QString textOf(const Thing& thing, const QString& name, const Things& all)
     const QVariant value = thing.properties.value(busName(name));
     if (name == kState)
         return value.toBool() ? QStringLiteral("on") : QStringLiteral("off");
-    return value.toString();
+    return lumeroom::printable(value.toString());
 }
 
 QJsonValue jsonOf(const Thing& thing, const QString& name, const Things& all)
@@ -106,7 +107,7 @@ QVariantMap parseChanges(const QStringList& pairs)
         const QString& text = pairs[i + 1];
         if (!kWritable.contains(name)) {
             throw Failure{kBadUsage,
-                QStringLiteral("'%1' is nothing that can be set, only %2")
+                QStringLiteral("'%1' cannot be set; these can: %2")
                     .arg(pairs[i], kWritable.join(QLatin1StringView(", ")))};
         }
         if (changes.contains(busName(name)))

@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "Properties.h"
+#include "desktop/Table.h"
 #include "desktop/dbus/ManagedObjects.h"
 #include "desktop/dbus/ProgramIdentity.h"
 
@@ -99,8 +100,8 @@ void Watcher::print(const Thing& thing, const QString& event, const QString& pro
         }
         line = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
     } else {
-        line = (thing.isGroup ? QStringLiteral("group:") : QString()) + thing.label()
-            + QStringLiteral(": ")
+        line = (thing.isGroup ? QStringLiteral("group:") : QString())
+            + lumeroom::printable(thing.label()) + QStringLiteral(": ")
             + (property.isEmpty() ? event : property + u' ' + textOf(thing, property, m_things));
     }
     std::printf("%s\n", line.toUtf8().constData());

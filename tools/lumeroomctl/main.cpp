@@ -5,10 +5,15 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <cstdlib>
 
-int main(int argc, char** argv)
+namespace lumeroomctl {
+
+namespace {
+
+/// The exit status.
+int run(int argc, char** argv)
 {
-    using namespace lumeroomctl;
     const QCoreApplication application(argc, argv);
     try {
         const Options options = parseOptions(QCoreApplication::arguments().sliced(1));
@@ -23,4 +28,17 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "lumeroomctl: %s\n", failure.message.toUtf8().constData());
         return failure.status;
     }
+}
+
+} // namespace
+
+} // namespace lumeroomctl
+
+int main(int argc, char** argv)
+{
+    const int status = lumeroomctl::run(argc, argv);
+    // Past the destructors of statics: the bus library's own thread may still take in a message,
+    // and would complain that its types are gone.
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

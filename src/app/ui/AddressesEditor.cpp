@@ -34,7 +34,7 @@ AddressesEditor::AddressesEditor(
     connect(m_field, &QPlainTextEdit::textChanged, this, [this] { textChanged(); });
 }
 
-void AddressesEditor::refresh()
+void AddressesEditor::showValue()
 {
     const QString text = QString::fromStdString(textFor(setting(), defaults()));
     if (!m_pause.isPending() && text != m_field->toPlainText()) {

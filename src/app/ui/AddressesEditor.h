@@ -16,10 +16,10 @@ public:
     AddressesEditor(
         const Setting& setting, UserDefaults& defaults, RunLoop& runLoop, QWidget* parent);
 
-    void refresh() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
+    void showValue() override;
     void hideEvent(QHideEvent* event) override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "app/NavigationModel.h"
 #include "app/ui/AlertBox.h"
+#include "app/ui/BringToFront.h"
 #include "app/ui/MenuMirror.h"
 #include "app/ui/NavigationView.h"
 #include "app/ui/Throbber.h"
@@ -272,10 +273,7 @@ bool ControlPanelWindow::popoverIsOpen() const
 
 void ControlPanelWindow::makeKeyAndFront()
 {
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    bringToFront(*this);
 }
 
 int ControlPanelWindow::runModal(const Alert& alert)

@@ -1,5 +1,6 @@
 #include "app/ui/ExplorerWindow.h"
 
+#include "app/ui/BringToFront.h"
 #include "app/ui/ExplorerModel.h"
 
 #include <QApplication>
@@ -39,11 +40,9 @@ ExplorerWindow::ExplorerWindow(const EngineRoom& engineRoom, RunLoop& runLoop)
 
     m_explorer.reloadData = [this] { m_model->reload(); };
     m_explorer.makeKeyAndOrderFront = [this] {
-        show();
-        setWindowState(windowState() & ~Qt::WindowMinimized);
-        raise();
-        activateWindow();
-        m_outlineView->expandToDepth(0);
+        bringToFront(*this);
+        for (int row = 0; row < m_model->rowCount({}); ++row)
+            m_outlineView->expand(m_model->index(row, 0, {}));
     };
     connect(refresh, &QPushButton::clicked, this, [this] { m_explorer.refresh(); });
     const auto addShortcut = [this](const QKeySequence& keys, auto action) {

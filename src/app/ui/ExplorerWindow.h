@@ -18,7 +18,6 @@ public:
     ExplorerWindow(const EngineRoom& engineRoom, RunLoop& runLoop);
     ~ExplorerWindow() override;
 
-    /// Opens the window on fresh data.
     void loadData() { m_explorer.loadData(); }
 
 protected:

@@ -5,14 +5,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cmath>
+#include <optional>
 
 namespace lumeroom {
 
@@ -28,7 +27,7 @@ public:
         connect(m_box, &QCheckBox::toggled, this,
             [this](bool on) { storeNumber(this->setting(), on ? 1 : 0, defaults()); });
     }
-    void refresh() override
+    void showValue() override
     {
         const QSignalBlocker blocker(m_box);
         m_box->setChecked(switchFor(setting(), defaults()));
@@ -52,14 +51,19 @@ public:
         m_field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
         m_field->setMinimumWidth(kFieldWidth);
         setControl(m_field);
-        connect(m_field, &QDoubleSpinBox::valueChanged, this,
-            [this](double number) { storeNumber(this->setting(), number, defaults()); });
+        connect(m_field, &QDoubleSpinBox::valueChanged, this, [this](double number) {
+            m_shown.reset();
+            storeNumber(this->setting(), number, defaults());
+        });
     }
-    void refresh() override
+    void showValue() override
     {
         constexpr double kMost = 1e9; // what a field can hold
         const QSignalBlocker blocker(m_field);
         const double number = std::clamp(numberFor(setting(), defaults()), -kMost, kMost);
+        if (number == m_shown)
+            return; // another setting has changed, and what is half typed here is to stay
+        m_shown = number;
         // What cannot be entered may still be stored, and then shows.
         m_field->setRange(
             std::min(setting().range.minimum, number), std::max(setting().range.maximum, number));
@@ -69,6 +73,7 @@ public:
 private:
     static constexpr int kFieldWidth = 110;
     QDoubleSpinBox* m_field;
+    std::optional<double> m_shown; ///< the stored number; none once the user has set another
 };
 
 class ChoiceEditor : public SettingEditor {
@@ -85,7 +90,7 @@ public:
             storeNumber(this->setting(), m_box->itemData(index).toInt(), defaults());
         });
     }
-    void refresh() override
+    void showValue() override
     {
         const QSignalBlocker blocker(m_box);
         const int value = choiceFor(setting(), defaults());
@@ -125,6 +130,12 @@ SettingEditor::SettingEditor(const Setting& setting, UserDefaults& defaults, QWi
     , m_setting(setting)
     , m_defaults(defaults)
 {
+}
+
+void SettingEditor::refresh()
+{
+    showValue();
+    m_control->setEnabled(!m_defaults.isOverridden(m_setting.key));
 }
 
 SettingEditor* SettingEditor::make(

@@ -18,14 +18,15 @@ public:
     static SettingEditor* make(
         const Setting& setting, UserDefaults& defaults, RunLoop& runLoop, QWidget* parent);
 
-    /// Shows what the program goes by now.
-    virtual void refresh() = 0;
+    /// Shows what the program goes by now; one that nobody can change for the time being is grey.
+    void refresh();
     /// What the keyboard works, and a label is the buddy of.
     QWidget* control() const { return m_control; }
     const Setting& setting() const { return m_setting; }
 
 protected:
     SettingEditor(const Setting& setting, UserDefaults& defaults, QWidget* parent);
+    virtual void showValue() = 0;
     UserDefaults& defaults() const { return m_defaults; }
     /// Names it for those who cannot see its label, and lays it out, with the rest below.
     void setControl(QWidget* control, QWidget* below = nullptr);

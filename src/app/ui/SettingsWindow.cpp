@@ -1,5 +1,6 @@
 #include "app/ui/SettingsWindow.h"
 
+#include "app/ui/BringToFront.h"
 #include "app/ui/SettingEditors.h"
 
 #include <QDialogButtonBox>
@@ -90,7 +91,7 @@ void SettingsWindow::addRow(QFormLayout& form, SettingEditor& editor)
 void SettingsWindow::askAndRestore(std::string_view page)
 {
     const auto answer = QMessageBox::question(this, tr("Restore defaults"),
-        tr("Set everything on this page back to the way it came?"),
+        tr("Reset every setting on this page to its default?"),
         QMessageBox::RestoreDefaults | QMessageBox::Cancel, QMessageBox::Cancel);
     if (answer == QMessageBox::RestoreDefaults)
         restoreDefaults(page, m_defaults);
@@ -104,10 +105,7 @@ void SettingsWindow::refresh()
 
 void SettingsWindow::makeKeyAndFront()
 {
-    show();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    bringToFront(*this);
 }
 
 } // namespace lumeroom

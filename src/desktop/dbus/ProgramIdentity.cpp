@@ -1,9 +1,10 @@
 #include "desktop/dbus/ProgramIdentity.h"
 
+#include "desktop/SettingsFile.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 namespace lumeroom {
 
@@ -18,15 +19,6 @@ QString spelledOut(const QString& file)
 }
 
 } // namespace
-
-QString settingsFile(bool demo, const QString& defaultsFile)
-{
-    if (!defaultsFile.isEmpty())
-        return defaultsFile;
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return folder + QStringLiteral("/lumeroom/")
-        + (demo ? QStringLiteral("demo.plist") : QStringLiteral("com.tanagerworks.Lumeroom.plist"));
-}
 
 QString serviceName(const QString& file)
 {

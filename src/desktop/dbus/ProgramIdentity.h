@@ -8,16 +8,15 @@ namespace lumeroom {
 namespace bus {
 inline constexpr QLatin1StringView kService("com.tanagerworks.Lumeroom");
 inline constexpr QLatin1StringView kRootPath("/com/tanagerworks/Lumeroom");
+/// The lamps and groups are in these folders of objects, below the root.
+inline constexpr QLatin1StringView kLampsFolder("/com/tanagerworks/Lumeroom/lamps");
+inline constexpr QLatin1StringView kGroupsFolder("/com/tanagerworks/Lumeroom/groups");
 inline constexpr QLatin1StringView kProgram("com.tanagerworks.Lumeroom");
 inline constexpr QLatin1StringView kLamp("com.tanagerworks.Lumeroom.Lamp");
 inline constexpr QLatin1StringView kGroup("com.tanagerworks.Lumeroom.Group");
 inline constexpr QLatin1StringView kProperties("org.freedesktop.DBus.Properties");
 inline constexpr QLatin1StringView kObjectManager("org.freedesktop.DBus.ObjectManager");
 } // namespace bus
-
-/// The file that the settings are in: the one asked for, or else the usual one of the program or of
-/// its demonstration.
-QString settingsFile(bool demo, const QString& defaultsFile);
 
 /// The bus name of the program with these settings. Each settings file makes a program of its own;
 /// only the one with the usual file has the plain name.

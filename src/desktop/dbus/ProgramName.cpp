@@ -1,10 +1,10 @@
 #include "desktop/dbus/ProgramName.h"
 
+#include "desktop/dbus/CallOnceStarted.h"
 #include "desktop/dbus/ProgramIdentity.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QThread>
 
 namespace lumeroom {
 
@@ -30,19 +30,10 @@ bool ProgramName::isTaken() const
 QString ProgramName::showPanelOfHolder(const QString& activationToken) const
 {
     constexpr int kAnswerMilliseconds = 5000;
-    constexpr int kTries = 50;
-    constexpr int kBetweenTriesMilliseconds = 100;
     auto call = QDBusMessage::createMethodCall(
         m_service, bus::kRootPath, bus::kProgram, QStringLiteral("ShowPanel"));
     call << activationToken;
-    QDBusMessage answer;
-    for (int i = 0; i < kTries; ++i) {
-        answer = m_bus.call(call, QDBus::Block, kAnswerMilliseconds);
-        if (answer.errorName() != QDBusError::errorString(QDBusError::UnknownObject))
-            break;
-        QThread::msleep(kBetweenTriesMilliseconds);
-    }
-    return answer.errorMessage();
+    return callOnceStarted(m_bus, call, kAnswerMilliseconds).errorMessage();
 }
 
 } // namespace lumeroom

@@ -2,8 +2,6 @@
 
 #include <QDBusConnection>
 
-#include <string>
-
 namespace lumeroom {
 
 /// The program's name on the session bus, which only one program can hold.

@@ -10,7 +10,7 @@ namespace lumeroom {
 class ProgramName;
 
 /// Puts the scripting objects on the bus and tells it what changes, at most ten times a second.
-/// Without a bus, or without the name, it does nothing; the log says of a missing bus.
+/// Without a bus, or without the name, it does nothing; a missing bus is logged.
 class ScriptingService {
 public:
     ScriptingService(const ProgramName& name, Scripting& scripting, ScriptingTree::Program program,

@@ -13,9 +13,6 @@ namespace lumeroom {
 
 namespace {
 
-const QString kLampsFolder = bus::kRootPath + QStringLiteral("/lamps");
-const QString kGroupsFolder = bus::kRootPath + QStringLiteral("/groups");
-
 QDBusMessage refusal(const QDBusMessage& call, QDBusError::ErrorType type, const QString& why)
 {
     return call.createErrorReply(type, why);
@@ -71,12 +68,15 @@ ScriptingTree::Objects ScriptingTree::objects() const
 
 QString ScriptingTree::introspect(const QString& path) const
 {
-    const Objects all = objects();
     if (path == bus::kRootPath) {
+        const auto name = [](QLatin1StringView folder) {
+            return QString(folder.sliced(bus::kRootPath.size() + 1));
+        };
         return introspection::program()
-            + introspection::children({QStringLiteral("lamps"), QStringLiteral("groups")});
+            + introspection::children({name(bus::kLampsFolder), name(bus::kGroupsFolder)});
     }
-    if (path == kLampsFolder || path == kGroupsFolder)
+    const Objects all = objects();
+    if (path == bus::kLampsFolder || path == bus::kGroupsFolder)
         return introspection::children(childrenOf(path, all));
     const auto found = all.find(path);
     if (found == all.end())
@@ -100,7 +100,7 @@ bool ScriptingTree::handleMessage(const QDBusMessage& message, const QDBusConnec
 
 bool ScriptingTree::exists(const QString& path) const
 {
-    return path == kLampsFolder || path == kGroupsFolder || objects().contains(path);
+    return path == bus::kLampsFolder || path == bus::kGroupsFolder || objects().contains(path);
 }
 
 QDBusMessage ScriptingTree::answer(const QDBusMessage& call)
@@ -118,6 +118,8 @@ QDBusMessage ScriptingTree::answer(const QDBusMessage& call)
     if (isProgram && (interface == bus::kObjectManager || interface.isEmpty())
         && call.member() == QLatin1StringView("GetManagedObjects"))
         return getManagedObjects(call);
+    if (isProgram && interface == bus::kObjectManager)
+        return unknownMethod(call);
     if (interface != object->interface && !interface.isEmpty()) {
         return refusal(call, QDBusError::UnknownInterface,
             QStringLiteral("This object has no interface %1.").arg(interface));

@@ -82,12 +82,12 @@ QList<QDBusObjectPath> pathsOf(const Objects& objects, QString (*pathOf)(const s
 
 QString lampPath(const std::string& id)
 {
-    return bus::kRootPath + QStringLiteral("/lamps/") + escaped(id);
+    return bus::kLampsFolder + QStringLiteral("/") + escaped(id);
 }
 
 QString groupPath(const std::string& id)
 {
-    return bus::kRootPath + QStringLiteral("/groups/") + escaped(id);
+    return bus::kGroupsFolder + QStringLiteral("/") + escaped(id);
 }
 
 QList<QDBusObjectPath> lampPaths(const ScriptLamps& lamps)
@@ -136,7 +136,7 @@ QString readInto(ScriptSettings& settings, const QString& property, const QVaria
     }
     const NumberProperty* const number = numberNamed(property);
     if (!number)
-        return QStringLiteral("%1 is nothing that can be set.").arg(property);
+        return QStringLiteral("%1 cannot be set.").arg(property);
     const auto given = wholeNumber(value);
     if (!given || *given < 0 || *given > number->most) {
         const QString rule = QStringLiteral("%1 is a whole number from 0 to %2")

@@ -1,11 +1,11 @@
-#include "Table.h"
+#include "desktop/Table.h"
 
 #include <QChar>
 
 #include <algorithm>
 #include <array>
 
-namespace lumeroomctl {
+namespace lumeroom {
 
 namespace {
 
@@ -45,6 +45,18 @@ int columnsOf(const QString& text)
     return columns;
 }
 
+QString printable(const QString& text)
+{
+    QString plain = text;
+    for (QChar& character : plain) {
+        const QChar::Category category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line
+            || category == QChar::Separator_Paragraph)
+            character = u' ';
+    }
+    return plain;
+}
+
 QString tableOf(const QList<QStringList>& rows)
 {
     QList<int> widths;
@@ -65,4 +77,4 @@ QString tableOf(const QList<QStringList>& rows)
     return table;
 }
 
-} // namespace lumeroomctl
+} // namespace lumeroom
