@@ -1,5 +1,7 @@
 #include "support/EngineHarness.h"
 
+#include <fmt/format.h>
+
 namespace lumeroom::test {
 
 namespace {
@@ -40,10 +42,11 @@ struct Groupings : EngineHarness {
     {
         Lines result;
         for (const SentDatagram& sent : sockets.take()) {
-            const std::string to = sent.host.substr(sent.host.rfind('.') + 1) + ": ";
-            const std::string field = std::to_string(u64(sent, 36));
-            result.push_back(sent.type() == 27 ? "tags " + to + field
-                                               : "label " + to + field + " " + label(sent, 44));
+            const std::string lamp = sent.host.substr(sent.host.rfind('.') + 1);
+            const std::uint64_t field = u64(sent, 36);
+            result.push_back(sent.type() == 27
+                    ? fmt::format("tags {}: {}", lamp, field)
+                    : fmt::format("label {}: {} {}", lamp, field, label(sent, 44)));
         }
         return result;
     }
