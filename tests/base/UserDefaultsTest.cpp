@@ -128,29 +128,22 @@ TEST_F(UserDefaultsFile, whatCannotBeReadIsKeptAside)
     EXPECT_TRUE(found);
 }
 
-TEST_F(UserDefaultsFile, aFolderInItsPlaceIsKeptAside)
+TEST_F(UserDefaultsFile, whatIsNoFileIsKeptAside)
 {
     fs::create_directory(file);
     std::ofstream(file / "inside") << "x";
-    {
-        UserDefaults defaults(file, loop, log);
-        defaults.setObject("b", 1);
-    }
+    UserDefaults(file, loop, log).setObject("b", 1);
     ASSERT_EQ(setAside().size(), 1U);
     EXPECT_TRUE(fs::exists(setAside()[0] / "inside"));
-    EXPECT_TRUE(stored());
-}
+    EXPECT_EQ(*stored()->find("b"), Value(1));
 
-TEST_F(UserDefaultsFile, aPipeInItsPlaceDoesNotHoldUpTheLaunch)
-{
-    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
-    {
-        UserDefaults defaults(file, loop, log);
-        defaults.setObject("b", 1);
-    }
+    fs::remove_all(setAside()[0]);
+    fs::remove(file);
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0); // whose reading would never end
+    UserDefaults(file, loop, log).setObject("b", 2);
     ASSERT_EQ(setAside().size(), 1U);
     EXPECT_TRUE(fs::is_fifo(setAside()[0]));
-    EXPECT_EQ(*stored()->find("b"), Value(1));
+    EXPECT_EQ(*stored()->find("b"), Value(2));
 }
 
 TEST_F(UserDefaultsFile, aFailedWriteKeepsTheOldFileAndIsTriedAgain)
@@ -172,27 +165,17 @@ TEST_F(UserDefaultsFile, aFailedWriteKeepsTheOldFileAndIsTriedAgain)
     EXPECT_EQ(lines.size(), 2U);
 }
 
-TEST_F(UserDefaultsFile, aLinkStaysALink)
+TEST_F(UserDefaultsFile, aLinkStaysALinkEvenToNothingYet)
 {
-    const fs::path target = folder / "elsewhere.plist";
-    std::ofstream(target) << propertylist::toXml(Value::Dictionary{{"a", 1}});
-    fs::create_symlink(target, file);
-    {
+    fs::create_symlink("elsewhere.plist", file);
+    for (const int number : {1, 2}) {
         UserDefaults defaults(file, loop, log);
-        EXPECT_EQ(defaults.integerForKey("a"), 1);
-        defaults.setObject("a", 2);
+        EXPECT_EQ(defaults.integerForKey("a"), number - 1);
+        defaults.setObject("a", number);
+        EXPECT_TRUE(defaults.synchronize());
+        EXPECT_TRUE(fs::is_symlink(file));
+        EXPECT_EQ(*stored()->find("a"), Value(number));
     }
-    EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_EQ(*stored()->find("a"), Value(2));
-}
-
-TEST_F(UserDefaultsFile, aLinkToNothingYetMakesTheFile)
-{
-    const fs::path target = folder / "later.plist";
-    fs::create_symlink("later.plist", file);
-    UserDefaults(file, loop, log).setObject("a", 2);
-    EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_TRUE(fs::is_regular_file(target));
 }
 
 TEST_F(UserDefaultsFile, observersHearOfABurstOnceOnTheMainThread)

@@ -18,19 +18,15 @@ namespace {
 /// A plain socket of the system's on a loopback address, to talk to.
 class Peer {
 public:
-    explicit Peer(int family = AF_INET)
-        : m_socket(::socket(family, SOCK_DGRAM | SOCK_CLOEXEC, 0))
+    explicit Peer(const std::string& host = "127.0.0.1")
+        : m_address(*addressFromLiteral(host, 0))
+        , m_socket(
+              ::socket(AsyncUdpSocket::familyFromAddress(m_address), SOCK_DGRAM | SOCK_CLOEXEC, 0))
     {
-        m_address.ss_family = static_cast<sa_family_t>(family);
-        m_length = sizeof(sockaddr_in);
-        if (family == AF_INET6) {
-            reinterpret_cast<sockaddr_in6&>(m_address).sin6_addr = in6addr_loopback;
-            m_length = sizeof(sockaddr_in6);
-        } else {
-            reinterpret_cast<sockaddr_in&>(m_address).sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        }
-        m_bound = ::bind(m_socket, reinterpret_cast<sockaddr*>(&m_address), m_length) == 0;
-        ::getsockname(m_socket, reinterpret_cast<sockaddr*>(&m_address), &m_length);
+        auto* address = reinterpret_cast<sockaddr*>(m_address.bytes.data());
+        socklen_t length = m_address.length;
+        m_bound = ::bind(m_socket, address, length) == 0;
+        ::getsockname(m_socket, address, &length);
         const timeval limit{5, 0};
         ::setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
     }
@@ -39,10 +35,7 @@ public:
     Peer& operator=(const Peer&) = delete;
 
     bool isBound() const { return m_bound; }
-    std::uint16_t port() const
-    {
-        return ntohs(reinterpret_cast<const sockaddr_in&>(m_address).sin_port);
-    }
+    std::uint16_t port() const { return AsyncUdpSocket::portFromAddress(m_address); }
     /// The next datagram, and who sent it; empty after five seconds.
     Datagram receive()
     {
@@ -60,9 +53,8 @@ public:
     }
 
 private:
+    SocketAddress m_address;
     int m_socket;
-    sockaddr_storage m_address{};
-    socklen_t m_length;
     bool m_bound = false;
     sockaddr_storage m_last{};
     socklen_t m_lastLength = 0;
@@ -163,7 +155,7 @@ TEST_F(AsyncUdp, aNameIsLookedUpAndKeepsTheOrder)
 
 TEST_F(AsyncUdp, ipv6)
 {
-    Peer peer(AF_INET6);
+    Peer peer("::1");
     if (!peer.isBound())
         GTEST_SKIP() << "this machine has no IPv6 loopback address";
     const auto socket = makeSocket();
@@ -215,10 +207,7 @@ TEST_F(AsyncUdp, nothingArrivesAfterCloseOrTheEnd)
 
 TEST_F(AsyncUdp, aHostThatRefusesDoesNotEndTheListening)
 {
-    std::uint16_t deadPort = 0;
-    {
-        deadPort = Peer().port();
-    }
+    const std::uint16_t deadPort = Peer().port();
     Peer peer;
     const auto socket = makeSocket();
     socket->sendDataToHost({1}, "127.0.0.1", deadPort);

@@ -80,8 +80,6 @@ TEST_F(Commands, transitionTimes)
         engine().lampOn(lampID(1), false);
         EXPECT_EQ(u16(sockets.take().at(0), 38), c.powerMilliseconds);
     }
-    UserDefaults bare; // nothing registered, nothing stored
-    EXPECT_FALSE(bare.objectForKey("defaultTransition"));
 }
 
 TEST_F(Commands, powerGoesFirstAndOnlyIfItDiffers)
@@ -141,8 +139,6 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
     engine().sendSettingsToLamp(whole, lampID(1));
     EXPECT_EQ(sent(), (std::vector<std::string>{"102 127.0.9.1"}));
     EXPECT_EQ(lamp->zonesInOrder()[2].colour, 9000); // stale until the next report
-    receive(stateMultizone(1, 8, 0, 1));
-    EXPECT_GE(delegate.zoneStates, 8);
 
     // One zone by its ID, in both forms of the lamp's.
     engine().sendSettingsToLamp(settings({{"colour", 77}, {"onoff", false}}), lampID(1) + "-3");
@@ -176,41 +172,20 @@ struct Collections : Commands {
     const std::string location = std::string(32, 'b');
 };
 
-TEST_F(Collections, onAndOff)
-{
-    using List = std::vector<std::string>;
-    engine().allOn(true);
-    EXPECT_EQ(sockets.take().size(), 4U);
-    engine().groupOn("0", false);
-    EXPECT_EQ(sockets.take().size(), 4U);
-    engine().groupOn(group, true);
-    EXPECT_EQ(sent(), (List{"117 127.0.9.1", "117 127.0.9.2"}));
-    // A tag is named just as the location's ID: both apply.
-    engine().groupOn(location, true);
-    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3", "117 127.0.9.1"}));
-    engine().locationOn(location, true);
-    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3"}));
-    engine().tagOn("Den", false);
-    EXPECT_EQ(sent(), (List{"117 127.0.9.4"}));
-    engine().groupOn("nobody", true);
-    engine().lampOn("nobody", true);
-    EXPECT_TRUE(sent().empty());
-}
-
-TEST_F(Collections, settingsReachTheRightKind)
+TEST_F(Collections, aTagMayBeNamedAsTheIDOfALocation)
 {
     using List = std::vector<std::string>;
     const Settings dim = settings({{"brightness", 3}});
-    engine().sendSettingsToGroup(dim, "0");
-    EXPECT_EQ(sockets.take().size(), 4U);
-    engine().sendSettingsToGroup(dim, group);
-    EXPECT_EQ(sent(), (List{"102 127.0.9.1", "102 127.0.9.2"}));
-    engine().sendSettingsToGroup(dim, location); // the tag of that name comes last and wins
+    engine().groupOn(location, true); // both apply
+    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3", "117 127.0.9.1"}));
+    engine().locationOn(location, true);
+    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3"}));
+    engine().sendSettingsToGroup(dim, location); // the tag comes last and wins
     EXPECT_EQ(sent(), (List{"102 127.0.9.1"}));
     engine().sendSettingsToLocation(dim, location);
     EXPECT_EQ(sent(), (List{"102 127.0.9.2", "102 127.0.9.3"}));
-    engine().sendSettingsToTag(dim, "Den");
-    EXPECT_EQ(sent(), (List{"102 127.0.9.4"}));
+    engine().groupOn("nobody", true);
+    engine().lampOn("nobody", true);
     engine().sendSettingsToGroup(dim, "nobody");
     EXPECT_TRUE(sent().empty());
 }

@@ -4,15 +4,6 @@ namespace lumeroom::test {
 
 using Heartbeat = EngineHarness;
 
-namespace {
-
-std::string describe(const SentDatagram& sent)
-{
-    return std::to_string(sent.type()) + " " + sent.host;
-}
-
-} // namespace
-
 TEST_F(Heartbeat, oneCycleForThreeLampsByteForByteAndItsPace)
 {
     for (unsigned n = 1; n <= 3; ++n)
@@ -76,20 +67,14 @@ TEST_F(Heartbeat, speedIsReadOncePerCycle)
     EXPECT_EQ(discoveriesIn(2.9), 2U); // at 0 and 1.5
     defaults.setObject("heartbeatSpeed", 1.0); // from the cycle at 3.0 on
     EXPECT_EQ(discoveriesIn(3.0), 1U);
+    defaults.setObject("heartbeatSpeed", -3); // counts as 1
+    EXPECT_EQ(discoveriesIn(6.0), 2U);
+    EXPECT_EQ(linesWith("heartbeatSpeed -3 is not a speed"), 2);
     defaults.setObject("heartbeatSpeed", 0);
     EXPECT_EQ(discoveriesIn(60), 1U); // one more, then an endless pause
 
     engine().startHeartbeat();
     EXPECT_EQ(linesWith("attempt to start heartbeatRunning while already running!"), 1);
-}
-
-TEST_F(Heartbeat, aSpeedThatIsNoneCountsAsOne)
-{
-    defaults.setObject("heartbeatSpeed", -3);
-    engine().startHeartbeat();
-    loop.advance(Seconds(5.9));
-    EXPECT_EQ(sockets.takeOfType(2).size(), 2U);
-    EXPECT_EQ(linesWith("heartbeatSpeed -3 is not a speed"), 2);
 }
 
 TEST_F(Heartbeat, anEmbargoLeavesThePaceButAsksForNoGroups)
@@ -101,7 +86,7 @@ TEST_F(Heartbeat, anEmbargoLeavesThePaceButAsksForNoGroups)
     loop.advance(Seconds(2.95));
     std::vector<std::string> sent;
     for (const auto& datagram : sockets.take())
-        sent.push_back(describe(datagram));
+        sent.push_back(std::to_string(datagram.type()) + " " + datagram.host);
     EXPECT_EQ(sent,
         (std::vector<std::string>{
             "2 255.255.255.255", "101 127.0.9.1", "29 255.255.255.255", "32 255.255.255.255"}));
@@ -128,11 +113,7 @@ TEST_F(Heartbeat, moreLampsThanTheQueueCanServeDoNotSwellIt)
     sockets.take();
     // A change that a user makes still leaves within the embargo that protects it.
     engine().invalidateSockets();
-    struct : LampReference {
-        bool isGroup() const override { return false; }
-        std::string getID() const override { return lampID(1); }
-        void imposeTemporaryEmbargo() override { }
-    } lamp;
+    Reference lamp(lampID(1));
     engine().makeGroupNamed({&lamp}, "Den");
     loop.advance(Seconds(14));
     EXPECT_EQ(sockets.takeOfType(52).size(), 1U);
@@ -225,16 +206,11 @@ TEST_F(Heartbeat, manualAddressesNeedAFullStop)
     EXPECT_TRUE(engine().getManualIPs().empty());
 }
 
-TEST_F(Heartbeat, theArpTableIsReadOnlyWithoutBroadcastsAndList)
-{
-    engine();
-    EXPECT_EQ(arp.runs, 0);
-}
-
 TEST_F(Heartbeat, theArpTableIsReadAtOnceWhenTheSettingsComeToNeedIt)
 {
     defaults.setObject("manualIPAddresses", "10.0.0.1");
     engine();
+    EXPECT_EQ(arp.runs, 0);
     const auto set = [this](const char* key, const Value& value) {
         defaults.setObject(key, value);
         loop.runPosted();

@@ -168,14 +168,6 @@ TEST(SSCircularSlider, tellsOnceOfAnUnknownSize)
             "(120.000000x60.000000).  Standard sizes are 60x60 and 80x80."});
 }
 
-TEST(ZTColourPicker, startsWithWhites)
-{
-    ZTColourPicker picker;
-    EXPECT_TRUE(picker.isPickingWhites());
-    EXPECT_EQ(picker.kelvin(), 3500);
-    EXPECT_EQ(picker.getColor(), (Colour{0, 0, 1, 1, 3500}));
-}
-
 TEST(ZTColourPicker, picksWhitesFromLeftToRight)
 {
     ZTColourPicker picker;

@@ -176,29 +176,6 @@ TEST(ColourConversions, effectColoursAsSettings)
     EXPECT_EQ(dark.onoff, false);
 }
 
-TEST(ColourConversions, thePickersKnob)
-{
-    const struct {
-        float x;
-        int kelvin;
-        KnobPlace knob;
-    } whites[]
-        = {{-1, 9000, {270, 1}}, {0, 5750, {90, 0}}, {1, 2500, {90, 1}}, {0.5F, 4125, {90, 0.5F}}};
-    for (const auto& c : whites) {
-        EXPECT_EQ(kelvinFromKnob(c.x), c.kelvin);
-        EXPECT_FLOAT_EQ(knobFromKelvin(c.kelvin).degrees, c.knob.degrees) << c.kelvin;
-        EXPECT_FLOAT_EQ(knobFromKelvin(c.kelvin).distance, c.knob.distance) << c.kelvin;
-    }
-    const struct {
-        float degrees;
-        float hue;
-    } colours[] = {{0, 0.25F}, {180, 0.75F}, {270, 0.5F}, {89, 1.0F / 360}};
-    for (const auto& c : colours) {
-        EXPECT_NEAR(colourFromKnob({c.degrees, 0.5F}, 1).hue, c.hue, 1e-6F) << c.degrees;
-        EXPECT_NEAR(knobFromColour({c.hue, 0.5F, 1, 1, {}}).degrees, c.degrees, 1e-3F);
-    }
-}
-
 TEST(ColourConversions, redGreenBlue)
 {
     const struct {

@@ -32,6 +32,77 @@ TEST_F(LampStrip, whatEachControlSends)
     }
 }
 
+TEST_F(LampStrip, aDragSendsTenASecondAndItsLastValue)
+{
+    const auto strip = makeLampStrip({.hue = 1000, .saturation = 65535});
+    for (int i = 0; i < 100; ++i) {
+        strip->brightnessSlider().moveTo(static_cast<float>(i));
+        EXPECT_FLOAT_EQ(strip->colourWell().colour().brightness, static_cast<float>(i) / 255);
+        loop.advance(Seconds(0.01));
+    }
+    loop.advance(Seconds(0.2));
+    const Lines commands = sent();
+    EXPECT_LE(commands.size(), 11U);
+    ASSERT_GE(commands.size(), 9U);
+    EXPECT_EQ(commands.back(), "colour 1: 1000 65025 25245 3500");
+}
+
+TEST_F(LampStrip, powerOnLeavesTheColoursOfZonesAlone)
+{
+    const auto strip = makeLampStrip();
+    receive(stateZone(1, 8, 0, 5));
+    sockets.take();
+    strip->switchOff();
+    strip->switchOn();
+    EXPECT_EQ(sent(), (Lines{"power 1 off", "power 1 on"}));
+}
+
+TEST_F(LampStrip, aDeactivatedStripIsDeaf)
+{
+    const auto strip = makeLampStrip();
+    strip->deactivate();
+    strip->onOffButton().press();
+    strip->brightnessSlider().moveTo(1);
+    loop.advance(Seconds(10));
+    report(*strip, {{"colour", 5}});
+    EXPECT_TRUE(sent().empty());
+    EXPECT_EQ(strip->colourSlider().value(), 0);
+    strip->reactivateWithEngineRoom(&engine());
+    report(*strip, {{"colour", 5}});
+    EXPECT_EQ(strip->colourSlider().value(), 5);
+}
+
+TEST_F(LampStrip, aBrightnessThatComesBackOneLowerIsIgnored)
+{
+    const auto strip = makeLampStrip();
+    strip->setObjectForKey(200, "brightness");
+    const struct {
+        int reported;
+        float shown;
+    } cases[] = {{199, 200}, {198, 198}, {199, 199}};
+    for (const auto& c : cases) {
+        report(*strip, {{"brightness", c.reported}});
+        EXPECT_EQ(strip->brightnessSlider().value(), c.shown);
+    }
+    strip->setObjectForKey(2, "saturation");
+    report(*strip, {{"saturation", 1}}); // this tolerance is brightness's alone
+    EXPECT_EQ(strip->satSlider().value(), 1);
+}
+
+TEST_F(LampStrip, answersByKey)
+{
+    const auto strip = makeLampStrip();
+    strip->setObjectForKey(12.5, "brightness");
+    strip->setObjectForKey(2000.9, "warmth");
+    strip->setObjectForKey(1e9, "colour"); // a control keeps within its range
+    strip->setObjectForKey("Desk", "label");
+    EXPECT_EQ(strip->getDictionary(),
+        (Value::Dictionary{{"label", "Desk"}, {"onoff", false}, {"brightness", 12.5},
+            {"colour", 65535.0}, {"saturation", 0.0}, {"warmth", 2000}, {"id", lampID(1)}}));
+    EXPECT_EQ(strip->objectForKey("id"), Value(""));
+    EXPECT_TRUE(sent().empty());
+}
+
 TEST_F(LampStrip, reportsWaitUntilTheHandHasRested)
 {
     const struct {
@@ -129,7 +200,12 @@ TEST_F(LampStrip, theWellMovesTheWarmthSliderOnlyWithinItsRange)
         EXPECT_EQ(strip->warmthSlider().value(), c.warmth) << c.kelvin.value_or(0);
         EXPECT_EQ(strip->satSlider().value(), c.saturation);
         EXPECT_FLOAT_EQ(strip->brightnessSlider().value(), 127.5F);
+        const float hue = strip->colourWell().colour().hue;
+        EXPECT_FLOAT_EQ(strip->colourSlider().value(), hue * 65535);
+        EXPECT_FLOAT_EQ(strip->saturatedHueComponent(), hue);
     }
+    strip->satSlider().moveTo(77); // a disabled control does nothing
+    EXPECT_EQ(strip->satSlider().value(), 255);
 }
 
 } // namespace lumeroom::test

@@ -26,6 +26,21 @@ public:
     std::function<void(Result)> pending;
 };
 
+/// A lamp, or a group, that is chosen for a grouping.
+struct Reference : LampReference {
+    explicit Reference(std::string lamp, bool group = false)
+        : id(std::move(lamp))
+        , grouped(group)
+    {
+    }
+    bool isGroup() const override { return grouped; }
+    std::string getID() const override { return id; }
+    void imposeTemporaryEmbargo() override { ++embargoes; }
+    std::string id;
+    bool grouped;
+    int embargoes = 0;
+};
+
 /// Counts what the engine tells it.
 class RecordingDelegate : public QVLIFXEngineDelegate {
 public:
@@ -34,7 +49,7 @@ public:
     void lampZoneStatesChanged() override { ++zoneStates; }
     void newZoneAdded() override { ++newZones; }
     void engineIsSsearching(bool now) override { searching.push_back(now); }
-    void lampCapabilitiesChanged() override { ++capabilities; }
+    void lampCapabilitiesChanged() override { }
     int runModal(const Alert& alert) override
     {
         alerts.push_back(alert);
@@ -45,7 +60,6 @@ public:
     int states = 0;
     int zoneStates = 0;
     int newZones = 0;
-    int capabilities = 0;
     std::vector<bool> searching;
     std::vector<Alert> alerts;
 };

@@ -21,9 +21,7 @@ class FakeSockets {
 public:
     SocketFactory factory()
     {
-        return [this](UdpSocketDelegate& delegate) {
-            return std::make_shared<Socket>(*this, delegate);
-        };
+        return [this](UdpSocketDelegate&) { return std::make_shared<Socket>(*this); };
     }
 
     std::vector<SentDatagram> sent() const
@@ -44,16 +42,14 @@ public:
             all, [type](const SentDatagram& datagram) { return datagram.type() != type; });
         return all;
     }
-    int made() const { return m_made; }
     int closed() const { return m_closed; }
 
 private:
     class Socket : public UdpSocket {
     public:
-        Socket(FakeSockets& owner, UdpSocketDelegate&)
+        explicit Socket(FakeSockets& owner)
             : m_owner(owner)
         {
-            ++m_owner.m_made;
         }
         std::optional<SocketError> enableBroadcast(bool) override { return {}; }
         void sendDataToHost(Datagram data, const std::string& host, std::uint16_t port) override
@@ -70,7 +66,6 @@ private:
 
     mutable std::mutex m_mutex;
     std::vector<SentDatagram> m_sent;
-    int m_made = 0;
     int m_closed = 0;
 };
 

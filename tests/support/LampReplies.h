@@ -80,16 +80,9 @@ struct LightState {
 
 inline Datagram lightState(unsigned lamp, const LightState& state)
 {
-    return reply(107, lamp,
-        Bytes()
-            .u16(state.hue)
-            .u16(state.saturation)
-            .u16(state.brightness)
-            .u16(state.kelvin)
-            .u16(0)
-            .u16(state.power)
-            .text(state.label, 32)
-            .u64(0));
+    Bytes payload;
+    payload.u16(state.hue).u16(state.saturation).u16(state.brightness).u16(state.kelvin);
+    return reply(107, lamp, payload.u16(0).u16(state.power).text(state.label, 32).u64(0));
 }
 
 /// `type` is 53 for a group, 50 for a location.

@@ -5,10 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 namespace virtual_lamps {
 
 namespace {
@@ -122,18 +118,9 @@ TEST_F(Model, zonesAnswerOneOrEightAtATime)
     EXPECT_EQ(payloads(ask(0, 255), 506).size(), 2U);
 
     const auto set = [&](unsigned zone, unsigned hue, unsigned apply) {
-        strip.handle(request(501, mac,
-                         PayloadWriter()
-                             .u8(zone)
-                             .u8(zone)
-                             .u16(hue)
-                             .u16(0)
-                             .u16(0)
-                             .u16(3000)
-                             .u32(0)
-                             .u8(apply)
-                             .get()),
-            kStart);
+        PayloadWriter payload;
+        payload.u8(zone).u8(zone).u16(hue).u16(0).u16(0).u16(3000).u32(0).u8(apply);
+        strip.handle(request(501, mac, payload.get()), kStart);
     };
     set(3, 777, 0); // waits
     EXPECT_EQ(strip.zone(3, kStart).hue, 3);
@@ -143,19 +130,6 @@ TEST_F(Model, zonesAnswerOneOrEightAtATime)
     strip.setColour({9, 9, 9, 3000}, kStart);
     EXPECT_EQ(strip.zone(11, kStart).hue, 9);
     EXPECT_TRUE(lamp.handle(request(502, mac, PayloadWriter().u8(0).u8(0).get()), kStart).empty());
-}
-
-TEST_F(Model, tagsAndTheirLabels)
-{
-    putTag(lamp, "Evening", 0);
-    putTag(lamp, "Top", 63);
-    EXPECT_EQ(payloads(lamp.handle(request(29, mac), kStart), 31).size(), 2U);
-    const auto one
-        = payloads(lamp.handle(request(29, mac, PayloadWriter().u64(1).get()), kStart), 31);
-    ASSERT_EQ(one.size(), 1U);
-    EXPECT_EQ(readText(one[0], 8, 32), "Evening");
-    lamp.handle(request(30, mac, PayloadWriter().u64(1).text("", 32).get()), kStart);
-    EXPECT_EQ(lamp.tagLabels.size(), 1U);
 }
 
 TEST(Options, sayWhatIsWrong)
@@ -180,7 +154,7 @@ TEST(Options, sayWhatIsWrong)
     EXPECT_EQ(addressBehind("127.0.0.254", 1), "127.0.1.1");
 }
 
-TEST(LampNetwork, servesItsLampsOnLoopback)
+TEST(Control, switchesALampByNumberOrName)
 {
     DemoLamps demo;
     std::string error;
@@ -189,26 +163,6 @@ TEST(LampNetwork, servesItsLampsOnLoopback)
     EXPECT_NE(
         runCommand(*demo.network(), "state Ceiling").find("\"power\":true"), std::string::npos);
     EXPECT_EQ(runCommand(*demo.network(), "set nobody power on"), "error: no lamp 'nobody'");
-
-    const int client = ::socket(AF_INET, SOCK_DGRAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(kLifxPort);
-    ::inet_pton(AF_INET, demo.addresses().at(1).c_str(), &address.sin_addr);
-    const timeval limit{5, 0};
-    ::setsockopt(client, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
-    const Bytes ask = request(23, {});
-    ::sendto(
-        client, ask.data(), ask.size(), 0, reinterpret_cast<sockaddr*>(&address), sizeof address);
-    Bytes answer(200);
-    sockaddr_in from{};
-    socklen_t length = sizeof from;
-    ASSERT_EQ(::recvfrom(client, answer.data(), answer.size(), 0,
-                  reinterpret_cast<sockaddr*>(&from), &length),
-        68);
-    EXPECT_EQ(readText(answer, 36, 32), "Ceiling");
-    EXPECT_EQ(from.sin_addr.s_addr, address.sin_addr.s_addr);
-    ::close(client);
 }
 
 } // namespace virtual_lamps
