@@ -107,7 +107,6 @@ void Application::makeMenus()
     LayoutManager& layoutManager = m_controller.panelSetUp().layoutManager();
     layoutManager.segmentedControl = [layouts](int theme) { layouts->select(theme); };
     layouts->select(layoutManager.theme());
-    m_panel.menuBar()->setCornerWidget(layouts);
 }
 
 void Application::makeStatusItem()

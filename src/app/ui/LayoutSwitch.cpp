@@ -4,6 +4,7 @@
 #include "strips/ui/IconButton.h"
 
 #include <QButtonGroup>
+#include <QEvent>
 #include <QHBoxLayout>
 
 namespace lumeroom {
@@ -15,8 +16,8 @@ constexpr QSize kPicture{16, 16};
 
 } // namespace
 
-LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget* parent)
-    : QWidget(parent)
+LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget* bar)
+    : QWidget(bar)
     , m_segments(new QButtonGroup(this))
 {
     auto* row = new QHBoxLayout(this);
@@ -30,6 +31,18 @@ LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget* paren
         row->addWidget(button);
     }
     connect(m_segments, &QButtonGroup::idClicked, this, std::move(choose));
+    if (bar)
+        bar->installEventFilter(this);
+}
+
+/// As a corner widget it would make the menu bar higher than its entries.
+bool LayoutSwitch::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parent() && event->type() == QEvent::Resize) {
+        const QSize room = parentWidget()->size();
+        setGeometry(room.width() - sizeHint().width(), 0, sizeHint().width(), room.height());
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void LayoutSwitch::select(int theme)

@@ -13,11 +13,15 @@ class LayoutSwitch : public QWidget {
     Q_OBJECT
 
 public:
-    /// `choose` takes a number of `theme`, also that of the layout that is shown already.
-    LayoutSwitch(std::function<void(int theme)> choose, QWidget* parent);
+    /// Stands at the right end of `bar`. `choose` takes a number of `theme`, also that of the
+    /// layout that is shown already.
+    LayoutSwitch(std::function<void(int theme)> choose, QWidget* bar);
 
     /// For a number that is no layout, none is pressed.
     void select(int theme);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QButtonGroup* m_segments;
