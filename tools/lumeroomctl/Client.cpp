@@ -17,7 +17,7 @@ namespace {
 
 Failure failureOf(const QDBusMessage& error)
 {
-    const Failure notRunning{kNotRunning, QStringLiteral("Lumeroom is not running")};
+    Failure notRunning{kNotRunning, QStringLiteral("Lumeroom is not running")};
     // The error of a call that is to start nothing; Qt has no type for it.
     if (error.errorName() == QLatin1StringView("org.freedesktop.DBus.Error.NameHasNoOwner"))
         return notRunning;
