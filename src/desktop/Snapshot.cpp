@@ -16,7 +16,9 @@ namespace {
 
 constexpr Seconds kBetweenLooks(0.5);
 constexpr int kQuietLooksWanted = 5;
-constexpr int kMostLooks = 40; // twenty seconds
+// Half a minute. Each time the panel is set up anew, questions that wait for the broadcast socket
+// are lost until the next cycle: the lamps of the demonstration name their product after 18 s.
+constexpr int kMostLooks = 60;
 
 QString percentText(const Lamp& lamp)
 {
