@@ -13,9 +13,19 @@
 #include "support/FakeSockets.h"
 #include "support/LampReplies.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+
+#include <benchmark/benchmark.h>
 
 namespace lumeroom::bench {
+
+inline int runBenchmarks(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
 
 struct NoArpTable : ArpTable {
     void read(std::function<void(Result)>) override { }
@@ -29,7 +39,7 @@ inline Datagram ofLamp(unsigned lamp, Datagram datagram)
     return datagram;
 }
 
-/// The state of the n-th lamp; `turn` makes each report of it differ from the one before.
+/// The state of the n-th lamp; `turn` makes each of its reports differ from the one before.
 inline Datagram stateOf(unsigned lamp, unsigned turn)
 {
     return ofLamp(lamp,

@@ -87,8 +87,5 @@ BENCHMARK(cold)->Apply(everyThemeAndSize);
 
 int main(int argc, char** argv)
 {
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return lumeroom::bench::runBenchmarks(argc, argv);
 }

@@ -133,8 +133,5 @@ BENCHMARK(longestPause)
 
 int main(int argc, char** argv)
 {
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return lumeroom::bench::runBenchmarks(argc, argv);
 }

@@ -111,7 +111,7 @@ TEST_F(Controller, reportsMoveTheStripsUnlessTouched)
     loop.advance(Seconds(1));
     receive(lightState(2, {.brightness = 300, .label = "Two"}));
     const bool pressed = strip.onOffButton().state();
-    loop.advance(Seconds(5)); // another lamp spoke: that is no report of this one
+    loop.advance(Seconds(5)); // another lamp spoke, this one has not answered
     EXPECT_EQ(strip.onOffButton().state(), pressed);
 
     // A command that got lost: what the lamp says is what the strip said before it was touched.

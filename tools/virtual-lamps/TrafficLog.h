@@ -9,7 +9,7 @@ struct Traffic {
     bool incoming = true;
     std::string lampLabel;
     std::string lampID;
-    std::string peer; ///< address and port of the other side
+    std::string peer; ///< the other side's address and port
     ByteView datagram;
     std::string_view note; ///< what a fault did to it; empty for nothing
 };

@@ -46,4 +46,11 @@ void layOutInOneRow(QWidget& row, const StripWidgets& widgets, const RowMeasures
     line->addWidget(widgets.navigation);
 }
 
+void showNameInBold(const StripWidgets& widgets)
+{
+    QFont bold = widgets.label->font();
+    bold.setBold(true);
+    widgets.label->setFont(bold);
+}
+
 } // namespace lumeroom

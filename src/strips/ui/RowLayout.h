@@ -24,4 +24,6 @@ void layOutInOneRow(QWidget& row, const StripWidgets& widgets, const RowMeasures
 /// Gives the small buttons one size.
 void setButtonSize(const StripWidgets& widgets, int side, int picture);
 
+void showNameInBold(const StripWidgets& widgets);
+
 } // namespace lumeroom

@@ -22,9 +22,7 @@ void layOutSingleControl(QWidget& row, const StripWidgets& widgets)
     widgets.onOffButton->setFixedSize(88, 88);
     widgets.well->setFixedSize(44, 44);
     setButtonSize(widgets, 30, 20);
-    QFont bold = widgets.label->font();
-    bold.setBold(true);
-    widgets.label->setFont(bold);
+    showNameInBold(widgets);
     widgets.label->setAlignment(Qt::AlignHCenter);
 
     auto* head = new QHBoxLayout;

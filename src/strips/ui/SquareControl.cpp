@@ -21,9 +21,7 @@ void layOutSquareControl(QWidget& row, const StripWidgets& widgets)
     widgets.onOffButton->setFixedSize(72, 72);
     widgets.well->setFixedSize(40, 40);
     setButtonSize(widgets, 28, 18);
-    QFont bold = widgets.label->font();
-    bold.setBold(true);
-    widgets.label->setFont(bold);
+    showNameInBold(widgets);
 
     auto* head = new QHBoxLayout;
     head->setSpacing(5);
