@@ -32,6 +32,8 @@ ManualController::ManualController(
     , m_stage(m_panelSetUp, panel)
     , m_workflows(engineRoom, log, m_stage)
     , m_scripting(m_panelSetUp.collection(), log, scriptingActions())
+    , m_updateStrips(runLoop, [this] { updateStrips(); })
+    , m_updateLampStrips(runLoop, [this] { updateLampStrips(); })
 {
 }
 
@@ -172,38 +174,37 @@ void ManualController::newZoneAdded()
         lampZoneStatesChanged();
 }
 
-// Many reports come in a row: the strips are brought up to date once, after all of them.
 void ManualController::lampStatesChanged()
 {
-    if (std::exchange(m_statesPending, true))
-        return;
-    m_runLoop.post(m_lifeline.guard([this] {
-        m_statesPending = false;
-        const Navigation& navigation = m_panelSetUp.navigation();
-        if (navigation.shows(StripType::Lamp))
-            m_reports.updateLamps(m_engineRoom.lightsArray());
-        if (navigation.shows(StripType::Group))
-            m_reports.updateGroups(m_engineRoom.groupsArray());
-        if (navigation.shows(StripType::Location))
-            m_reports.updateLocations(m_engineRoom.locationssArray());
-        if (navigation.shows(StripType::Tag))
-            m_reports.updateTags(m_engineRoom.tagsArray());
-        if (navigation.model().all.state())
-            m_reports.updateGroupAll();
-        m_statusMenu.updateDockIcon();
-        m_scripting.invalidate();
-    }));
+    m_updateStrips.request();
+}
+
+void ManualController::updateStrips()
+{
+    const Navigation& navigation = m_panelSetUp.navigation();
+    if (navigation.shows(StripType::Lamp))
+        m_reports.updateLamps(m_engineRoom.lightsArray());
+    if (navigation.shows(StripType::Group))
+        m_reports.updateGroups(m_engineRoom.groupsArray());
+    if (navigation.shows(StripType::Location))
+        m_reports.updateLocations(m_engineRoom.locationssArray());
+    if (navigation.shows(StripType::Tag))
+        m_reports.updateTags(m_engineRoom.tagsArray());
+    if (navigation.model().all.state())
+        m_reports.updateGroupAll();
+    m_statusMenu.updateDockIcon();
+    m_scripting.invalidate();
 }
 
 void ManualController::lampZoneStatesChanged()
 {
-    if (std::exchange(m_lampsPending, true))
-        return;
-    m_runLoop.post(m_lifeline.guard([this] {
-        m_lampsPending = false;
-        m_reports.updateLamps(m_engineRoom.lightsArray());
-        m_scripting.invalidate();
-    }));
+    m_updateLampStrips.request();
+}
+
+void ManualController::updateLampStrips()
+{
+    m_reports.updateLamps(m_engineRoom.lightsArray());
+    m_scripting.invalidate();
 }
 
 void ManualController::engineIsSsearching(bool) { }

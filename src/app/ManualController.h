@@ -7,6 +7,7 @@
 #include "app/StatusMenu.h"
 #include "app/StripReports.h"
 #include "app/WorkflowStage.h"
+#include "base/CallSoon.h"
 #include "base/UserDefaults.h"
 #include "engine/QVLIFXEngineDelegate.h"
 
@@ -74,6 +75,8 @@ private:
     NavigationActions navigationActions();
     void fillEditMenus(bool withTags);
     void defaultsChanged();
+    void updateStrips();
+    void updateLampStrips();
     Scripting::Actions scriptingActions();
     Lamps lampsOfGroupStrip(const std::string& id) const;
 
@@ -89,8 +92,9 @@ private:
     WorkflowStage m_stage;
     GroupWorkflows m_workflows;
     Scripting m_scripting;
-    bool m_lampsPending = false; ///< an update of the strips is on its way
-    bool m_statesPending = false;
+    // Many reports come in a row: the strips are brought up to date once, after all of them.
+    CallSoon m_updateStrips;
+    CallSoon m_updateLampStrips;
     std::int64_t m_colourPickerType = 0; ///< that the strips were built with
     std::int64_t m_groupPowerStateBasedOn = 0; ///< that the strips of groups show
     DefaultsObservation m_defaultsObservation;

@@ -100,7 +100,7 @@ void Application::makeMenus()
     actions.showManualControl = [this] { m_controller.showManualControl(); };
     actions.visitHelp = visitHelp;
     actions.visitLumeroomHome = visitLumeroomHome;
-    addMenus(m_panel, actions);
+    addMenus(m_panel, actions, m_runLoop);
 
     auto* layouts = new LayoutSwitch(
         [this](int theme) { m_controller.switchThemeToolBarControl(theme); }, m_panel.menuBar());
@@ -115,7 +115,7 @@ void Application::makeStatusItem()
         return; // a picture of the panel needs no place in the tray, and no badge
     m_controller.statusMenu().setBadgeLabel
         = [this](std::optional<int> number) { m_badge.setLabel(number); };
-    m_trayIcon = std::make_unique<TrayIcon>(m_controller.statusMenu());
+    m_trayIcon = std::make_unique<TrayIcon>(m_controller.statusMenu(), m_runLoop);
     m_lifeInTheTray = std::make_unique<LifeInTheTray>(
         [this] { return m_trayIcon->isThere(); }, [this] { quit(); });
     if (!m_defaults.boolForKey(keys::kHideDockIcon))

@@ -33,16 +33,13 @@ void add(QMenu& menu, const QString& title, const QKeySequence& keys, std::funct
     QObject::connect(entry, &QAction::triggered, &menu, std::move(action));
 }
 
-/// A submenu that shows what there is to choose from; greyed while that is nothing.
-void addChoices(QMenu& menu, const QString& title, const MenuModel* model)
+/// A submenu that shows what there is to choose from.
+void addChoices(QMenu& menu, const QString& title, const MenuModel* model, RunLoop& runLoop)
 {
     if (!model)
         return;
     QMenu* choices = menu.addMenu(title);
-    mirrorMenu(*choices, *model);
-    const auto enable = [choices, model] { choices->setEnabled(!model->items().empty()); };
-    enable();
-    QObject::connect(&menu, &QMenu::aboutToShow, choices, enable);
+    (new MenuMirror(*model, *choices, runLoop))->setParent(choices);
 }
 
 void addLayouts(QMenu& menu, const MenuActions& actions)
@@ -96,19 +93,19 @@ void addLamps(QMenu& menu, const MenuActions& actions)
         actions.allOff);
 }
 
-void addGroups(QMenu& menu, const MenuActions& actions)
+void addGroups(QMenu& menu, const MenuActions& actions, RunLoop& runLoop)
 {
     add(menu, QObject::tr("Make g&roup..."), {}, actions.groups.make);
-    addChoices(menu, QObject::tr("&Edit group"), actions.groups.edit);
-    addChoices(menu, QObject::tr("&Delete group"), actions.groups.remove);
+    addChoices(menu, QObject::tr("&Edit group"), actions.groups.edit, runLoop);
+    addChoices(menu, QObject::tr("&Delete group"), actions.groups.remove, runLoop);
     menu.addSeparator();
     add(menu, QObject::tr("Make &location..."), {}, actions.locations.make);
-    addChoices(menu, QObject::tr("Ed&it location"), actions.locations.edit);
-    addChoices(menu, QObject::tr("Dele&te location"), actions.locations.remove);
+    addChoices(menu, QObject::tr("Ed&it location"), actions.locations.edit, runLoop);
+    addChoices(menu, QObject::tr("Dele&te location"), actions.locations.remove, runLoop);
     menu.addSeparator();
     add(menu, QObject::tr("&Make tag..."), {}, actions.tags.make);
-    addChoices(menu, QObject::tr("Edit t&ag"), actions.tags.edit);
-    addChoices(menu, QObject::tr("Delete ta&g"), actions.tags.remove);
+    addChoices(menu, QObject::tr("Edit t&ag"), actions.tags.edit, runLoop);
+    addChoices(menu, QObject::tr("Delete ta&g"), actions.tags.remove, runLoop);
 }
 
 void addWindow(QMenu& menu, const MenuActions& actions)
@@ -131,7 +128,7 @@ void addHelp(QMenu& menu, const MenuActions& actions, QWidget* window)
 
 } // namespace
 
-void addMenus(QMainWindow& window, const MenuActions& actions)
+void addMenus(QMainWindow& window, const MenuActions& actions, RunLoop& runLoop)
 {
     QMenuBar* bar = window.menuBar();
     const auto menu = [bar](const QString& title, const auto& fill) {
@@ -143,7 +140,7 @@ void addMenus(QMainWindow& window, const MenuActions& actions)
     menu(QObject::tr("&File"), [&](QMenu& m) { addFile(m, actions); });
     menu(QObject::tr("&View"), [&](QMenu& m) { addView(m, actions); });
     menu(QObject::tr("&Lamps"), [&](QMenu& m) { addLamps(m, actions); });
-    menu(QObject::tr("&Groups"), [&](QMenu& m) { addGroups(m, actions); });
+    menu(QObject::tr("&Groups"), [&](QMenu& m) { addGroups(m, actions, runLoop); });
     menu(QObject::tr("&Window"), [&](QMenu& m) { addWindow(m, actions); });
     menu(QObject::tr("&Help"), [&](QMenu& m) { addHelp(m, actions, &window); });
 }

@@ -7,6 +7,7 @@ class QMainWindow;
 namespace lumeroom {
 
 class MenuModel;
+class RunLoop;
 
 /// What the menus can do. An entry whose member is null is left out, and so is a menu without
 /// entries. Models have to last as long as the window.
@@ -44,7 +45,7 @@ struct MenuActions {
 };
 
 /// Gives the window the program's menu bar.
-void addMenus(QMainWindow& window, const MenuActions& actions);
+void addMenus(QMainWindow& window, const MenuActions& actions, RunLoop& runLoop);
 
 /// Hides the menu bar. The shortcuts go on working, and the menus come up where the window is
 /// clicked for a context menu.

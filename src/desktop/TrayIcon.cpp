@@ -22,9 +22,9 @@ bool trayIsOnTheBus()
 
 } // namespace
 
-TrayIcon::TrayIcon(StatusMenu& statusMenu)
+TrayIcon::TrayIcon(StatusMenu& statusMenu, RunLoop& runLoop)
     : m_onTheBus(trayIsOnTheBus() && QSystemTrayIcon::isSystemTrayAvailable())
-    , m_mirror(statusMenu.statusMenu(), m_menu,
+    , m_mirror(statusMenu.statusMenu(), m_menu, runLoop,
           m_onTheBus ? MenuReader::SessionBus : MenuReader::Toolkit)
     , m_statusItem(trayImage())
 {

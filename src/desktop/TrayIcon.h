@@ -1,7 +1,8 @@
 #pragma once
 
-#include "desktop/StatusMenuMirror.h"
+#include "app/ui/MenuMirror.h"
 
+#include <QMenu>
 #include <QSystemTrayIcon>
 
 namespace lumeroom {
@@ -14,7 +15,7 @@ class TrayIcon : public QObject {
     Q_OBJECT
 
 public:
-    explicit TrayIcon(StatusMenu& statusMenu);
+    TrayIcon(StatusMenu& statusMenu, RunLoop& runLoop);
 
     /// Whether there is a tray that shows it now.
     bool isThere() const;
@@ -22,7 +23,7 @@ public:
 private:
     bool m_onTheBus;
     QMenu m_menu;
-    StatusMenuMirror m_mirror;
+    MenuMirror m_mirror;
     QSystemTrayIcon m_statusItem;
 };
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "base/Listeners.h"
 #include "strips/ActionFilter.h"
 
 #include <string>
 
-/// The controls of a strip as plain models. A view mirrors one: it repaints when the model says
-/// `onChange`, and tells the model what the user did.
+/// The controls of a strip as plain models. A view mirrors one: it repaints when the model has
+/// changed, and tells the model what the user did.
 namespace lumeroom {
 
 /// The tags by which the controls of a strip are known.
@@ -54,13 +55,11 @@ public:
     void setHidden(bool hidden) { assign(m_hidden, hidden); }
     void setToolTip(const std::string& text) { assign(m_toolTip, text); }
 
-    /// The view's wish to be told of changes.
-    std::function<void()> onChange;
-    void setNeedsDisplay() const
+    [[nodiscard]] Subscription listen(std::function<void()> changed)
     {
-        if (onChange)
-            onChange();
+        return m_listeners.add(std::move(changed));
     }
+    void setNeedsDisplay() const { m_listeners.tell(); }
 
 protected:
     template <typename T> void assign(T& member, const T& value)
@@ -76,6 +75,7 @@ private:
     bool m_enabled = true;
     bool m_hidden = false;
     std::string m_toolTip;
+    Listeners m_listeners;
 };
 
 class TextModel : public ControlModel {

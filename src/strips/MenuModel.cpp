@@ -23,13 +23,13 @@ void MenuItemModel::choose() const
 void MenuModel::removeAllItems()
 {
     m_items.clear();
-    changed();
+    m_listeners.tell();
 }
 
 void MenuModel::addItem(std::shared_ptr<MenuItemModel> item)
 {
     m_items.push_back(std::move(item));
-    changed();
+    m_listeners.tell();
 }
 
 void MenuModel::addItem(const std::string& title, std::function<void()> action)
@@ -56,12 +56,6 @@ void MenuModel::choose(const std::shared_ptr<MenuItemModel>& item) const
     const bool isThere = std::find(m_items.begin(), m_items.end(), item) != m_items.end();
     if (const auto meant = isThere ? item : itemWithTitle(item->title()))
         meant->choose();
-}
-
-void MenuModel::changed() const
-{
-    if (onChange)
-        onChange();
 }
 
 } // namespace lumeroom

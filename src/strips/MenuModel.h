@@ -70,14 +70,16 @@ public:
     /// the view showed it, its entry of the same title is meant; without one nothing happens.
     void choose(const std::shared_ptr<MenuItemModel>& item) const;
 
-    /// The view's wish to be told of changes.
-    std::function<void()> onChange;
+    /// Each entry that comes is a change, and so is the going of all.
+    [[nodiscard]] Subscription listen(std::function<void()> changed) const
+    {
+        return m_listeners.add(std::move(changed));
+    }
 
 private:
-    void changed() const;
-
     std::string m_title;
     std::vector<std::shared_ptr<MenuItemModel>> m_items;
+    mutable Listeners m_listeners; ///< looking on does not change a menu
 };
 
 } // namespace lumeroom

@@ -1,7 +1,7 @@
 #include "desktop/Menus.h"
 #include "app/ui/MenuMirror.h"
+#include "base/ManualRunLoop.h"
 #include "desktop/MakerSite.h"
-#include "desktop/StatusMenuMirror.h"
 #include "desktop/Version.h"
 #include "strips/MenuModel.h"
 #include "support/QtTestInput.h"
@@ -53,104 +53,88 @@ QMenu* menuNamed(const QMainWindow& window, const QString& title)
 
 } // namespace
 
-TEST(MenuMirror, showsTheModelAsItIsWhenItOpens)
-{
-    MenuModel model;
-    std::string chosen;
-    model.addItem("A & B\tCtrl+Q", [&] { chosen = "A"; });
-    model.addSeparator();
-    auto more = std::make_shared<MenuItemModel>(0, "More");
-    auto submenu = std::make_shared<MenuModel>();
-    more->setSubmenu(submenu);
-    more->setImage([] { return MenuImage{16, {1, 0, 0, 1}}; });
-    model.addItem(more);
-    auto hidden = std::make_shared<MenuItemModel>(0, "Hidden");
-    hidden->setHidden(true);
-    model.addItem(hidden);
-
-    QMenu menu;
-    mirrorMenu(menu, model);
-    EXPECT_EQ(texts(menu), (QStringList{"A && B Ctrl+Q", "-", "More"}));
-    EXPECT_FALSE(menu.actions()[2]->isEnabled()); // there is nothing in it yet
-    EXPECT_EQ(menu.actions()[2]->icon().pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::red));
-    menu.actions()[0]->trigger();
-    EXPECT_EQ(chosen, "A");
-
-    submenu->addItem("Below", [&] { chosen = "Below"; });
-    for (int i = 0; i < 3; ++i)
-        emit menu.aboutToShow();
-    ASSERT_TRUE(menu.actions()[2]->isEnabled());
-    EXPECT_EQ(menu.findChildren<QMenu*>().size(), 1); // the old ones are gone
-    menu.actions()[2]->menu()->actions()[0]->trigger();
-    EXPECT_EQ(chosen, "Below");
-
-    // Filled anew while it is open, the menu means the entries of the same titles.
-    QMenu* open = menu.actions()[2]->menu();
-    model.removeAllItems();
-    model.addItem("A & B\tCtrl+Q", [&] { chosen = "A anew"; });
-    menu.actions()[0]->trigger();
-    EXPECT_EQ(std::exchange(chosen, "Below"), "A anew");
-
-    // An entry that the model has dropped does nothing, nor does its submenu.
-    model.removeAllItems();
-    more.reset();
-    submenu.reset();
-    menu.actions()[0]->trigger();
-    EXPECT_EQ(chosen, "Below");
-    emit open->aboutToShow();
-    EXPECT_EQ(texts(*open), QStringList{"Below"});
-    emit menu.aboutToShow();
-    EXPECT_TRUE(menu.isEmpty());
-}
-
-TEST(StatusMenuMirror, keepsWhatStaysWhileTheTrayHasItOpen)
-{
-    MenuModel model;
-    const auto submenu = std::make_shared<MenuModel>();
-    Names chosen;
-    const auto fillModel = [&](const std::string& round, const Names& titles) {
+struct MirroredMenu : ::testing::Test {
+    /// Anew, as the program fills its menus: what is chosen from it leaves its title and the round.
+    void fill(const std::string& round, const Names& titles)
+    {
         model.removeAllItems();
         for (const std::string& title : titles)
-            model.addItem(title, [&, title, round] { chosen.push_back(title + round); });
+            model.addItem(title, [this, title, round] { chosen.push_back(title + round); });
         auto presets = std::make_shared<MenuItemModel>(0, "Presets");
         presets->setSubmenu(submenu);
+        presets->setImage([this] { return MenuImage{16, {picture, 0, 0, 1}}; });
         model.addItem(presets);
-    };
-    const auto mirrored = [](QMenu& menu, const QStringList& expected) {
-        return test::workUntil([&] { return texts(menu) == expected; });
-    };
-    fillModel("1", {"Lamp", "Lamp", "Desk_1"});
+    }
+    QStringList shown()
+    {
+        loop.runPosted();
+        return texts(menu);
+    }
+
+    ManualRunLoop loop;
+    MenuModel model;
+    const std::shared_ptr<MenuModel> submenu = std::make_shared<MenuModel>();
+    float picture = 0;
+    Names chosen;
     QMenu menu;
-    const StatusMenuMirror mirror(model, menu, MenuReader::SessionBus);
-    EXPECT_EQ(texts(menu), (QStringList{"Lamp", "Lamp", "Desk__1", "Presets"}));
+    MenuMirror mirror{model, menu, loop, MenuReader::SessionBus};
+};
+
+TEST_F(MirroredMenu, keepsWhatStaysWhileTheTrayHasItOpen)
+{
+    QMenu elsewhere;
+    const MenuMirror another(model, elsewhere, loop);
+    fill("1", {"Lamp", "Lamp", "Desk_1", "A & B\tCtrl+Q"});
+    EXPECT_EQ(shown(), (QStringList{"Lamp", "Lamp", "Desk__1", "A && B Ctrl+Q", "Presets"}));
+    EXPECT_EQ(texts(elsewhere)[2], "Desk_1");
     const auto before = menu.actions();
 
     // A strip that comes back has a new entry: one that shows already chooses it, at any time.
-    fillModel("2", {"Lamp", "Lamp", "Shelf"});
+    fill("2", {"Lamp", "Lamp", "Shelf"});
     before[0]->trigger();
     before[2]->trigger(); // is gone
-    ASSERT_TRUE(mirrored(menu, {"Lamp", "Lamp", "Shelf", "Presets"}));
+    EXPECT_EQ(shown(), (QStringList{"Lamp", "Lamp", "Shelf", "Presets"}));
     EXPECT_EQ(menu.actions()[0], before[0]);
     EXPECT_EQ(menu.actions()[1], before[1]);
     before[1]->trigger(); // of two with one title, the one in this place
     menu.actions()[2]->trigger();
     EXPECT_EQ(chosen, (Names{"Lamp2", "Lamp2", "Shelf2"}));
-
-    submenu->addItem("Evening", [&] { chosen = {"Evening"}; });
-    QMenu* below = menu.actions()[3]->menu();
-    ASSERT_TRUE(mirrored(*below, {"Evening"}));
-    below->actions()[0]->trigger();
-    EXPECT_EQ(chosen, Names{"Evening"});
     model.removeAllItems();
-    EXPECT_TRUE(mirrored(menu, {}));
+    EXPECT_EQ(shown(), QStringList{});
+    EXPECT_FALSE(menu.menuAction()->isEnabled());
+}
+
+TEST_F(MirroredMenu, followsOnceItIsClosedAndDrawsPicturesAnew)
+{
+    fill("1", {"Lamp"});
+    const auto hidden = std::make_shared<MenuItemModel>(0, "Hidden");
+    hidden->setHidden(true);
+    model.addItem(hidden);
+    ASSERT_EQ(shown(), (QStringList{"Lamp", "Presets"}));
+    QAction& presets = *menu.actions()[1];
+    EXPECT_FALSE(presets.isEnabled()); // there is nothing in it yet
+    submenu->addItem("Evening", [this] { chosen = {"Evening"}; });
+    loop.runPosted();
+    ASSERT_TRUE(presets.isEnabled());
+    presets.menu()->actions()[0]->trigger();
+    EXPECT_EQ(chosen, Names{"Evening"});
+
+    picture = 1;
+    menu.popup(QPoint());
+    EXPECT_EQ(presets.icon().pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::red));
+    fill("2", {"Desk"});
+    EXPECT_EQ(shown(), (QStringList{"Lamp", "Presets"}));
+    menu.close();
+    EXPECT_EQ(shown(), (QStringList{"Desk", "Presets"}));
 }
 
 TEST(Menus, leaveOutWhatCannotBeDone)
 {
     QMainWindow window;
+    ManualRunLoop loop;
     MenuActions actions;
     actions.quit = [] {};
-    addMenus(window, actions);
+    addMenus(window, actions, loop);
     EXPECT_EQ(texts(*menuNamed(window, "&File")), QStringList({"-", "&Quit"}));
     for (const char* title : {"&View", "&Lamps", "&Groups"})
         EXPECT_FALSE(menuNamed(window, title)) << title;
@@ -171,7 +155,7 @@ struct FullMenus : ::testing::Test {
         actions.quit = [this] { ++quits; };
         for (auto* kind : {&actions.groups, &actions.locations, &actions.tags})
             *kind = {nothing, &model, &model};
-        addMenus(window, actions);
+        addMenus(window, actions, loop);
     }
     QStringList ticked() const
     {
@@ -183,6 +167,7 @@ struct FullMenus : ::testing::Test {
         return list;
     }
 
+    ManualRunLoop loop;
     MenuModel model;
     int quits = 0;
     int theme = 1;
@@ -234,10 +219,10 @@ TEST_F(FullMenus, offerTheGroupsThatExist)
     const QAction* edit = groups.actions()[1];
     EXPECT_FALSE(edit->isEnabled());
     model.addItem("Study", [] {});
-    emit groups.aboutToShow();
+    loop.runPosted();
     EXPECT_TRUE(edit->isEnabled());
-    emit edit->menu()->aboutToShow();
     EXPECT_EQ(texts(*edit->menu()), QStringList{"Study"});
+    EXPECT_EQ(texts(*groups.actions()[2]->menu()), QStringList{"Study"}); // shown twice
 }
 
 TEST_F(FullMenus, haveMnemonicsAndShortcutsOfTheirOwn)

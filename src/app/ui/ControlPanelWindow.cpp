@@ -3,13 +3,14 @@
 #include "app/NavigationModel.h"
 #include "app/ui/AlertBox.h"
 #include "app/ui/BringToFront.h"
-#include "app/ui/MenuMirror.h"
 #include "app/ui/NavigationView.h"
 #include "app/ui/Throbber.h"
 #include "app/ui/WorkflowPopoverView.h"
 #include "strips/LayoutManager.h"
+#include "strips/MenuModel.h"
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/FadeIn.h"
+#include "strips/ui/MenuEntry.h"
 #include "strips/ui/Painting.h"
 
 #include <QGuiApplication>
@@ -235,7 +236,8 @@ void ControlPanelWindow::popUpMenu(MenuModel& menu, Point at)
 {
     auto* shown = new QMenu(this);
     shown->setAttribute(Qt::WA_DeleteOnClose);
-    mirrorMenu(*shown, menu);
+    for (const auto& item : menu.items())
+        addMenuEntry(*shown, borrowed(menu), item);
     shown->popup(mapToGlobal(QPoint(static_cast<int>(at.x), static_cast<int>(at.y))));
 }
 

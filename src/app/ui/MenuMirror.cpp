@@ -1,40 +1,81 @@
 #include "app/ui/MenuMirror.h"
 
 #include "strips/MenuModel.h"
-#include "strips/ui/MenuEntry.h"
 
 #include <QMenu>
 
 namespace lumeroom {
 
-namespace {
-
-void mirror(QMenu& menu, const Menu& model);
-
-void fill(QMenu& menu, const Menu& model)
+// The model changes entry by entry: the menu follows once, after the last. Nor may it lose its
+// entries while it is open, or while one of them is at work.
+MenuMirror::MenuMirror(const MenuModel& model, QMenu& menu, RunLoop& runLoop, MenuReader reader)
+    : m_model(model)
+    , m_menu(menu)
+    , m_runLoop(runLoop)
+    , m_reader(reader)
+    , m_fillSoon(runLoop,
+          [this] {
+              if (!m_menu.isVisible())
+                  fill();
+          })
+    , m_subscription(model.listen([this] { m_fillSoon.request(); }))
 {
-    menu.clear();
-    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
-    for (const auto& item : model->items()) {
-        QAction* action = addMenuEntry(menu, model, item);
-        if (const auto& submenu = item->submenu()) {
-            mirror(*action->menu(), submenu);
-            action->setEnabled(item->isEnabled() && !submenu->items().empty());
-        }
+    connect(&m_menu, &QMenu::aboutToHide, this, [this] { m_fillSoon.request(); });
+    connect(&m_menu, &QMenu::aboutToShow, this, &MenuMirror::drawImages);
+    fill();
+}
+
+bool MenuMirror::Entry::canShow(const MenuItemModel& other) const
+{
+    return item->isSeparator() == other.isSeparator() && item->submenu() == other.submenu()
+        && item->title() == other.title();
+}
+
+// What is the same from the top stays: over the bus a menu may be open without a word of it here,
+// and what the user chooses from it must still be there.
+void MenuMirror::fill()
+{
+    const auto& items = m_model.items();
+    std::size_t kept = 0;
+    for (; kept < m_entries.size() && kept < items.size(); ++kept) {
+        Entry& entry = m_entries[kept];
+        if (!entry.canShow(*items[kept]))
+            break;
+        entry.item = items[kept];
+        showMenuItem(*entry.action, borrowed(m_model), entry.item);
     }
+    while (m_entries.size() > kept)
+        removeLast();
+    for (; kept < items.size(); ++kept)
+        add(items[kept]);
+    m_menu.menuAction()->setEnabled(!items.empty());
 }
 
-void mirror(QMenu& menu, const Menu& model)
+void MenuMirror::add(const MenuItem& item)
 {
-    fill(menu, model);
-    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu, model] { fill(menu, model); });
+    QAction* action = addMenuEntry(m_menu, borrowed(m_model), item, m_reader);
+    m_entries.push_back({action, item, nullptr});
+    if (item->submenu())
+        m_entries.back().below
+            = std::make_unique<MenuMirror>(*item->submenu(), *action->menu(), m_runLoop, m_reader);
 }
 
-} // namespace
-
-void mirrorMenu(QMenu& menu, const MenuModel& model)
+// It may be the one that is at work.
+void MenuMirror::removeLast()
 {
-    mirror(menu, borrowed(model)); // submenus are owned, this one is not
+    Entry& last = m_entries.back();
+    m_menu.removeAction(last.action);
+    QObject* gone = last.item->submenu() ? static_cast<QObject*>(last.action->menu()) : last.action;
+    gone->deleteLater();
+    m_entries.pop_back();
+}
+
+void MenuMirror::drawImages()
+{
+    for (const Entry& entry : m_entries) {
+        if (entry.item->hasImage())
+            entry.action->setIcon(menuIcon(entry.item->image()));
+    }
 }
 
 } // namespace lumeroom

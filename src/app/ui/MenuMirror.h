@@ -1,13 +1,43 @@
 #pragma once
 
-class QMenu;
+#include "base/CallSoon.h"
+#include "base/Listeners.h"
+#include "strips/ui/MenuEntry.h"
+
+#include <QObject>
 
 namespace lumeroom {
 
-class MenuModel;
+/// Keeps a toolkit menu, with its submenus, as a menu model is. It follows soon after each change
+/// and not as it opens: the desktop's tray has to know its menu before that. A menu with nothing in
+/// it cannot be opened from the one that it is in. Pictures are drawn anew each time it opens.
+class MenuMirror : public QObject {
+    Q_OBJECT
 
-/// Keeps the menu as the model is, afresh each time it opens. The model has to last as long as the
-/// menu can be opened.
-void mirrorMenu(QMenu& menu, const MenuModel& model);
+public:
+    /// The menu lasts longer than the mirror; so does the model, until the menu is last opened.
+    MenuMirror(const MenuModel& model, QMenu& menu, RunLoop& runLoop,
+        MenuReader reader = MenuReader::Toolkit);
+
+private:
+    struct Entry {
+        QAction* action;
+        MenuItem item;
+        std::unique_ptr<MenuMirror> below; ///< of a submenu
+        bool canShow(const MenuItemModel& other) const;
+    };
+    void fill();
+    void add(const MenuItem& item);
+    void removeLast();
+    void drawImages();
+
+    const MenuModel& m_model;
+    QMenu& m_menu;
+    RunLoop& m_runLoop;
+    MenuReader m_reader;
+    CallSoon m_fillSoon;
+    Subscription m_subscription;
+    std::vector<Entry> m_entries;
+};
 
 } // namespace lumeroom

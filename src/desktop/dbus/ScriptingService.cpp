@@ -18,9 +18,10 @@ constexpr Seconds kBetweenSignals(0.1);
 ScriptingService::ScriptingService(const ProgramName& name, Scripting& scripting,
     ScriptingTree::Program program, RunLoop& runLoop, Log& log)
     : m_scripting(scripting)
-    , m_runLoop(runLoop)
     , m_bus(name.bus())
     , m_tree(scripting, std::move(program))
+    , m_tellSoon(
+          runLoop, [this] { tellChanges(); }, kBetweenSignals)
 {
     if (!name.isHeld()) {
         if (!name.hasBus())
@@ -29,20 +30,14 @@ ScriptingService::ScriptingService(const ProgramName& name, Scripting& scripting
     }
     m_told = m_tree.objects();
     m_bus.registerVirtualObject(bus::kRootPath, &m_tree, QDBusConnection::SubPath);
-    m_tree.onChange = [this] { tellSoon(); };
-    m_scripting.onChange = [this] { tellSoon(); };
+    m_tree.onChange = [this] { m_tellSoon.request(); };
+    m_scripting.onChange = [this] { m_tellSoon.request(); };
 }
 
 ScriptingService::~ScriptingService()
 {
     m_scripting.onChange = nullptr;
     m_bus.unregisterObject(bus::kRootPath);
-}
-
-void ScriptingService::tellSoon()
-{
-    if (!m_telling.isPending())
-        m_telling = m_runLoop.after(kBetweenSignals, [this] { tellChanges(); });
 }
 
 /// Compares what the objects are with what the bus was told of them last.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/RunLoop.h"
+#include "base/CallSoon.h"
 #include "desktop/dbus/ScriptingTree.h"
 
 #include <QDBusConnection>
@@ -20,17 +20,15 @@ public:
     ScriptingService& operator=(const ScriptingService&) = delete;
 
 private:
-    void tellSoon();
     void tellChanges();
     void emitSignal(const QString& path, const QString& interface, const QString& name,
         const QVariantList& arguments);
 
     Scripting& m_scripting;
-    RunLoop& m_runLoop;
     QDBusConnection m_bus;
     ScriptingTree m_tree;
     ScriptingTree::Objects m_told;
-    Timer m_telling;
+    CallSoon m_tellSoon;
 };
 
 } // namespace lumeroom

@@ -82,7 +82,6 @@ ColourPickerPopover::ColourPickerPopover()
 ColourPickerPopover::~ColourPickerPopover()
 {
     m_picker->onChange = nullptr; // the wells still hold the picker
-    m_brightness.onChange = nullptr;
 }
 
 QAbstractButton* ColourPickerPopover::addMode(const QString& title, ZTColourPicker::Control control)

@@ -51,7 +51,6 @@ void showMenuItem(QAction& action, const Menu& model, const MenuItem& item)
 {
     if (item->isSeparator())
         return;
-    action.setEnabled(item->isEnabled());
     action.setVisible(!item->isHidden());
     action.setToolTip(plainToolTip(QString::fromStdString(item->toolTip())));
     if (item->hasImage()) {
@@ -59,7 +58,8 @@ void showMenuItem(QAction& action, const Menu& model, const MenuItem& item)
         action.setIconVisibleInMenu(true);
     }
     QObject::disconnect(&action, &QAction::triggered, &action, nullptr);
-    if (!item->submenu()) {
+    if (!item->submenu()) { // else it depends on what there is in it
+        action.setEnabled(item->isEnabled());
         QObject::connect(
             &action, &QAction::triggered, &action, [model, item] { model->choose(item); });
     }

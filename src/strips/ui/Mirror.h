@@ -11,10 +11,12 @@ namespace lumeroom {
 /// Mirrors the model now and at each change, for as long as the view lives.
 template <typename View> void followModel(ControlModel& model, View* view, void (View::*mirror)())
 {
-    model.onChange = [view = QPointer<View>(view), mirror] {
+    auto subscription = model.listen([view = QPointer<View>(view), mirror] {
         if (view)
             (view->*mirror)();
-    };
+    });
+    // The connection holds it, and goes with the view.
+    QObject::connect(view, &QObject::destroyed, [subscription = std::move(subscription)] {});
     (view->*mirror)();
 }
 
