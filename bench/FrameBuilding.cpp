@@ -1,14 +1,13 @@
 #include "Baseline.h"
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
-#include "base/Pacer.h"
 #include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
 #include "engine/WireFormat.h"
 #include "support/LampReplies.h"
+#include "support/ManualRunLoop.h"
 
 #include <benchmark/benchmark.h>
 

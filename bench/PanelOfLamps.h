@@ -4,7 +4,6 @@
 #include "app/ui/ControlPanelWindow.h"
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
-#include "base/Pacer.h"
 #include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "desktop/QtRunLoop.h"
@@ -12,6 +11,7 @@
 #include "engine/EngineRoom.h"
 #include "support/FakeSockets.h"
 #include "support/LampReplies.h"
+#include "support/ManualRunLoop.h"
 
 #include <QApplication>
 

@@ -1,14 +1,13 @@
 #include "Baseline.h"
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
-#include "base/Pacer.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/AsyncUdpSocket.h"
 #include "engine/DatagramReader.h"
 #include "engine/EngineRoom.h"
 #include "support/LampReplies.h"
+#include "support/ManualRunLoop.h"
 
 #include <benchmark/benchmark.h>
 #include <poll.h>

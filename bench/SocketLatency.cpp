@@ -1,13 +1,12 @@
 #include "Baseline.h"
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
-#include "base/Pacer.h"
 #include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/AsyncUdpSocket.h"
 #include "engine/EngineRoom.h"
+#include "support/ManualRunLoop.h"
 
 #include <benchmark/benchmark.h>
 

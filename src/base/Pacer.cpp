@@ -2,7 +2,6 @@
 
 #include <pthread.h>
 
-#include <cmath>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
@@ -53,38 +52,11 @@ private:
     std::thread m_thread;
 };
 
-class PacedTimer : public PacedTask {
-public:
-    PacedTimer(RunLoop& runLoop, Pacer::Pass pass)
-        : m_runLoop(runLoop)
-        , m_pass(std::move(pass))
-        , m_timer(m_runLoop.after(Seconds(0), [this] { runPass(); }))
-    {
-    }
-
-private:
-    void runPass()
-    {
-        const Seconds pause = m_pass();
-        if (std::isfinite(pause.count()))
-            m_timer = m_runLoop.after(pause, [this] { runPass(); });
-    }
-
-    RunLoop& m_runLoop;
-    Pacer::Pass m_pass;
-    Timer m_timer;
-};
-
 } // namespace
 
 std::unique_ptr<PacedTask> ThreadPacer::start(std::string name, Pass pass)
 {
     return std::make_unique<PacedThread>(std::move(name), std::move(pass));
-}
-
-std::unique_ptr<PacedTask> RunLoopPacer::start(std::string, Pass pass)
-{
-    return std::make_unique<PacedTimer>(m_runLoop, std::move(pass));
 }
 
 } // namespace lumeroom

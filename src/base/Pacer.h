@@ -28,17 +28,4 @@ public:
     std::unique_ptr<PacedTask> start(std::string name, Pass pass) override;
 };
 
-/// Each task keeps its pace on a run loop: with `ManualRunLoop`, time moved by hand.
-class RunLoopPacer : public Pacer {
-public:
-    explicit RunLoopPacer(RunLoop& runLoop)
-        : m_runLoop(runLoop)
-    {
-    }
-    std::unique_ptr<PacedTask> start(std::string name, Pass pass) override;
-
-private:
-    RunLoop& m_runLoop;
-};
-
 } // namespace lumeroom

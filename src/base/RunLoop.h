@@ -40,7 +40,10 @@ public:
     virtual void post(std::function<void()> work) = 0;
     /// Runs `work` once, `delay` from now, unless the timer is dropped first. Main thread only.
     [[nodiscard]] Timer after(Seconds delay, std::function<void()> work);
+    /// The wall clock, for what a person reads. It may be set to another time at any moment.
     virtual TimePoint now() const = 0;
+    /// A steady clock, for every duration. Where it starts means nothing.
+    virtual Seconds elapsed() const = 0;
 
 protected:
     virtual void schedule(Seconds delay, std::function<void()> work) = 0;

@@ -11,6 +11,7 @@ class QtRunLoop : public RunLoop {
 public:
     void post(std::function<void()> work) override;
     TimePoint now() const override { return std::chrono::system_clock::now(); }
+    Seconds elapsed() const override { return std::chrono::steady_clock::now().time_since_epoch(); }
 
 protected:
     void schedule(Seconds delay, std::function<void()> work) override;

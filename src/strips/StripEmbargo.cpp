@@ -12,7 +12,7 @@ constexpr Seconds kNextLook(2.0);
 
 void StripEmbargo::imposeTemporaryEmbargo()
 {
-    m_until = m_runLoop.now() + std::chrono::round<TimePoint::duration>(kEmbargo);
+    m_until = m_runLoop.elapsed() + kEmbargo;
     if (m_set)
         return;
     m_set = true;
@@ -22,7 +22,7 @@ void StripEmbargo::imposeTemporaryEmbargo()
 // Whoever else has set the flag since is not asked: a strip that fell out of use hears no reports.
 void StripEmbargo::removeEmbargo()
 {
-    if (m_runLoop.now() <= m_until) {
+    if (m_runLoop.elapsed() <= m_until) {
         m_timer = m_runLoop.after(kNextLook, [this] { removeEmbargo(); });
         return;
     }

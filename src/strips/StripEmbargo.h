@@ -45,7 +45,7 @@ private:
     RunLoop& m_runLoop;
     std::function<void()> m_lifted;
     bool m_set = false;
-    TimePoint m_until;
+    Seconds m_until{}; ///< on the run loop's steady clock
     Timer m_timer;
 };
 

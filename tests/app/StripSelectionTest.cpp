@@ -1,8 +1,8 @@
 #include "app/StripSelection.h"
 
 #include "FakePanel.h"
-#include "base/ManualRunLoop.h"
 #include "base/UserDefaults.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "base/CallSoon.h"
 #include "base/Listeners.h"
 #include "base/LocalTime.h"
-#include "base/ManualRunLoop.h"
 #include "base/Pacer.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "base/UserDefaults.h"
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
 #include "base/PropertyList.h"
 #include "base/RegisteredDefaults.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,4 +1,3 @@
-#include "base/ManualRunLoop.h"
 #include "base/UserDefaults.h"
 #include "strips/ColourArchive.h"
 #include "strips/ui/CircularSliderView.h"
@@ -6,6 +5,7 @@
 #include "strips/ui/ColourWellDrag.h"
 #include "strips/ui/ColourWellView.h"
 #include "strips/ui/SliderView.h"
+#include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
 #include <QApplication>

@@ -3,7 +3,6 @@
 #include "app/ui/WorkflowPopoverView.h"
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
 #include "base/UserDefaults.h"
 #include "desktop/CommandLine.h"
 #include "desktop/Demonstration.h"
@@ -17,6 +16,7 @@
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/SliderView.h"
+#include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "app/ui/ExplorerWindow.h"
-#include "base/ManualRunLoop.h"
 #include "support/EngineAndLamps.h"
+#include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
 #include <QAbstractItemModelTester>

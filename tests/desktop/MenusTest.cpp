@@ -1,9 +1,9 @@
 #include "desktop/Menus.h"
 #include "app/ui/MenuMirror.h"
-#include "base/ManualRunLoop.h"
 #include "desktop/MakerSite.h"
 #include "desktop/Version.h"
 #include "strips/MenuModel.h"
+#include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
 #include <QAction>

@@ -1,11 +1,11 @@
 #include "desktop/dbus/ScriptingTree.h"
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
 #include "base/UserDefaults.h"
 #include "desktop/SettingsFile.h"
 #include "desktop/dbus/ProgramIdentity.h"
 #include "desktop/dbus/StripProperties.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "app/ui/SettingsWindow.h"
 #include "app/ui/SettingEditors.h"
 #include "base/DefaultsKeys.h"
-#include "base/ManualRunLoop.h"
 #include "base/RegisteredDefaults.h"
+#include "support/ManualRunLoop.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "base/ManualRunLoop.h"
 #include "base/UserDefaults.h"
 #include "strips/LayoutManager.h"
 #include "strips/ui/ControlStripView.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 

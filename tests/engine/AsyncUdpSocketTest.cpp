@@ -1,8 +1,8 @@
 #include "engine/AsyncUdpSocket.h"
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
 #include "engine/HostResolver.h"
+#include "support/ManualRunLoop.h"
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>

@@ -5,7 +5,7 @@
 #include "engine/SystemArpTable.h"
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

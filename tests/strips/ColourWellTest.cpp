@@ -1,9 +1,9 @@
 #include "base/DefaultsKeys.h"
-#include "base/ManualRunLoop.h"
 #include "base/UserDefaults.h"
 #include "engine/Records.h"
 #include "strips/ColourArchive.h"
 #include "strips/ColourWellModel.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 

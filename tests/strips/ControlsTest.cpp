@@ -1,5 +1,5 @@
-#include "base/ManualRunLoop.h"
 #include "strips/LampSelectionView.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
-#include "base/Pacer.h"
 #include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
@@ -10,6 +8,7 @@
 #include "engine/QVLIFXEngineDelegate.h"
 #include "support/FakeSockets.h"
 #include "support/LampReplies.h"
+#include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 

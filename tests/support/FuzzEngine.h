@@ -1,12 +1,11 @@
 #pragma once
 
 #include "base/Log.h"
-#include "base/ManualRunLoop.h"
-#include "base/Pacer.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
 #include "support/LampReplies.h"
+#include "support/ManualRunLoop.h"
 
 namespace lumeroom::test {
 
