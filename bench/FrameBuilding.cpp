@@ -88,7 +88,7 @@ void sendSettingsToLamp(benchmark::State& state)
     const std::string id = test::lampID(1);
     Settings settings;
     settings.brightness = 9;
-    count(state, [&] { engine.sendSettingsToLamp(settings, id); });
+    count(state, [&] { engine.commands().sendSettingsToLamp(settings, id); });
 }
 
 } // namespace

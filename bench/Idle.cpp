@@ -46,7 +46,7 @@ public:
     }
     std::size_t known() const
     {
-        return static_cast<std::size_t>(std::ranges::count_if(m_engine.lightsArray(),
+        return static_cast<std::size_t>(std::ranges::count_if(m_engine.registry().lightsArray(),
             [](const auto& lamp) { return lamp->product && lamp->brightness && lamp->group; }));
     }
     std::size_t answers() const { return m_answers; }

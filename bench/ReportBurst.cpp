@@ -106,7 +106,7 @@ void longestPause(benchmark::State& state)
         while (!gaps.isOver())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         for (unsigned lamp = 0; lamp < reports; ++lamp) {
-            const auto record = panel.engine.lightsArray()[lamp];
+            const auto record = panel.engine.registry().lightsArray()[lamp];
             if (record->onoff != (turn % 2 == 0))
                 state.SkipWithError("reports were lost");
         }

@@ -122,7 +122,7 @@ void sendSettingsToLamp(benchmark::State& state)
         for (auto _ : state) {
             settings.brightness = brightness++ % 256;
             const auto start = Clock::now();
-            with.engine.sendSettingsToLamp(settings, "d000000000000000");
+            with.engine.commands().sendSettingsToLamp(settings, "d000000000000000");
             state.SetIterationTime(receiver.waitFrom(start));
         }
         PlainSocket().sendTo(with.address, kEnd);

@@ -68,7 +68,7 @@ void GroupWorkflows::make(GroupingKind kind, const Strips& strips, const std::st
     if (strips.empty())
         return;
     m_panel.saveWindowState();
-    (m_engineRoom.*groupingFamily(kind).make)(referencesTo(strips), name);
+    groupingFamily(kind).make(m_engineRoom, referencesTo(strips), name);
     if (m_panel.isShown(kind))
         m_panel.rebuild();
 }
@@ -78,13 +78,13 @@ void GroupWorkflows::editStep1(GroupingKind kind, const std::string& name)
     if (anotherIsOpen())
         return;
     const GroupingFamily& family = groupingFamily(kind);
-    const auto id = family.idForName(m_engineRoom, name);
+    const auto id = family.idForName(m_engineRoom.registry(), name);
     if (!id) {
         if (m_log.shows(1))
             m_log.line("{}{}:", family.notFound, name);
         return;
     }
-    const Lamps lamps = (m_engineRoom.*family.lamps)(*id);
+    const Lamps lamps = (m_engineRoom.registry().*family.lamps)(*id);
     m_panel.navigateLampsInTypeID(
         std::string(family.editDescription) + name, StripType::None, std::string(kAllLampsId));
     m_panel.setSelectedLampStripsAndShow(stripsOf(lamps, name));
@@ -121,8 +121,8 @@ void GroupWorkflows::editPopoverClose(GroupingKind kind, int tag, const std::str
     m_panel.hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag) {
         const GroupingFamily& family = groupingFamily(kind);
-        if (const auto id = family.idForName(m_engineRoom, name))
-            (m_engineRoom.*family.edit)(*id, referencesTo(m_panel.getSelectedLampStrips()));
+        if (const auto id = family.idForName(m_engineRoom.registry(), name))
+            family.edit(m_engineRoom, *id, referencesTo(m_panel.getSelectedLampStrips()));
         else
             m_log.line("unable to find ID for {}", name);
     }
@@ -137,8 +137,8 @@ void GroupWorkflows::remove(GroupingKind kind, const std::string& name)
         {"Are you sure?", std::string(family.deleteText) + name, {"Delete", "Cancel"}});
     if (pressed != 0)
         return;
-    if (const auto id = family.idForName(m_engineRoom, name))
-        (m_engineRoom.*family.remove)(*id);
+    if (const auto id = family.idForName(m_engineRoom.registry(), name))
+        family.remove(m_engineRoom, *id);
     m_panel.rebuild();
 }
 
@@ -155,7 +155,7 @@ void GroupWorkflows::fillMenusOf(GroupingKind kind)
     Menus& filled = menus(kind);
     filled.edit.removeAllItems();
     filled.remove.removeAllItems();
-    for (const std::string& name : groupingFamily(kind).names(m_engineRoom)) {
+    for (const std::string& name : groupingFamily(kind).names(m_engineRoom.registry())) {
         filled.edit.addItem(name, [this, kind, name] { editStep1(kind, name); });
         filled.remove.addItem(name, [this, kind, name] { remove(kind, name); });
     }

@@ -15,6 +15,13 @@ template <typename Records> std::vector<std::string> labels(const Records& recor
     return list;
 }
 
+/// An operation of one of the engine's parts.
+template <auto kPart, auto kOperation, typename... Arguments>
+void perform(EngineRoom& engine, Arguments... arguments)
+{
+    ((engine.*kPart)().*kOperation)(arguments...);
+}
+
 constexpr std::array<GroupingFamily, 3> kFamilies{{
     {
         .type = StripType::Group,
@@ -25,13 +32,13 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         .makeTitle = "Select the lamps for the new group and name it:",
         .editTitle = "Select the lamps of this group:",
         .makeConfirm = "Make Group",
-        .make = &EngineRoom::makeGroupNamed,
-        .edit = &EngineRoom::editGroupLamps,
-        .remove = &EngineRoom::removeGroupWithID,
-        .lamps = &EngineRoom::lightsArrayForGroup,
-        .idForName = [](const EngineRoom& engine,
-                         std::string_view name) { return engine.IDForGroupNamed(name); },
-        .names = [](const EngineRoom& engine) { return labels(engine.groupsArray()); },
+        .make = perform<&EngineRoom::groupings, &GroupingCommands::makeGroupNamed>,
+        .edit = perform<&EngineRoom::groupings, &GroupingCommands::editGroupLamps>,
+        .remove = perform<&EngineRoom::groupings, &GroupingCommands::removeGroupWithID>,
+        .lamps = &LampRegistry::lightsArrayForGroup,
+        .idForName = [](const LampRegistry& registry,
+                         std::string_view name) { return registry.IDForGroupNamed(name); },
+        .names = [](const LampRegistry& registry) { return labels(registry.groupsArray()); },
     },
     {
         .type = StripType::Location,
@@ -42,15 +49,15 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         .makeTitle = "Select the lamps for the new location and name it:",
         .editTitle = "Select the lamps of this location:",
         .makeConfirm = "Make Location",
-        .make = &EngineRoom::makeLocationNamed,
-        .edit = &EngineRoom::editLocationLamps,
+        .make = perform<&EngineRoom::groupings, &GroupingCommands::makeLocationNamed>,
+        .edit = perform<&EngineRoom::groupings, &GroupingCommands::editLocationLamps>,
         // A location is removed the way a group is. The engine knows no group of its ID, so the
         // lamps keep the location, and the user is told of a group.
-        .remove = &EngineRoom::removeGroupWithID,
-        .lamps = &EngineRoom::lightsArrayForLocation,
-        .idForName = [](const EngineRoom& engine,
-                         std::string_view name) { return engine.IDForLocationNamed(name); },
-        .names = [](const EngineRoom& engine) { return labels(engine.locationssArray()); },
+        .remove = perform<&EngineRoom::groupings, &GroupingCommands::removeGroupWithID>,
+        .lamps = &LampRegistry::lightsArrayForLocation,
+        .idForName = [](const LampRegistry& registry,
+                         std::string_view name) { return registry.IDForLocationNamed(name); },
+        .names = [](const LampRegistry& registry) { return labels(registry.locationssArray()); },
     },
     {
         .type = StripType::Tag,
@@ -61,14 +68,14 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         .makeTitle = "Select the lamps for the new tag and name it:",
         .editTitle = "Select the lamps with this tag:",
         .makeConfirm = "Make Tag",
-        .make = &EngineRoom::makeTagNamed,
-        .edit = &EngineRoom::editTagLamps,
-        .remove = &EngineRoom::removeTag,
-        .lamps = &EngineRoom::lightsArrayForTag,
-        .idForName = [](const EngineRoom&, std::string_view name) -> std::optional<std::string> {
+        .make = perform<&EngineRoom::tags, &TagCommands::makeTagNamed>,
+        .edit = perform<&EngineRoom::tags, &TagCommands::editTagLamps>,
+        .remove = perform<&EngineRoom::tags, &TagCommands::removeTag>,
+        .lamps = &LampRegistry::lightsArrayForTag,
+        .idForName = [](const LampRegistry&, std::string_view name) -> std::optional<std::string> {
             return std::string(name);
         }, // a tag is its name
-        .names = [](const EngineRoom& engine) { return labels(engine.tagsArray()); },
+        .names = [](const LampRegistry& registry) { return labels(registry.tagsArray()); },
     },
 }};
 

@@ -20,14 +20,14 @@ struct GroupingFamily {
     std::string_view editTitle;
     std::string_view makeConfirm;
 
-    void (EngineRoom::*make)(const LampReferences& lamps, const std::string& name);
-    void (EngineRoom::*edit)(std::string_view id, const LampReferences& lamps);
-    void (EngineRoom::*remove)(std::string_view id);
-    Lamps (EngineRoom::*lamps)(std::string_view id) const;
+    void (*make)(EngineRoom& engine, const LampReferences& lamps, const std::string& name);
+    void (*edit)(EngineRoom& engine, std::string_view id, const LampReferences& lamps);
+    void (*remove)(EngineRoom& engine, std::string_view id);
+    Lamps (LampRegistry::*lamps)(std::string_view id) const;
 
     /// The ID of the first with this name; nothing if there is none.
-    std::optional<std::string> (*idForName)(const EngineRoom& engine, std::string_view name);
-    std::vector<std::string> (*names)(const EngineRoom& engine);
+    std::optional<std::string> (*idForName)(const LampRegistry& registry, std::string_view name);
+    std::vector<std::string> (*names)(const LampRegistry& registry);
 };
 
 const GroupingFamily& groupingFamily(GroupingKind kind);

@@ -2,7 +2,7 @@
 
 #include "base/DefaultsKeys.h"
 #include "base/UserDefaults.h"
-#include "engine/EngineRoom.h"
+#include "engine/LampRegistry.h"
 
 #include <fmt/format.h>
 
@@ -24,8 +24,8 @@ std::int64_t integerTagForPreset(const Value& preset)
 
 } // namespace
 
-LampsPopUp::LampsPopUp(const EngineRoom& engineRoom, const UserDefaults& defaults)
-    : m_engineRoom(engineRoom)
+LampsPopUp::LampsPopUp(const LampRegistry& registry, const UserDefaults& defaults)
+    : m_registry(registry)
     , m_defaults(defaults)
 {
 }
@@ -33,14 +33,14 @@ LampsPopUp::LampsPopUp(const EngineRoom& engineRoom, const UserDefaults& default
 void LampsPopUp::populateLampsPopUp()
 {
     m_menu.removeAllItems();
-    for (const auto& lamp : m_engineRoom.lightsArray())
-        add("lamp", lamp->label, m_engineRoom.integerTagForLamp(*lamp));
-    for (const auto& group : m_engineRoom.groupsArray())
-        add("group", group->label, m_engineRoom.integerTagForGroup(*group));
-    for (const auto& location : m_engineRoom.locationssArray())
-        add("location", location->label, m_engineRoom.integerTagForLocation(*location));
-    for (const auto& tag : m_engineRoom.tagsArray())
-        add("tag", tag->label, m_engineRoom.integerTagForTag(*tag));
+    for (const auto& lamp : m_registry.lightsArray())
+        add("lamp", lamp->label, m_registry.integerTagForLamp(*lamp));
+    for (const auto& group : m_registry.groupsArray())
+        add("group", group->label, integerTagForGroup(*group));
+    for (const auto& location : m_registry.locationssArray())
+        add("location", location->label, integerTagForLocation(*location));
+    for (const auto& tag : m_registry.tagsArray())
+        add("tag", tag->label, integerTagForTag(*tag));
     add("group", "All", 0);
     for (const Value& preset : m_defaults.arrayForKey(keys::kPresets).value_or(Value::Array())) {
         const Value* name = preset.find(kPresetName);

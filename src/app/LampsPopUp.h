@@ -4,14 +4,14 @@
 
 namespace lumeroom {
 
-class EngineRoom;
+class LampRegistry;
 class UserDefaults;
 
 /// The pop-up of everything that can be controlled, from which a schedule takes its target: the
 /// number that an entry represents.
 class LampsPopUp {
 public:
-    LampsPopUp(const EngineRoom& engineRoom, const UserDefaults& defaults);
+    LampsPopUp(const LampRegistry& registry, const UserDefaults& defaults);
 
     MenuModel& menu() { return m_menu; }
     /// Fills it with what there is now.
@@ -20,7 +20,7 @@ public:
 private:
     void add(std::string_view kind, const std::string& name, std::int64_t tag);
 
-    const EngineRoom& m_engineRoom;
+    const LampRegistry& m_registry;
     const UserDefaults& m_defaults;
     MenuModel m_menu;
 };

@@ -22,13 +22,13 @@ ManualController::ManualController(
     , m_log(log)
     , m_engineRoom(engineRoom)
     , m_panel(panel)
-    , m_statusMenu(engineRoom, defaults,
+    , m_statusMenu(engineRoom.registry(), defaults,
           {.showManualControl = [this] { showManualControl(); },
               .allOn = [this] { allOn(); },
               .allOff = [this] { allOff(); }})
-    , m_lampsPopUp(engineRoom, defaults)
+    , m_lampsPopUp(engineRoom.registry(), defaults)
     , m_panelSetUp({runLoop, defaults, log, engineRoom, panel, *this, companions()})
-    , m_reports(engineRoom, m_panelSetUp.collection(), m_panelSetUp.factory(), log)
+    , m_reports(engineRoom.summaries(), m_panelSetUp.collection(), m_panelSetUp.factory(), log)
     , m_stage(m_panelSetUp, panel)
     , m_workflows(engineRoom, log, m_stage)
     , m_scripting(m_panelSetUp.collection(), log, scriptingActions())
@@ -136,14 +136,14 @@ void ManualController::showManualControl()
 
 void ManualController::allOn()
 {
-    m_engineRoom.allOn(true);
+    m_engineRoom.commands().allOn(true);
 }
 
 void ManualController::allOff()
 {
     for (const auto& strip : collection())
         strip->stopEffect();
-    m_engineRoom.allOn(false);
+    m_engineRoom.commands().allOn(false);
 }
 
 void ManualController::windowDidEndLiveResize()
@@ -156,7 +156,7 @@ void ManualController::windowDidEndLiveResize()
 
 Strips ManualController::getStripsInGroup(std::string_view id) const
 {
-    return m_panelSetUp.collection().stripsOfLamps(m_engineRoom.lightsArrayForGroup(id));
+    return m_panelSetUp.collection().stripsOfLamps(m_engineRoom.registry().lightsArrayForGroup(id));
 }
 
 // A burst of lamps makes one rebuild, 1.5 seconds after the first.
@@ -183,13 +183,13 @@ void ManualController::updateStrips()
 {
     const Navigation& navigation = m_panelSetUp.navigation();
     if (navigation.shows(StripType::Lamp))
-        m_reports.updateLamps(m_engineRoom.lightsArray());
+        m_reports.updateLamps(m_engineRoom.registry().lightsArray());
     if (navigation.shows(StripType::Group))
-        m_reports.updateGroups(m_engineRoom.groupsArray());
+        m_reports.updateGroups(m_engineRoom.registry().groupsArray());
     if (navigation.shows(StripType::Location))
-        m_reports.updateLocations(m_engineRoom.locationssArray());
+        m_reports.updateLocations(m_engineRoom.registry().locationssArray());
     if (navigation.shows(StripType::Tag))
-        m_reports.updateTags(m_engineRoom.tagsArray());
+        m_reports.updateTags(m_engineRoom.registry().tagsArray());
     if (navigation.model().all.state())
         m_reports.updateGroupAll();
     m_statusMenu.updateDockIcon();
@@ -203,7 +203,7 @@ void ManualController::lampZoneStatesChanged()
 
 void ManualController::updateLampStrips()
 {
-    m_reports.updateLamps(m_engineRoom.lightsArray());
+    m_reports.updateLamps(m_engineRoom.registry().lightsArray());
     m_scripting.invalidate();
 }
 
@@ -232,15 +232,15 @@ void ManualController::sendSettingsToStripsInGroup(
 Lamps ManualController::lampsOfGroupStrip(const std::string& id) const
 {
     if (id == kAllLampsId)
-        return m_engineRoom.lightsArray();
+        return m_engineRoom.registry().lightsArray();
     const auto strip = m_panelSetUp.collection().getGroupStripWithID(id);
     switch (strip ? strip->type() : StripType::None) {
     case StripType::Group:
-        return m_engineRoom.lightsArrayForGroup(id);
+        return m_engineRoom.registry().lightsArrayForGroup(id);
     case StripType::Location:
-        return m_engineRoom.lightsArrayForLocation(id);
+        return m_engineRoom.registry().lightsArrayForLocation(id);
     case StripType::Tag:
-        return m_engineRoom.lightsArrayForTag(id);
+        return m_engineRoom.registry().lightsArrayForTag(id);
     default:
         return {};
     }

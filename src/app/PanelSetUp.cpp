@@ -72,16 +72,16 @@ void PanelSetUp::setUp()
 std::optional<Lamps> PanelSetUp::lampsToShow() const
 {
     const auto& filter = m_navigation.filter();
-    const EngineRoom& engine = m_environment.engineRoom;
+    const LampRegistry& registry = m_environment.engineRoom.registry();
     switch (m_navigation.filterType()) {
     case StripType::None:
-        return engine.lightsArray();
+        return registry.lightsArray();
     case StripType::Group:
-        return engine.lightsArrayForGroup(filter->id);
+        return registry.lightsArrayForGroup(filter->id);
     case StripType::Location:
-        return engine.lightsArrayForLocation(filter->id);
+        return registry.lightsArrayForLocation(filter->id);
     case StripType::Tag:
-        return engine.lightsArrayForTag(filter->id);
+        return registry.lightsArrayForTag(filter->id);
     default:
         return {};
     }
@@ -108,36 +108,37 @@ void PanelSetUp::addGroupStrips()
     m_nextTag = 0;
     if (m_navigation.filter())
         return;
-    EngineRoom& engine = m_environment.engineRoom;
+    const LampRegistry& registry = m_environment.engineRoom.registry();
+    const Summaries& summaries = m_environment.engineRoom.summaries();
     const auto add = [this](const StripRecord& record, StripType type, int tag) {
         addStrip(record, type, tag);
         m_environment.companions.addToStatusMenu(m_collection.strips().back());
     };
     if (m_navigation.shows(StripType::Group)) {
-        for (const auto& group : engine.groupsArray())
-            add(StripRecord::of(group->id, group->label, engine.settingsForGroup(group->id)),
+        for (const auto& group : registry.groupsArray())
+            add(StripRecord::of(group->id, group->label, summaries.settingsForGroup(group->id)),
                 StripType::Group, m_nextTag++);
     }
     if (m_navigation.shows(StripType::Location)) {
-        for (const auto& location : engine.locationssArray())
+        for (const auto& location : registry.locationssArray())
             add(StripRecord::of(
-                    location->id, location->label, engine.settingsForLocation(location->id)),
+                    location->id, location->label, summaries.settingsForLocation(location->id)),
                 StripType::Location, m_nextTag++);
     }
     if (m_navigation.shows(StripType::Tag)) {
-        for (const auto& tag : engine.tagsArray())
-            add(StripRecord::of(tag->id, tag->label, engine.settingsForTag(tag->id)),
+        for (const auto& tag : registry.tagsArray())
+            add(StripRecord::of(tag->id, tag->label, summaries.settingsForTag(tag->id)),
                 StripType::Tag, m_nextTag++);
     }
     if (m_navigation.model().all.state())
-        add(StripRecord::ofAll(engine.settingsForGroup(kAllLampsId)), StripType::Group, 0);
+        add(StripRecord::ofAll(summaries.settingsForGroup(kAllLampsId)), StripType::Group, 0);
 }
 
 void PanelSetUp::addZoneStrips()
 {
     if (m_navigation.filterType() != StripType::Zone)
         return;
-    const auto lamp = m_environment.engineRoom.lampWithID(m_navigation.filter()->id);
+    const auto lamp = m_environment.engineRoom.registry().lampWithID(m_navigation.filter()->id);
     if (!lamp)
         return;
     for (const Zone& zone : lamp->zonesInOrder())

@@ -2,14 +2,14 @@
 
 #include "base/DefaultsKeys.h"
 #include "base/UserDefaults.h"
-#include "engine/EngineRoom.h"
+#include "engine/LampRegistry.h"
 
 #include <algorithm>
 
 namespace lumeroom {
 
-StatusMenu::StatusMenu(const EngineRoom& engineRoom, const UserDefaults& defaults, Actions actions)
-    : m_engineRoom(engineRoom)
+StatusMenu::StatusMenu(const LampRegistry& registry, const UserDefaults& defaults, Actions actions)
+    : m_registry(registry)
     , m_defaults(defaults)
     , m_actions(std::move(actions))
     , m_statusPeresetSubMenu(std::make_shared<MenuModel>("Presets"))
@@ -43,7 +43,7 @@ void StatusMenu::addStrip(LampControlStrip& strip)
 
 void StatusMenu::countLampsLit()
 {
-    const Lamps& lamps = m_engineRoom.lightsArray();
+    const Lamps& lamps = m_registry.lightsArray();
     m_lightsOn = static_cast<int>(std::count_if(
         lamps.begin(), lamps.end(), [](const auto& lamp) { return lamp->onoff.value_or(false); }));
 }

@@ -4,7 +4,7 @@
 
 namespace lumeroom {
 
-class EngineRoom;
+class LampRegistry;
 class UserDefaults;
 
 /// The menu of the status item in the desktop's tray, with direct control of each target, and the
@@ -16,7 +16,7 @@ public:
         std::function<void()> allOn;
         std::function<void()> allOff;
     };
-    StatusMenu(const EngineRoom& engineRoom, const UserDefaults& defaults, Actions actions);
+    StatusMenu(const LampRegistry& registry, const UserDefaults& defaults, Actions actions);
 
     /// The desktop's way to show this number on the program's icon; nothing clears it.
     std::function<void(std::optional<int>)> setBadgeLabel;
@@ -42,7 +42,7 @@ public:
     bool applicationShouldHandleReopen();
 
 private:
-    const EngineRoom& m_engineRoom;
+    const LampRegistry& m_registry;
     const UserDefaults& m_defaults;
     Actions m_actions;
     MenuModel m_statusMenu;

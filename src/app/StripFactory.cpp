@@ -103,8 +103,8 @@ void StripFactory::setUpNavigationButton(LampControlStrip& strip) const
     if (!leadsOn)
         return;
     // Locations and tags are counted as groups: of two things with one ID, the group counts.
-    button.setToolTip(fmt::format(
-        "View {} lamps", m_environment.engineRoom.lightsArrayForGroup(strip.getID()).size()));
+    button.setToolTip(fmt::format("View {} lamps",
+        m_environment.engineRoom.registry().lightsArrayForGroup(strip.getID()).size()));
     switch (strip.type()) {
     case StripType::Location:
         button.setAction([&navigation, target] { navigation.navigateToLocation(*target); });

@@ -3,13 +3,13 @@
 #include "app/StripCollection.h"
 #include "app/StripFactory.h"
 #include "base/Log.h"
-#include "engine/EngineRoom.h"
+#include "engine/Summaries.h"
 
 namespace lumeroom {
 
-StripReports::StripReports(const EngineRoom& engineRoom, const StripCollection& collection,
+StripReports::StripReports(const Summaries& summaries, const StripCollection& collection,
     const StripFactory& factory, Log& log)
-    : m_engineRoom(engineRoom)
+    : m_summaries(summaries)
     , m_collection(collection)
     , m_factory(factory)
     , m_log(log)
@@ -36,19 +36,19 @@ void StripReports::updateLamps(const Lamps& lamps) const
 void StripReports::updateGroups(const Groups& groups) const
 {
     for (const auto& group : groups)
-        showSummary(group->id, m_engineRoom.settingsForGroup(group->id));
+        showSummary(group->id, m_summaries.settingsForGroup(group->id));
 }
 
 void StripReports::updateLocations(const Locations& locations) const
 {
     for (const auto& location : locations)
-        showSummary(location->id, m_engineRoom.settingsForLocation(location->id));
+        showSummary(location->id, m_summaries.settingsForLocation(location->id));
 }
 
 void StripReports::updateTags(const Tags& tags) const
 {
     for (const auto& tag : tags)
-        showSummary(tag->id, m_engineRoom.settingsForTag(tag->id));
+        showSummary(tag->id, m_summaries.settingsForTag(tag->id));
 }
 
 void StripReports::updateGroupAll() const
@@ -58,7 +58,7 @@ void StripReports::updateGroupAll() const
             m_log.line("can't find all group");
         return;
     }
-    showSummary(kAllLampsId, m_engineRoom.settingsForGroup(kAllLampsId));
+    showSummary(kAllLampsId, m_summaries.settingsForGroup(kAllLampsId));
 }
 
 void StripReports::showSummary(std::string_view id, const Settings& summary) const

@@ -4,16 +4,16 @@
 
 namespace lumeroom {
 
-class EngineRoom;
 class Log;
 class StripCollection;
 class StripFactory;
+class Summaries;
 struct Settings;
 
 /// Brings what the engine knows to the strips, without anything being sent back.
 class StripReports {
 public:
-    StripReports(const EngineRoom& engineRoom, const StripCollection& collection,
+    StripReports(const Summaries& summaries, const StripCollection& collection,
         const StripFactory& factory, Log& log);
 
     void updateLamps(const Lamps& lamps) const;
@@ -25,7 +25,7 @@ public:
 private:
     void showSummary(std::string_view id, const Settings& summary) const;
 
-    const EngineRoom& m_engineRoom;
+    const Summaries& m_summaries;
     const StripCollection& m_collection;
     const StripFactory& m_factory;
     Log& m_log;

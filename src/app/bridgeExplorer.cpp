@@ -1,6 +1,6 @@
 #include "app/bridgeExplorer.h"
 
-#include "engine/EngineRoom.h"
+#include "engine/LampRegistry.h"
 #include "engine/LampUnits.h"
 
 #include <fmt/core.h>
@@ -90,8 +90,8 @@ Value::Dictionary readableLamp(Value::Dictionary lamp)
     return lamp;
 }
 
-bridgeExplorer::bridgeExplorer(const EngineRoom& engineRoom)
-    : m_engineRoom(engineRoom)
+bridgeExplorer::bridgeExplorer(const LampRegistry& registry)
+    : m_registry(registry)
     , m_explorerDictionary(std::make_shared<const Value::Dictionary>())
 {
 }
@@ -107,7 +107,7 @@ void bridgeExplorer::refresh()
 {
     Value::Dictionary lights;
     // By name: of two lamps with one label the later shows.
-    for (const auto& lamp : m_engineRoom.lightsArray())
+    for (const auto& lamp : m_registry.lightsArray())
         lights.insert_or_assign(lamp->label, readableLamp(lamp->toDictionary()));
     m_explorerDictionary = std::make_shared<const Value::Dictionary>(
         Value::Dictionary{{"Lights", std::move(lights)}});

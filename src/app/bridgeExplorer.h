@@ -7,7 +7,7 @@
 
 namespace lumeroom {
 
-class EngineRoom;
+class LampRegistry;
 
 /// An item of the explorer's tree: a key and the dictionary that it belongs to. A leaf has no
 /// parent, and its text as the key.
@@ -23,7 +23,7 @@ struct keyValPair {
 /// Shows what the engine knows of each lamp as a tree of names and values.
 class bridgeExplorer {
 public:
-    explicit bridgeExplorer(const EngineRoom& engineRoom);
+    explicit bridgeExplorer(const LampRegistry& registry);
 
     /// Loads the data anew and brings the window to the front.
     void loadData();
@@ -41,7 +41,7 @@ public:
     std::function<void()> reloadData;
 
 private:
-    const EngineRoom& m_engineRoom;
+    const LampRegistry& m_registry;
     std::shared_ptr<const Value::Dictionary> m_explorerDictionary;
 };
 

@@ -41,7 +41,7 @@ Application::Application(const CommandLine& commandLine, const ProgramName& name
           {m_runLoop, m_pacer, m_defaults, m_log, m_io.socketFactory(), readProducts, m_arpTable})
     , m_controller(m_runLoop, m_defaults, m_log, m_engineRoom, m_panel)
     , m_settings(m_defaults, m_runLoop)
-    , m_explorer(m_engineRoom, m_runLoop)
+    , m_explorer(m_engineRoom.registry(), m_runLoop)
     , m_scriptingService(name, m_controller.scripting(),
           {QCoreApplication::applicationVersion(),
               [this](const QString& token) { showPanel(token); }},
@@ -70,8 +70,8 @@ int Application::run()
     m_panel.show();
     m_controller.applicationDidFinishLaunching();
     if (!m_commandLine.snapshotFile.empty()) {
-        m_snapshot = std::make_unique<Snapshot>(
-            m_runLoop, m_engineRoom, m_panel, QString::fromStdString(m_commandLine.snapshotFile));
+        m_snapshot = std::make_unique<Snapshot>(m_runLoop, m_engineRoom.registry(), m_panel,
+            QString::fromStdString(m_commandLine.snapshotFile));
         m_snapshot->start([](int status) { QCoreApplication::exit(status); });
     }
     const int status = QApplication::exec();

@@ -1,7 +1,7 @@
 #include "desktop/Snapshot.h"
 
 #include "desktop/Table.h"
-#include "engine/EngineRoom.h"
+#include "engine/LampRegistry.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -44,9 +44,9 @@ std::string lampTable(const Lamps& lamps)
     return tableOf(rows).toStdString();
 }
 
-Snapshot::Snapshot(RunLoop& runLoop, const EngineRoom& engineRoom, QWidget& panel, QString file)
+Snapshot::Snapshot(RunLoop& runLoop, const LampRegistry& registry, QWidget& panel, QString file)
     : m_runLoop(runLoop)
-    , m_engineRoom(engineRoom)
+    , m_registry(registry)
     , m_panel(panel)
     , m_file(std::move(file))
 {
@@ -74,7 +74,7 @@ void Snapshot::look()
 std::size_t Snapshot::knownFacts() const
 {
     std::size_t facts = 0;
-    for (const auto& lamp : m_engineRoom.lightsArray()) {
+    for (const auto& lamp : m_registry.lightsArray()) {
         facts += 1U + (lamp->label.empty() ? 0U : 1U) + (lamp->product ? 1U : 0U)
             + (lamp->zones ? lamp->zones->size() : 0U);
     }
@@ -84,7 +84,7 @@ std::size_t Snapshot::knownFacts() const
 /// Whether every lamp that answered has told what it is.
 bool Snapshot::isComplete() const
 {
-    const Lamps& lamps = m_engineRoom.lightsArray();
+    const Lamps& lamps = m_registry.lightsArray();
     return !lamps.empty() && std::all_of(lamps.begin(), lamps.end(), [](const auto& lamp) {
         return lamp->product && !lamp->label.empty();
     });
@@ -92,7 +92,7 @@ bool Snapshot::isComplete() const
 
 int Snapshot::finish()
 {
-    const Lamps& lamps = m_engineRoom.lightsArray();
+    const Lamps& lamps = m_registry.lightsArray();
     if (lamps.empty()) {
         std::fputs("lumeroom: no lamp answered\n", stderr);
         return 1;

@@ -9,7 +9,7 @@ class QWidget;
 
 namespace lumeroom {
 
-class EngineRoom;
+class LampRegistry;
 
 /// The lamps as a table of text: name, product, address, power and brightness.
 std::string lampTable(const Lamps& lamps);
@@ -18,7 +18,7 @@ std::string lampTable(const Lamps& lamps);
 /// of the panel. For machines without a display.
 class Snapshot {
 public:
-    Snapshot(RunLoop& runLoop, const EngineRoom& engineRoom, QWidget& panel, QString file);
+    Snapshot(RunLoop& runLoop, const LampRegistry& registry, QWidget& panel, QString file);
 
     /// Calls `done` with the exit status: 1 if no lamp was found or the picture cannot be saved.
     void start(std::function<void(int status)> done);
@@ -30,7 +30,7 @@ private:
     bool isComplete() const;
 
     RunLoop& m_runLoop;
-    const EngineRoom& m_engineRoom;
+    const LampRegistry& m_registry;
     QWidget& m_panel;
     QString m_file;
     std::function<void(int status)> m_done;

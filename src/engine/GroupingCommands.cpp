@@ -102,8 +102,8 @@ void GroupingCommands::removeGroupWithID(std::string_view id)
         m_environment.log.line("Engine room instructed to remove group {}", removed);
     m_environment.embargo.imposeTemporaryEmbargo();
     editGroupLamps(removed, {});
-    std::erase_if(
-        m_environment.registry.groups(), [&](const auto& group) { return group->id == removed; });
+    std::erase_if(m_environment.registry.groupsArray(),
+        [&](const auto& group) { return group->id == removed; });
 }
 
 // Only groups are edited here, so the lamps keep the location and report it again.
@@ -114,7 +114,7 @@ void GroupingCommands::removeLocationWithID(std::string_view id)
         m_environment.log.line("Engine room instructed to remove location {}", removed);
     m_environment.embargo.imposeTemporaryEmbargo();
     editGroupLamps(removed, {});
-    std::erase_if(m_environment.registry.locations(),
+    std::erase_if(m_environment.registry.locationssArray(),
         [&](const auto& location) { return location->id == removed; });
 }
 
@@ -126,7 +126,7 @@ void GroupingCommands::renameGroupNewName(std::string_view id, const std::string
     if (!group)
         return;
     group->label = name;
-    for (const auto& lamp : m_environment.registry.lampsForGroup(group->id))
+    for (const auto& lamp : m_environment.registry.lightsArrayForGroup(group->id))
         m_environment.polls.sendSetGroupToLamp(*group, *lamp);
 }
 
@@ -136,7 +136,7 @@ void GroupingCommands::renameLocationNewName(std::string_view id, const std::str
     if (!location)
         return;
     location->label = name;
-    for (const auto& lamp : m_environment.registry.lampsForLocation(location->id))
+    for (const auto& lamp : m_environment.registry.lightsArrayForLocation(location->id))
         m_environment.polls.sendSetLocationToLamp(*location, *lamp);
 }
 
@@ -175,7 +175,7 @@ void GroupingCommands::edit(std::string_view id, const LampReferences& reference
             Kind::of(*lamp) = record;
         }
     }
-    for (const auto& lamp : m_environment.registry.lamps()) {
+    for (const auto& lamp : m_environment.registry.lightsArray()) {
         const auto& present = Kind::of(*lamp);
         const bool member = present && present->id == id;
         if (member && std::find(kept.begin(), kept.end(), lamp) == kept.end())

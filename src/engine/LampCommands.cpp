@@ -3,6 +3,7 @@
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
 #include "base/UserDefaults.h"
+#include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
 #include "engine/LampSockets.h"
 #include "engine/RecordIntake.h"
@@ -32,7 +33,7 @@ LampCommands::LampCommands(
 
 void LampCommands::allOn(bool on)
 {
-    sendPower(on, m_registry.lamps());
+    sendPower(on, m_registry.lightsArray());
 }
 
 void LampCommands::lampOn(std::string_view id, bool on)
@@ -45,7 +46,7 @@ void LampCommands::groupOn(std::string_view id, bool on)
     if (id == kAllLampsId)
         allOn(on);
     if (m_registry.groupWithID(id))
-        sendPower(on, m_registry.lampsForGroup(id));
+        sendPower(on, m_registry.lightsArrayForGroup(id));
     if (m_registry.locationWithID(id))
         locationOn(id, on);
     if (m_registry.tagNamed(id))
@@ -54,12 +55,12 @@ void LampCommands::groupOn(std::string_view id, bool on)
 
 void LampCommands::tagOn(std::string_view id, bool on)
 {
-    sendPower(on, m_registry.lampsForTag(id));
+    sendPower(on, m_registry.lightsArrayForTag(id));
 }
 
 void LampCommands::locationOn(std::string_view id, bool on)
 {
-    sendPower(on, m_registry.lampsForLocation(id));
+    sendPower(on, m_registry.lightsArrayForLocation(id));
 }
 
 void LampCommands::sendSettingsToLamp(const Settings& settings, std::string_view id)
@@ -80,7 +81,7 @@ void LampCommands::sendSettingsToLamp(const Settings& settings, std::string_view
 void LampCommands::sendSettingsToGroup(const Settings& settings, std::string_view id)
 {
     if (id == kAllLampsId) {
-        sendSettings(settings, m_registry.lamps());
+        sendSettings(settings, m_registry.lightsArray());
         return;
     }
     // A name can be both a group's and a tag's: the last kind that knows it has it.
@@ -89,17 +90,23 @@ void LampCommands::sendSettingsToGroup(const Settings& settings, std::string_vie
     else if (m_registry.locationWithID(id))
         sendSettingsToLocation(settings, id);
     else if (m_registry.groupWithID(id))
-        sendSettings(settings, m_registry.lampsForGroup(id));
+        sendSettings(settings, m_registry.lightsArrayForGroup(id));
 }
 
 void LampCommands::sendSettingsToTag(const Settings& settings, std::string_view id)
 {
-    sendSettings(settings, m_registry.lampsForTag(id));
+    sendSettings(settings, m_registry.lightsArrayForTag(id));
 }
 
 void LampCommands::sendSettingsToLocation(const Settings& settings, std::string_view id)
 {
-    sendSettings(settings, m_registry.lampsForLocation(id));
+    sendSettings(settings, m_registry.lightsArrayForLocation(id));
+}
+
+void LampCommands::renameLampNewName(std::string_view id, const std::string& name)
+{
+    for (const auto& lamp : m_registry.lampsWithID(id))
+        sendSetLabelToLamp(name, *lamp);
 }
 
 void LampCommands::sendPowerToLamp(bool on, Lamp& lamp)
@@ -150,6 +157,15 @@ void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, in
         wire::multizoneSetColorZones(lamp.mac, static_cast<std::uint8_t>(number), toWire(working),
             colourDurationMilliseconds(*working.duration)));
     zone->adopt(settings);
+}
+
+void LampCommands::sendSetLabelToLamp(const std::string& label, Lamp& lamp)
+{
+    if (lamp.address.empty())
+        return;
+    if (m_log.shows(3))
+        m_log.line("sending DEVICE_SETLABEL addressed to {}", lamp.address);
+    m_sockets.sendDirect(lamp, wire::deviceSetLabel(lamp.mac, dataFromString(label, m_log)));
 }
 
 void LampCommands::sendSettings(const Settings& settings, Lamp& lamp)

@@ -18,14 +18,20 @@ public:
 
     void allOn(bool on);
     void lampOn(std::string_view id, bool on);
+    /// Takes the ID of a group, a location or a tag, or "0" for all lamps.
     void groupOn(std::string_view id, bool on);
     void tagOn(std::string_view id, bool on);
     void locationOn(std::string_view id, bool on);
 
+    /// Takes a lamp's ID (16 digits, or 12 in its short form), or a zone's: the lamp's, "-",
+    /// number.
     void sendSettingsToLamp(const Settings& settings, std::string_view id);
     void sendSettingsToGroup(const Settings& settings, std::string_view id);
     void sendSettingsToTag(const Settings& settings, std::string_view id);
     void sendSettingsToLocation(const Settings& settings, std::string_view id);
+
+    /// At most 32 bytes of the name reach the lamp; the record changes with the lamp's next report.
+    void renameLampNewName(std::string_view id, const std::string& name);
 
     /// One LIGHT_SETPOWER. The record's power changes only when the lamp reports it.
     void sendPowerToLamp(bool on, Lamp& lamp);
@@ -33,6 +39,7 @@ public:
     /// MULTIZONE_SETCOLORZONES for each zone, so that the zones keep what is not set.
     void sendColourToLamp(const Settings& settings, Lamp& lamp);
     void sendColourToLampZone(const Settings& settings, Lamp& lamp, int zone);
+    void sendSetLabelToLamp(const std::string& label, Lamp& lamp);
 
 private:
     void sendSettings(const Settings& settings, Lamp& lamp);

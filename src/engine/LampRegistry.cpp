@@ -23,6 +23,14 @@ std::shared_ptr<Record> firstOf(const std::vector<std::shared_ptr<Record>>& reco
     return found == records.end() ? nullptr : *found;
 }
 
+template <typename Records>
+std::optional<std::string> idOfFirstNamed(const Records& records, std::string_view name)
+{
+    const auto found
+        = firstOf(records, [name](const auto& record) { return record.label == name; });
+    return found ? std::optional(found->id) : std::nullopt;
+}
+
 template <typename Test> Lamps lampsWhere(const Lamps& lamps, Test test)
 {
     Lamps result;
@@ -85,7 +93,17 @@ std::shared_ptr<const Tag> LampRegistry::tagNamed(std::string_view name) const
     return firstOf(m_tags, [name](const Tag& tag) { return tag.label == name; });
 }
 
-Lamps LampRegistry::lampsForGroup(std::string_view id) const
+std::optional<std::string> LampRegistry::IDForGroupNamed(std::string_view name) const
+{
+    return idOfFirstNamed(m_groups, name);
+}
+
+std::optional<std::string> LampRegistry::IDForLocationNamed(std::string_view name) const
+{
+    return idOfFirstNamed(m_locations, name);
+}
+
+Lamps LampRegistry::lightsArrayForGroup(std::string_view id) const
 {
     if (id == kAllLampsId)
         return m_lamps;
@@ -94,19 +112,19 @@ Lamps LampRegistry::lampsForGroup(std::string_view id) const
             m_lamps, [id](const Lamp& lamp) { return lamp.group && lamp.group->id == id; });
     }
     if (locationWithID(id))
-        return lampsForLocation(id);
+        return lightsArrayForLocation(id);
     if (tagNamed(id))
-        return lampsForTag(id);
+        return lightsArrayForTag(id);
     return {};
 }
 
-Lamps LampRegistry::lampsForLocation(std::string_view id) const
+Lamps LampRegistry::lightsArrayForLocation(std::string_view id) const
 {
     return lampsWhere(
         m_lamps, [id](const Lamp& lamp) { return lamp.location && lamp.location->id == id; });
 }
 
-Lamps LampRegistry::lampsForTag(std::string_view id) const
+Lamps LampRegistry::lightsArrayForTag(std::string_view id) const
 {
     return lampsWhere(m_lamps, [id](const Lamp& lamp) {
         return lamp.tags && firstOf(*lamp.tags, [id](const Tag& tag) { return tag.id == id; });

@@ -18,13 +18,13 @@ public:
     {
     }
 
-    const Lamps& lamps() const { return m_lamps; }
-    Groups& groups() { return m_groups; }
-    const Groups& groups() const { return m_groups; }
-    Locations& locations() { return m_locations; }
-    const Locations& locations() const { return m_locations; }
-    Tags& tags() { return m_tags; }
-    const Tags& tags() const { return m_tags; }
+    const Lamps& lightsArray() const { return m_lamps; }
+    Groups& groupsArray() { return m_groups; }
+    const Groups& groupsArray() const { return m_groups; }
+    Locations& locationssArray() { return m_locations; }
+    const Locations& locationssArray() const { return m_locations; }
+    Tags& tagsArray() { return m_tags; }
+    const Tags& tagsArray() const { return m_tags; }
 
     /// A new record with this address, or null when some record has it already.
     std::shared_ptr<Lamp> addLamp(const std::string& address);
@@ -39,11 +39,14 @@ public:
     std::shared_ptr<Group> groupWithID(std::string_view id) const;
     std::shared_ptr<Location> locationWithID(std::string_view id) const;
     std::shared_ptr<const Tag> tagNamed(std::string_view name) const;
+    /// Of the first with this label.
+    std::optional<std::string> IDForGroupNamed(std::string_view name) const;
+    std::optional<std::string> IDForLocationNamed(std::string_view name) const;
 
     /// The lamps of a group, else of a location, else of a tag with this ID; "0" means all.
-    Lamps lampsForGroup(std::string_view id) const;
-    Lamps lampsForLocation(std::string_view id) const;
-    Lamps lampsForTag(std::string_view id) const;
+    Lamps lightsArrayForGroup(std::string_view id) const;
+    Lamps lightsArrayForLocation(std::string_view id) const;
+    Lamps lightsArrayForTag(std::string_view id) const;
 
     /// The known tags that share a bit with the field.
     Tags tagArrayForTags(std::uint64_t field) const;

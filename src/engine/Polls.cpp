@@ -70,25 +70,25 @@ void Polls::sendGetColorZonesToLamp(Lamp& lamp)
 
 void Polls::sendGetGroupToAllLamps()
 {
-    for (const auto& lamp : m_registry.lamps())
+    for (const auto& lamp : m_registry.lightsArray())
         sendGetGroupToLamp(*lamp);
 }
 
 void Polls::sendGetLocationToAllLamps()
 {
-    for (const auto& lamp : m_registry.lamps())
+    for (const auto& lamp : m_registry.lightsArray())
         sendGetLocationToLamp(*lamp);
 }
 
 void Polls::sendGetStateToAllLamps()
 {
-    for (const auto& lamp : m_registry.lamps())
+    for (const auto& lamp : m_registry.lightsArray())
         sendGetStateToLamp(*lamp);
 }
 
 void Polls::sendGetTagsToAllLamps()
 {
-    for (const auto& lamp : m_registry.lamps())
+    for (const auto& lamp : m_registry.lightsArray())
         sendGetTagsToLamp(*lamp);
 }
 

@@ -241,7 +241,7 @@ void ReceiveDispatcher::didReceiveStateGroup(const Target& target, const ByteRea
     const auto group = groupingFrom<Group>(payload);
     if (!group || m_environment.embargo.isSet())
         return;
-    if (m_environment.registry.groups().size() >= kMostGroupings)
+    if (m_environment.registry.groupsArray().size() >= kMostGroupings)
         return;
     m_environment.intake.addGroupToLamp(group, target);
     m_environment.intake.addGroupToKnownGroups(group);
@@ -253,7 +253,7 @@ void ReceiveDispatcher::didReceiveStateLocation(const Target& target, const Byte
     const auto location = groupingFrom<Location>(payload);
     if (!location)
         return;
-    if (m_environment.registry.locations().size() >= kMostGroupings)
+    if (m_environment.registry.locationssArray().size() >= kMostGroupings)
         return;
     m_environment.intake.addLocationToLamp(location, target);
     m_environment.intake.addLocationToKnownLocations(location);

@@ -89,12 +89,12 @@ Lamp* RecordIntake::lampFor(const Target& target) const
 
 std::shared_ptr<Lamp> RecordIntake::addLampToRespondingLamps(const std::string& address)
 {
-    if (m_registry.lamps().size() >= kMostLamps)
+    if (m_registry.lightsArray().size() >= kMostLamps)
         return nullptr;
     auto lamp = m_registry.addLamp(address);
     if (lamp)
         m_discovery.addIPsToKnownIPs({address});
-    if (m_registry.lamps().size() == kMostLamps)
+    if (m_registry.lightsArray().size() == kMostLamps)
         m_log.line("{} lamps are known; no more are taken in", kMostLamps);
     return lamp;
 }
@@ -175,13 +175,13 @@ void RecordIntake::addLocationToLamp(
 
 void RecordIntake::addGroupToKnownGroups(const std::shared_ptr<Group>& group)
 {
-    if (addToKnown(m_registry.groups(), group, kGroupConflict, m_log))
+    if (addToKnown(m_registry.groupsArray(), group, kGroupConflict, m_log))
         m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
 void RecordIntake::addLocationToKnownLocations(const std::shared_ptr<Location>& location)
 {
-    if (addToKnown(m_registry.locations(), location, kLocationConflict, m_log))
+    if (addToKnown(m_registry.locationssArray(), location, kLocationConflict, m_log))
         m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
@@ -189,7 +189,7 @@ void RecordIntake::addTagLabelToKnownTags(const std::string& label, std::uint64_
 {
     if (!m_registry.tagArrayForTags(tag).empty())
         return;
-    m_registry.tags().push_back(std::make_shared<const Tag>(Tag{tag, label, label}));
+    m_registry.tagsArray().push_back(std::make_shared<const Tag>(Tag{tag, label, label}));
     m_polls.sendGetTagsToAllLamps();
 }
 

@@ -1,5 +1,8 @@
 #include "engine/Summaries.h"
 
+#include "base/DefaultsKeys.h"
+#include "base/UserDefaults.h"
+#include "engine/LampRegistry.h"
 #include "engine/LampUnits.h"
 
 #include <algorithm>
@@ -48,8 +51,7 @@ private:
     std::int64_t m_warmth = 0;
 };
 
-} // namespace
-
+/// What a collection shows when nothing is known of it.
 Settings settingsOfUnknownLamps()
 {
     return {{.colour = 0, .saturation = 200, .brightness = 200, .warmth = 3500}, true, {}};
@@ -61,16 +63,6 @@ Settings summaryOfLamps(const Lamps& lamps)
     for (const auto& lamp : lamps)
         mean.add(*lamp);
     return {mean.result(), !lamps.empty() && lamps.back()->onoff.value_or(false), {}};
-}
-
-Settings settingsForMultiZoneLamp(const Lamp& lamp)
-{
-    if (!lamp.zones)
-        return settingsOfUnknownLamps();
-    RunningMean mean;
-    for (const Zone& zone : *lamp.zones)
-        mean.add(zone);
-    return {mean.result(), {}, {}};
 }
 
 bool groupIsOn(const Lamps& lamps, std::int64_t basedOn)
@@ -88,6 +80,44 @@ bool groupIsOn(const Lamps& lamps, std::int64_t basedOn)
     default:
         return false;
     }
+}
+
+} // namespace
+
+Summaries::Summaries(const LampRegistry& registry, const UserDefaults& defaults)
+    : m_registry(registry)
+    , m_defaults(defaults)
+{
+}
+
+Settings Summaries::settingsForGroup(std::string_view id) const
+{
+    const Lamps lamps = m_registry.lightsArrayForGroup(id);
+    if (id == kAllLampsId && lamps.empty())
+        return settingsOfUnknownLamps();
+    Settings summary = summaryOfLamps(lamps);
+    summary.onoff = groupIsOn(lamps, m_defaults.integerForKey(keys::kGroupPowerStateBasedOn));
+    return summary;
+}
+
+Settings Summaries::settingsForTag(std::string_view id) const
+{
+    return summaryOfLamps(m_registry.lightsArrayForTag(id));
+}
+
+Settings Summaries::settingsForLocation(std::string_view id) const
+{
+    return summaryOfLamps(m_registry.lightsArrayForLocation(id));
+}
+
+Settings settingsForMultiZoneLamp(const Lamp& lamp)
+{
+    if (!lamp.zones)
+        return settingsOfUnknownLamps();
+    RunningMean mean;
+    for (const Zone& zone : *lamp.zones)
+        mean.add(zone);
+    return {mean.result(), {}, {}};
 }
 
 } // namespace lumeroom

@@ -4,20 +4,31 @@
 
 namespace lumeroom {
 
-/// What a collection shows when nothing is known of it.
-Settings settingsOfUnknownLamps();
+class LampRegistry;
+class UserDefaults;
 
-/// The running mean of the lamps' colours, and the power of the last lamp. Each lamp pulls the
-/// values halfway, so the last counts for one half and the one before for a quarter. No lamps give
-/// zeros and off.
-Settings summaryOfLamps(const Lamps& lamps);
+/// Collections as if each were one lamp: the running mean of the lamps' colours, in which each lamp
+/// pulls the values halfway, so that the last counts for one half and the one before for a quarter.
+/// An ID that names nothing, and a collection without lamps, give zeros and off.
+class Summaries {
+public:
+    Summaries(const LampRegistry& registry, const UserDefaults& defaults);
 
-/// The same over a lamp's zones, in their order of arrival, with no power.
-/// A lamp without zones gives `settingsOfUnknownLamps`.
+    /// Takes the ID of a group, a location or a tag, or "0" for all lamps. On or off follows the
+    /// user default "groupPowerStateBasedOn": 0 for any lamp on, 1 for more than half, 2 for all;
+    /// with another value the group never reads as on.
+    Settings settingsForGroup(std::string_view id) const;
+    /// As powered as the last lamp.
+    Settings settingsForTag(std::string_view id) const;
+    Settings settingsForLocation(std::string_view id) const;
+
+private:
+    const LampRegistry& m_registry;
+    const UserDefaults& m_defaults;
+};
+
+/// The same over a lamp's zones, in their order of arrival, with no power. A lamp without zones
+/// reads as all lamps do before any has answered.
 Settings settingsForMultiZoneLamp(const Lamp& lamp);
-
-/// How a group's power follows from its lamps: the user default "groupPowerStateBasedOn" is 0 for
-/// any lamp on, 1 for more than half, 2 for all; with another value the group never reads as on.
-bool groupIsOn(const Lamps& lamps, std::int64_t basedOn);
 
 } // namespace lumeroom

@@ -78,7 +78,7 @@ void TagCommands::editTagLamps(std::string_view id, const LampReferences& refere
             sendAddTagToLamp(tag->tag, *lamp);
             addTo(*lamp, tag);
         }
-        for (const auto& lamp : m_environment.registry.lamps()) {
+        for (const auto& lamp : m_environment.registry.lightsArray()) {
             if (!lamp->tags || std::find(kept.begin(), kept.end(), lamp) != kept.end())
                 continue;
             sendSubtractTagFromLamp(tag->tag, *lamp);
@@ -98,8 +98,8 @@ void TagCommands::removeTag(std::string_view id)
     editTagLamps(removed, {});
     if (!tag)
         return;
-    std::erase(m_environment.registry.tags(), tag);
-    for (const auto& lamp : m_environment.registry.lamps())
+    std::erase(m_environment.registry.tagsArray(), tag);
+    for (const auto& lamp : m_environment.registry.lightsArray())
         sendSetTagLabelForTagToLamp("", tag->tag, *lamp);
 }
 
@@ -137,12 +137,6 @@ void TagCommands::sendSetTagLabelForTagToLamp(
 {
     sendDirect(wire::nameOf(Message::DeviceSetTagLabels), lamp,
         wire::deviceSetTagLabels(lamp.mac, tag, dataFromString(label, m_environment.log)));
-}
-
-void TagCommands::sendSetLabelToLamp(const std::string& label, Lamp& lamp)
-{
-    sendDirect(wire::nameOf(Message::DeviceSetLabel), lamp,
-        wire::deviceSetLabel(lamp.mac, dataFromString(label, m_environment.log)));
 }
 
 void TagCommands::sendDirect(std::string_view message, Lamp& lamp, std::vector<std::uint8_t> data)

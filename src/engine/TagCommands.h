@@ -12,8 +12,7 @@ class Log;
 class PollingEmbargo;
 class RecordIntake;
 
-/// Makes, edits and removes the tags of the older scheme, and names lamps. These messages leave at
-/// once.
+/// Makes, edits and removes the tags of the older scheme. These messages leave at once.
 class TagCommands {
 public:
     struct Environment {
@@ -39,9 +38,6 @@ public:
     void sendSubtractTagFromLamp(std::uint64_t tag, Lamp& lamp);
     void sendSetTagToLamp(std::uint64_t field, Lamp& lamp);
     void sendSetTagLabelForTagToLamp(const std::string& label, std::uint64_t tag, Lamp& lamp);
-    /// At most 32 bytes of the label reach the lamp; the record changes with the lamp's next
-    /// report.
-    void sendSetLabelToLamp(const std::string& label, Lamp& lamp);
 
 private:
     void sendDirect(std::string_view message, Lamp& lamp, std::vector<std::uint8_t> data);

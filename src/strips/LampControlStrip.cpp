@@ -65,7 +65,7 @@ void LampControlStrip::handleControl(const ControlModel& sender)
     if (isGroup())
         actForGroup(sender, full);
     else if (type() == StripType::Zone && m_controls.isColourControl(sender))
-        m_engineRoom->sendSettingsToLamp(full, m_target.id);
+        m_engineRoom->commands().sendSettingsToLamp(full, m_target.id);
     else if (type() == StripType::Lamp)
         actForLamp(sender, full);
     if (&sender == &m_controls.effectButton && m_view)
@@ -91,7 +91,7 @@ void LampControlStrip::actForGroup(const ControlModel& sender, const Settings& f
     if (&sender == &m_controls.onOffButton) {
         actForGroupOnOff(full);
     } else if (m_controls.isColourControl(sender)) {
-        m_target.sendSettingsToGroup(*m_engineRoom, full);
+        m_target.sendSettingsToGroup(m_engineRoom->commands(), full);
         sendSettingsToStripsInGroup({full, {}, {}, {}});
     }
 }
@@ -101,10 +101,10 @@ void LampControlStrip::actForGroupOnOff(const Settings& full)
     const bool on = m_controls.onOffButton.state();
     if (!on)
         stopEffect();
-    m_target.groupOn(*m_engineRoom, on);
+    m_target.groupOn(m_engineRoom->commands(), on);
     // Whatever the kind, the ID goes to the engine's group routine, which knows all of them.
     if (on && m_owner && m_owner->userDefaults().boolForKey(keys::kGroupOnOffChangesSettings))
-        m_engineRoom->sendSettingsToGroup(full, m_target.id);
+        m_engineRoom->commands().sendSettingsToGroup(full, m_target.id);
     sendSettingsToStripsInGroup(StripSettings::power(on));
 }
 
@@ -120,7 +120,7 @@ void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& fu
         = [this](std::optional<double> LampColour::*member, const SliderModel& slider) {
               Settings settings;
               settings.*member = slider.integerValue();
-              m_engineRoom->sendSettingsToLamp(settings, m_target.id);
+              m_engineRoom->commands().sendSettingsToLamp(settings, m_target.id);
           };
     if (&sender == &m_controls.onOffButton)
         actForLampOnOff(full);
@@ -131,7 +131,7 @@ void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& fu
     else if (&sender == &m_controls.warmthSlider)
         sendOnly(&LampColour::warmth, m_controls.warmthSlider);
     else if (&sender == &m_controls.colourWell)
-        m_engineRoom->sendSettingsToLamp(full, m_target.id);
+        m_engineRoom->commands().sendSettingsToLamp(full, m_target.id);
     // The colour slider moves the well alone; its colour goes out with the well or the button.
 }
 
@@ -140,13 +140,13 @@ void LampControlStrip::actForLampOnOff(const Settings& full)
     const bool on = m_controls.onOffButton.state();
     if (!on)
         stopEffect();
-    m_engineRoom->lampOn(m_target.id, on);
+    m_engineRoom->commands().lampOn(m_target.id, on);
     if (!on)
         return;
     // The lamp comes on with what the strip shows; a multizone lamp keeps its zones' colours.
-    const auto lamp = m_engineRoom->lampWithID(m_target.id);
+    const auto lamp = m_engineRoom->registry().lampWithID(m_target.id);
     if (!lamp || !lamp->zones)
-        m_engineRoom->sendSettingsToLamp(full, m_target.id);
+        m_engineRoom->commands().sendSettingsToLamp(full, m_target.id);
 }
 
 void LampControlStrip::switchOn()
@@ -227,7 +227,7 @@ void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
     if (sent.saturation)
         sent.saturation = static_cast<double>(integerPart(*sent.saturation));
     if (m_engineRoom)
-        m_target.sendSettings(*m_engineRoom, sent);
+        m_target.sendSettings(m_engineRoom->commands(), sent);
     // With a long one the lamp's reports move the controls along as it fades.
     if (settings.transition.value_or(0) < kLongTransitionSeconds)
         implementSettingsFromDictionaryWithoutActing(settings);

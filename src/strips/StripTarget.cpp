@@ -9,44 +9,44 @@ bool StripTarget::isGroup() const
     return type == StripType::Group || type == StripType::Location || type == StripType::Tag;
 }
 
-void StripTarget::sendSettingsToGroup(EngineRoom& engineRoom, const Settings& settings) const
+void StripTarget::sendSettingsToGroup(LampCommands& commands, const Settings& settings) const
 {
     if (type == StripType::Group)
-        engineRoom.sendSettingsToGroup(settings, id);
+        commands.sendSettingsToGroup(settings, id);
     else if (type == StripType::Location)
-        engineRoom.sendSettingsToLocation(settings, id);
+        commands.sendSettingsToLocation(settings, id);
     else if (type == StripType::Tag)
-        engineRoom.sendSettingsToTag(settings, id);
+        commands.sendSettingsToTag(settings, id);
 }
 
-void StripTarget::groupOn(EngineRoom& engineRoom, bool on) const
+void StripTarget::groupOn(LampCommands& commands, bool on) const
 {
     if (id == kAllLampsId)
-        engineRoom.allOn(on);
+        commands.allOn(on);
     else if (type == StripType::Group)
-        engineRoom.groupOn(id, on);
+        commands.groupOn(id, on);
     else if (type == StripType::Location)
-        engineRoom.locationOn(id, on);
+        commands.locationOn(id, on);
     else if (type == StripType::Tag)
-        engineRoom.tagOn(id, on);
+        commands.tagOn(id, on);
 }
 
-void StripTarget::sendSettings(EngineRoom& engineRoom, const Settings& settings) const
+void StripTarget::sendSettings(LampCommands& commands, const Settings& settings) const
 {
     if (isGroup())
-        sendSettingsToGroup(engineRoom, settings);
+        sendSettingsToGroup(commands, settings);
     else
-        engineRoom.sendSettingsToLamp(settings, id);
+        commands.sendSettingsToLamp(settings, id);
 }
 
 void StripTarget::rename(EngineRoom& engineRoom, const std::string& name) const
 {
     if (type == StripType::Group)
-        engineRoom.renameGroupNewName(id, name);
+        engineRoom.groupings().renameGroupNewName(id, name);
     else if (type == StripType::Location)
-        engineRoom.renameLocationNewName(id, name);
+        engineRoom.groupings().renameLocationNewName(id, name);
     else if (!isGroup())
-        engineRoom.renameLampNewName(id, name);
+        engineRoom.commands().renameLampNewName(id, name);
 }
 
 } // namespace lumeroom

@@ -5,6 +5,7 @@
 namespace lumeroom {
 
 class EngineRoom;
+class LampCommands;
 struct Settings;
 
 /// The kinds of target.
@@ -19,10 +20,10 @@ struct StripTarget {
     bool isGroup() const;
 
     /// For a group, a location or a tag; nothing for the other kinds.
-    void sendSettingsToGroup(EngineRoom& engineRoom, const Settings& settings) const;
-    void groupOn(EngineRoom& engineRoom, bool on) const;
+    void sendSettingsToGroup(LampCommands& commands, const Settings& settings) const;
+    void groupOn(LampCommands& commands, bool on) const;
     /// For every kind.
-    void sendSettings(EngineRoom& engineRoom, const Settings& settings) const;
+    void sendSettings(LampCommands& commands, const Settings& settings) const;
     /// Nothing for a tag.
     void rename(EngineRoom& engineRoom, const std::string& name) const;
 };

@@ -21,7 +21,7 @@ struct FakeWorkflowPanel : WorkflowPanel {
     {
         calls.push_back(fmt::format("navigate {} {} {}", description, static_cast<int>(type), id));
         strips.clear();
-        for (const auto& lamp : harness.engine().lightsArray())
+        for (const auto& lamp : harness.engine().registry().lightsArray())
             strips.add(std::make_shared<LampControlStrip>(lamp->id, StripType::Lamp, harness.loop));
         onRebuild();
     }
@@ -129,12 +129,13 @@ struct Workflows : EngineHarness {
     {
         Lamps lamps;
         if (kind == GroupingKind::Group)
-            lamps = engine().lightsArrayForGroup(engine().IDForGroupNamed(name).value_or("none"));
+            lamps = engine().registry().lightsArrayForGroup(
+                engine().registry().IDForGroupNamed(name).value_or("none"));
         else if (kind == GroupingKind::Location)
-            lamps = engine().lightsArrayForLocation(
-                engine().IDForLocationNamed(name).value_or("none"));
+            lamps = engine().registry().lightsArrayForLocation(
+                engine().registry().IDForLocationNamed(name).value_or("none"));
         else
-            lamps = engine().lightsArrayForTag(name);
+            lamps = engine().registry().lightsArrayForTag(name);
         Lines list;
         for (const auto& lamp : lamps)
             list.push_back(lamp->label);
@@ -305,10 +306,11 @@ TEST_F(Workflows, removing)
         std::string name;
         std::string text;
         std::string engineLine;
-    } cases[] = {{GroupingKind::Group, "Den", "the group: Den",
-                     "remove group " + std::string(engine().IDForGroupNamed("Den").value())},
+    } cases[] = {
+        {GroupingKind::Group, "Den", "the group: Den",
+            "remove group " + std::string(engine().registry().IDForGroupNamed("Den").value())},
         {GroupingKind::Location, "Home", "the location: Home",
-            "remove group " + std::string(engine().IDForLocationNamed("Home").value())},
+            "remove group " + std::string(engine().registry().IDForLocationNamed("Home").value())},
         {GroupingKind::Tag, "Warm", "the tag: Warm", "remove tag Warm"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -424,7 +426,9 @@ TEST_F(Controller, aGroupIsMadeAndEditedOnThePanel)
     workflows.editGroupStep1("Den");
     panel.strip(1).setSelected(true);
     press(1, "Den");
-    EXPECT_EQ(engine().lightsArrayForGroup(*engine().IDForGroupNamed("Den")).size(), 2U);
+    EXPECT_EQ(
+        engine().registry().lightsArrayForGroup(*engine().registry().IDForGroupNamed("Den")).size(),
+        2U);
 }
 
 } // namespace lumeroom::test

@@ -171,7 +171,7 @@ TEST_F(Controller, allOnAndOffAndAlerts)
     EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
     controller.allOn();
     EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
-    engine().removeGroupWithID("nobody");
+    engine().groupings().removeGroupWithID("nobody");
     EXPECT_EQ(panel.alerts.at(0).title, "Edit Group Successful");
 }
 

@@ -192,7 +192,7 @@ TEST_F(Panel, lampsNewToThePanelShowTwice)
 TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
 {
     furnish();
-    const auto shelf = engine().lampWithID(lampID(3));
+    const auto shelf = engine().registry().lampWithID(lampID(3));
     shelf->zones.reset();
     controller.panelSetUp().navigation().navigateToZones(row("Shelf").strip);
     EXPECT_TRUE(panel.rows.empty());

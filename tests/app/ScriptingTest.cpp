@@ -26,7 +26,7 @@ struct ScriptingTest : EngineHarness {
     Scripting scripting{collection, log,
         {.stripsInGroup =
                 [this](const std::string& id) {
-                    return collection.stripsOfLamps(engine().lightsArrayForGroup(id));
+                    return collection.stripsOfLamps(engine().registry().lightsArrayForGroup(id));
                 },
             .allOn = [this] { done.emplace_back("on"); },
             .allOff = [this] { done.emplace_back("off"); },
@@ -95,7 +95,7 @@ TEST_F(ScriptingTest, theListsHoldWhatThePanelShowsUntilItChanges)
     addLamp(3); // not on the panel
     for (unsigned n : {2U, 3U})
         receive(stateGrouping(53, n, 7, "Kitchen"));
-    const std::string kitchen = engine().groupsArray().at(0)->id;
+    const std::string kitchen = engine().registry().groupsArray().at(0)->id;
     addStripFor(lampID(1) + "-0", StripType::Zone);
     addStripFor(kitchen, StripType::Group);
     addStripFor("0", StripType::Group);
@@ -131,7 +131,7 @@ TEST_F(ScriptingTest, aGroupsChangeReachesItsLamps)
     addShownLamp(2);
     for (unsigned n : {1U, 2U})
         receive(stateGrouping(53, n, 7, "Kitchen"));
-    addStripFor(engine().groupsArray().at(0)->id, StripType::Group);
+    addStripFor(engine().registry().groupsArray().at(0)->id, StripType::Group);
     sockets.take();
     scripting.getGroups().at(0)->setBrightness(99);
     EXPECT_EQ(sockets.takeOfType(102).size(), 2U);

@@ -32,7 +32,7 @@ struct StatusItem : EngineHarness {
     }
     Lines calls;
     std::optional<int> badge = -1;
-    StatusMenu statusMenu{engine(), defaults,
+    StatusMenu statusMenu{engine().registry(), defaults,
         {.showManualControl = [this] { calls.emplace_back("show"); },
             .allOn = [this] { calls.emplace_back("on"); },
             .allOff = [this] { calls.emplace_back("off"); }}};
@@ -92,7 +92,7 @@ TEST_F(StatusItem, theBadgeCountsLitLamps)
 
 TEST_F(StatusItem, thePopUpNamesEveryTarget)
 {
-    LampsPopUp popUp(engine(), defaults);
+    LampsPopUp popUp(engine().registry(), defaults);
     popUp.populateLampsPopUp();
     EXPECT_EQ(titles(popUp.menu()), Lines{"group: All"});
 
@@ -111,10 +111,11 @@ TEST_F(StatusItem, thePopUpNamesEveryTarget)
             "preset: New", "preset: Old", "preset: "}));
     const auto& items = popUp.menu().items();
     const auto tag = [&](std::size_t index) { return items.at(index)->representedTag(); };
-    EXPECT_EQ(engine().lampForIntegerTag(tag(0)), engine().lampWithID(lampID(1)));
-    EXPECT_EQ(engine().groupForIntegerTag(tag(1))->label, "Den");
-    EXPECT_EQ(engine().locationForIntegerTag(tag(2))->label, "Home");
-    EXPECT_EQ(engine().tagForIntegerTag(tag(3))->label, "Warm");
+    EXPECT_EQ(
+        engine().registry().lampForIntegerTag(tag(0)), engine().registry().lampWithID(lampID(1)));
+    EXPECT_EQ(engine().registry().groupForIntegerTag(tag(1))->label, "Den");
+    EXPECT_EQ(engine().registry().locationForIntegerTag(tag(2))->label, "Home");
+    EXPECT_EQ(engine().registry().tagForIntegerTag(tag(3))->label, "Warm");
     EXPECT_EQ(tag(4), 0);
     EXPECT_EQ(tag(5), 20260302120000);
     EXPECT_EQ(tag(6), 20110101000000);

@@ -75,7 +75,7 @@ TEST(ReadableLamp, isReworkedForReading)
 }
 
 struct Explorer : EngineHarness {
-    bridgeExplorer explorer{engine()};
+    bridgeExplorer explorer{engine().registry()};
 };
 
 TEST_F(Explorer, showsTheLampsOfTheEngine)
@@ -94,7 +94,7 @@ TEST_F(Explorer, showsTheLampsOfTheEngine)
     EXPECT_EQ(lights.getValue()->as<Value::Dictionary>()->size(), 0U); // kept as it was
     const keyValPair now = explorer.childOfItem(0, nullptr);
     EXPECT_EQ(explorer.numberOfChildrenOfItem(&now), 2U);
-    EXPECT_EQ(shown(explorer, "Desk").at("address"), engine().lightsArray()[1]->address);
+    EXPECT_EQ(shown(explorer, "Desk").at("address"), engine().registry().lightsArray()[1]->address);
     const auto strip = shown(explorer, "Strip");
     EXPECT_EQ(strip.at("label"), "Strip");
     EXPECT_EQ(strip.at("zonecount"), "-");

@@ -39,7 +39,7 @@ struct ExplorerWindowTest : test::EngineAndLamps {
         return model.index(0, 0, row(names)).data().toString();
     }
 
-    ExplorerWindow window{engine, runLoop};
+    ExplorerWindow window{engine.registry(), runLoop};
     QTreeView& view = *window.findChild<QTreeView*>();
     QAbstractItemModel& model = *view.model();
 };
@@ -85,12 +85,12 @@ TEST_F(ExplorerWindowTest, refreshesItselfAndKeepsTheReadersPlace)
 TEST_F(ExplorerWindowTest, restsWhileItIsClosed)
 {
     ManualRunLoop loop;
-    ExplorerWindow resting(engine, loop);
+    ExplorerWindow resting(engine.registry(), loop);
     const QAbstractItemModel& rows = *resting.findChild<QTreeView*>()->model();
     const auto lampsShown = [&] { return rows.rowCount(rows.index(0, 0)); };
     resting.loadData();
     resting.close();
-    ASSERT_TRUE(test::workUntil([&] { return engine.lightsArray().size() == 3; }));
+    ASSERT_TRUE(test::workUntil([&] { return engine.registry().lightsArray().size() == 3; }));
     loop.advance(Seconds(5));
     EXPECT_EQ(lampsShown(), 0);
     resting.show();

@@ -42,8 +42,9 @@ struct GroupingsEndToEnd : test::EngineAndLamps {
         engine.setDelegate(&delegate);
         engine.startHeartbeat();
         EXPECT_TRUE(test::workUntil([this] {
-            return engine.lampWithID(lampID(1)) && engine.lampWithID(lampID(2))
-                && engine.lampWithID(lampID(3));
+            return engine.registry().lampWithID(lampID(1))
+                && engine.registry().lampWithID(lampID(2))
+                && engine.registry().lampWithID(lampID(3));
         }));
     }
     /// What the three lamps hold, as "a,b,c".
@@ -88,30 +89,30 @@ struct GroupingsEndToEnd : test::EngineAndLamps {
 TEST_F(GroupingsEndToEnd, aGroupFromMakingToRemoval)
 {
     const auto look = [this] { return groups(); };
-    engine.makeGroupNamed({&first, &second}, "Study 書斎");
+    engine.groupings().makeGroupNamed({&first, &second}, "Study 書斎");
     expectHeld(look, "Study 書斎,Study 書斎,");
-    const auto id = engine.IDForGroupNamed("Study 書斎");
+    const auto id = engine.registry().IDForGroupNamed("Study 書斎");
     ASSERT_TRUE(id);
 
-    engine.editGroupLamps(*id, {&second, &third});
+    engine.groupings().editGroupLamps(*id, {&second, &third});
     expectHeld(look, ",Study 書斎,Study 書斎");
-    engine.renameGroupNewName(*id, "Den");
+    engine.groupings().renameGroupNewName(*id, "Den");
     expectHeld(look, ",Den,Den");
-    EXPECT_EQ(engine.lightsArrayForGroup(*id).size(), 2U);
-    engine.removeGroupWithID(*id);
+    EXPECT_EQ(engine.registry().lightsArrayForGroup(*id).size(), 2U);
+    engine.groupings().removeGroupWithID(*id);
     expectHeld(look, ",,");
-    EXPECT_FALSE(engine.IDForGroupNamed("Den"));
+    EXPECT_FALSE(engine.registry().IDForGroupNamed("Den"));
 
     // When the 15 seconds are over in which nobody asks, what a lamp reports counts again.
-    engine.makeGroupNamed({&third}, "Hall");
+    engine.groupings().makeGroupNamed({&third}, "Hall");
     expectHeld(look, ",,Hall");
-    const auto hall = engine.lampWithID(lampID(3))->group;
+    const auto hall = engine.registry().lampWithID(lampID(3))->group;
     network.withLamp(2, [](VirtualLamp& lamp, Time) {
         lamp.group.label = "Corridor";
         lamp.group.updatedAt += 1;
     });
     EXPECT_TRUE(test::workUntil([&] {
-        const auto lamp = engine.lampWithID(lampID(3));
+        const auto lamp = engine.registry().lampWithID(lampID(3));
         return lamp->group && lamp->group->label == "Corridor" && lamp->group->id == hall->id;
     }));
 }
@@ -119,28 +120,28 @@ TEST_F(GroupingsEndToEnd, aGroupFromMakingToRemoval)
 TEST_F(GroupingsEndToEnd, aLocationFromMakingOn)
 {
     const auto look = [this] { return locations(); };
-    engine.makeLocationNamed({&first, &third}, "House");
+    engine.groupings().makeLocationNamed({&first, &third}, "House");
     expectHeld(look, "House,,House");
-    const auto id = engine.IDForLocationNamed("House");
+    const auto id = engine.registry().IDForLocationNamed("House");
     ASSERT_TRUE(id);
-    engine.editLocationLamps(*id, {&second, &third});
+    engine.groupings().editLocationLamps(*id, {&second, &third});
     expectHeld(look, ",House,House");
-    engine.renameLocationNewName(*id, "Home");
+    engine.groupings().renameLocationNewName(*id, "Home");
     expectHeld(look, ",Home,Home");
 }
 
 TEST_F(GroupingsEndToEnd, aTagFromMakingToRemoval)
 {
     const auto look = [this] { return tags(); };
-    engine.makeTagNamed({&first, &second}, "Reading");
+    engine.tags().makeTagNamed({&first, &second}, "Reading");
     expectHeld(look, "1,1,0");
     expectHeld([this] { return tagLabels(1); }, "Reading,Reading,-");
-    engine.editTagLamps("Reading", {&third});
+    engine.tags().editTagLamps("Reading", {&third});
     expectHeld(look, "0,0,1");
-    engine.removeTag("Reading");
+    engine.tags().removeTag("Reading");
     expectHeld(look, "0,0,0");
     expectHeld([this] { return tagLabels(1); }, "-,-,-");
-    EXPECT_FALSE(engine.tagNamed("Reading"));
+    EXPECT_FALSE(engine.registry().tagNamed("Reading"));
 }
 
 } // namespace lumeroom

@@ -43,7 +43,7 @@ TEST_F(PanelEndToEnd, theHandReachesTheLampAndTheLampTheHand)
 {
     ASSERT_TRUE(test::workUntil([&] {
         const auto* white = control<SliderView>("Ceiling", "saturation");
-        const auto strip = engine.lampWithID(lampID(3));
+        const auto strip = engine.registry().lampWithID(lampID(3));
         return control<SliderView>("Desk", "brightness") && white && !white->isEnabled() && strip
             && strip->zones && strip->zones->size() == 16;
     }));
@@ -64,7 +64,7 @@ TEST_F(PanelEndToEnd, theHandReachesTheLampAndTheLampTheHand)
         lamp.setZone(5, {9999, 1, 1, 3000}, now);
     });
     ASSERT_TRUE(test::workUntil([&] {
-        const auto strip = engine.lampWithID(lampID(3));
+        const auto strip = engine.registry().lampWithID(lampID(3));
         return strip->zonesInOrder().at(5).colour == 9999;
     }));
     test::dragTo(*control<SliderView>("Strip", "brightness"), 1);
@@ -84,7 +84,8 @@ TEST_F(PanelEndToEnd, theHandReachesTheLampAndTheLampTheHand)
     network.withLamp(0, [](VirtualLamp& lamp, Time now) {
         lamp.setColour({1000, 0, 65535, 3500}, now);
     });
-    ASSERT_TRUE(test::workUntil([&] { return engine.lampWithID(lampID(1))->brightness == 255; }));
+    ASSERT_TRUE(test::workUntil(
+        [&] { return engine.registry().lampWithID(lampID(1))->brightness == 255; }));
     QCoreApplication::processEvents();
     EXPECT_EQ(brightness->value(), shown);
     EXPECT_TRUE(test::workUntil([&] {

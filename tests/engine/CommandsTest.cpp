@@ -40,17 +40,18 @@ struct Commands : EngineHarness {
 TEST_F(Commands, aPartialColourFillsUpFromTheLampAndTheFallbacks)
 {
     receive(stateService(1), lampAddress(1));
-    const auto lamp = engine().lampWithID(lampID(1));
+    const auto lamp = engine().registry().lampWithID(lampID(1));
     drainQueue();
-    engine().sendSettingsToLamp(settings({{"warmth", 5000}}), lampID(1));
+    engine().commands().sendSettingsToLamp(settings({{"warmth", 5000}}), lampID(1));
     EXPECT_EQ(fields(sockets.take().at(0)), (Fields{21845, 0, 65025, 4000, 400}));
     EXPECT_EQ(lamp->warmth, 5000);
     EXPECT_FALSE(lamp->colour); // only what was asked for is taken over
 
     receive(lightState(1, {.hue = 7, .saturation = 65535, .brightness = 65535, .kelvin = 2500}));
-    engine().sendSettingsToLamp(settings({{"brightness", 100.9}, {"duration", 1.5}}), lampID(1));
+    engine().commands().sendSettingsToLamp(
+        settings({{"brightness", 100.9}, {"duration", 1.5}}), lampID(1));
     EXPECT_EQ(fields(sockets.take().at(0)), (Fields{7, 65025, 25500, 2500, 1500}));
-    engine().sendSettingsToLamp(settings({{"colour", 9}}), lampID(1));
+    engine().commands().sendSettingsToLamp(settings({{"colour", 9}}), lampID(1));
     EXPECT_EQ(fields(sockets.take().at(0)), (Fields{9, 65025, 25500, 2500, 400})); // builds on it
     EXPECT_EQ(delegate.states, 1); // by the report alone
 }
@@ -75,9 +76,9 @@ TEST_F(Commands, transitionTimes)
         defaults.setObject("defaultTransition", c.transition);
         Value::Dictionary colour{{"brightness", 1}};
         colour.insert(c.extra.begin(), c.extra.end());
-        engine().sendSettingsToLamp(settings(colour), lampID(1));
+        engine().commands().sendSettingsToLamp(settings(colour), lampID(1));
         EXPECT_EQ(fields(sockets.take().at(0))[4], c.colourMilliseconds);
-        engine().lampOn(lampID(1), false);
+        engine().commands().lampOn(lampID(1), false);
         EXPECT_EQ(u16(sockets.take().at(0), 38), c.powerMilliseconds);
     }
 }
@@ -86,14 +87,14 @@ TEST_F(Commands, powerGoesFirstAndOnlyIfItDiffers)
 {
     const auto lamp = addLamp(1);
     drainQueue();
-    engine().sendSettingsToLamp(settings({{"onoff", true}}), lampID(1));
+    engine().commands().sendSettingsToLamp(settings({{"onoff", true}}), lampID(1));
     EXPECT_TRUE(sent().empty());
-    engine().sendSettingsToLamp(settings({{"duration", 3}}), lampID(1));
+    engine().commands().sendSettingsToLamp(settings({{"duration", 3}}), lampID(1));
     EXPECT_TRUE(sent().empty());
-    engine().sendSettingsToLamp(settings({{"onoff", false}, {"colour", 5}}), lampID(1));
+    engine().commands().sendSettingsToLamp(settings({{"onoff", false}, {"colour", 5}}), lampID(1));
     EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.1", "102 127.0.9.1"}));
     EXPECT_EQ(lamp->onoff, true); // until the lamp says so
-    engine().lampOn(lampID(1), true); // asked for outright it is sent in any case
+    engine().commands().lampOn(lampID(1), true); // asked for outright it is sent in any case
     EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.1"}));
 }
 
@@ -108,13 +109,13 @@ TEST_F(Commands, idsInEitherForm)
     } cases[] = {{lampID(1), 1}, {"d073d5000001", 1}, {"d073d50000", 0}, {"", 0}, {"-", 0},
         {"0", 0}, {lampID(2), 0}};
     for (const auto& c : cases) {
-        engine().sendSettingsToLamp(dim, c.id);
+        engine().commands().sendSettingsToLamp(dim, c.id);
         EXPECT_EQ(sockets.take().size(), c.datagrams) << c.id;
     }
     // A lamp heard at two addresses is told at both.
     receive(stateService(1), "127.0.9.88");
     sockets.take();
-    engine().sendSettingsToLamp(dim, lampID(1));
+    engine().commands().sendSettingsToLamp(dim, lampID(1));
     EXPECT_EQ(sent(), (std::vector<std::string>{"102 127.0.9.1", "102 127.0.9.88"}));
 }
 
@@ -123,7 +124,7 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
     const auto lamp = addStrip(1, 8);
     receive(stateZone(1, 8, 2, 9000)); // now last in the array
     drainQueue();
-    engine().sendSettingsToLamp(settings({{"brightness", 10}}), lampID(1));
+    engine().commands().sendSettingsToLamp(settings({{"brightness", 10}}), lampID(1));
     const auto each = sockets.take();
     ASSERT_EQ(each.size(), 8U);
     for (unsigned n = 0; n < 8; ++n) {
@@ -136,17 +137,18 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
 
     const Settings whole
         = settings({{"colour", 1}, {"saturation", 0}, {"brightness", 255}, {"warmth", 0}});
-    engine().sendSettingsToLamp(whole, lampID(1));
+    engine().commands().sendSettingsToLamp(whole, lampID(1));
     EXPECT_EQ(sent(), (std::vector<std::string>{"102 127.0.9.1"}));
     EXPECT_EQ(lamp->zonesInOrder()[2].colour, 9000); // stale until the next report
 
     // One zone by its ID, in both forms of the lamp's.
-    engine().sendSettingsToLamp(settings({{"colour", 77}, {"onoff", false}}), lampID(1) + "-3");
-    engine().sendSettingsToLamp(settings({{"colour", 77}}), "d073d5000001-3");
+    engine().commands().sendSettingsToLamp(
+        settings({{"colour", 77}, {"onoff", false}}), lampID(1) + "-3");
+    engine().commands().sendSettingsToLamp(settings({{"colour", 77}}), "d073d5000001-3");
     EXPECT_EQ(sent(), (std::vector<std::string>{"501 127.0.9.1", "501 127.0.9.1"}));
     EXPECT_EQ(lamp->zonesInOrder()[3].colour, 77);
-    engine().sendSettingsToLamp(settings({{"onoff", false}}), lampID(1) + "-3");
-    engine().sendSettingsToLamp(settings({{"colour", 1}}), lampID(1) + "-99");
+    engine().commands().sendSettingsToLamp(settings({{"onoff", false}}), lampID(1) + "-3");
+    engine().commands().sendSettingsToLamp(settings({{"colour", 1}}), lampID(1) + "-99");
     EXPECT_TRUE(sent().empty());
     EXPECT_EQ(linesWith("instruction sent to engineRoom addressed to lamp Lamp zone 99 but such a "
                         "zone doesn't exist"),
@@ -176,31 +178,31 @@ TEST_F(Collections, aTagMayBeNamedAsTheIDOfALocation)
 {
     using List = std::vector<std::string>;
     const Settings dim = settings({{"brightness", 3}});
-    engine().groupOn(location, true); // both apply
+    engine().commands().groupOn(location, true); // both apply
     EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3", "117 127.0.9.1"}));
-    engine().locationOn(location, true);
+    engine().commands().locationOn(location, true);
     EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3"}));
-    engine().sendSettingsToGroup(dim, location); // the tag comes last and wins
+    engine().commands().sendSettingsToGroup(dim, location); // the tag comes last and wins
     EXPECT_EQ(sent(), (List{"102 127.0.9.1"}));
-    engine().sendSettingsToLocation(dim, location);
+    engine().commands().sendSettingsToLocation(dim, location);
     EXPECT_EQ(sent(), (List{"102 127.0.9.2", "102 127.0.9.3"}));
-    engine().groupOn("nobody", true);
-    engine().lampOn("nobody", true);
-    engine().sendSettingsToGroup(dim, "nobody");
+    engine().commands().groupOn("nobody", true);
+    engine().commands().lampOn("nobody", true);
+    engine().commands().sendSettingsToGroup(dim, "nobody");
     EXPECT_TRUE(sent().empty());
 }
 
 TEST_F(Collections, summariesAreRunningMeans)
 {
-    const Settings all = engine().settingsForGroup("0");
+    const Settings all = engine().summaries().settingsForGroup("0");
     EXPECT_EQ(all.colour, 3125); // ((1000 + 2000) / 2 + 3000) / 2, and 4000 for one half
     EXPECT_EQ(all.warmth, 5500);
-    const Settings den = engine().settingsForGroup(group);
+    const Settings den = engine().summaries().settingsForGroup(group);
     EXPECT_EQ(den.colour, 1500);
     EXPECT_EQ(den.brightness, (38 + 77) * 0.5);
-    EXPECT_EQ(engine().settingsForLocation(location).onoff, true); // the last lamp's
-    EXPECT_EQ(engine().settingsForTag("Den").onoff, false);
-    EXPECT_EQ(engine().settingsForTag("nobody").colour, 0);
+    EXPECT_EQ(engine().summaries().settingsForLocation(location).onoff, true); // the last lamp's
+    EXPECT_EQ(engine().summaries().settingsForTag("Den").onoff, false);
+    EXPECT_EQ(engine().summaries().settingsForTag("nobody").colour, 0);
 
     const struct {
         Value rule;
@@ -211,19 +213,19 @@ TEST_F(Collections, summariesAreRunningMeans)
     receive(stateGrouping(53, 4, 0xDD, "Other"));
     for (const auto& c : cases) {
         defaults.setObject("groupPowerStateBasedOn", c.rule);
-        EXPECT_EQ(engine().settingsForGroup(group).onoff, c.oneOfTwo);
-        EXPECT_EQ(engine().settingsForGroup(std::string(32, 'c')).onoff, c.empty);
-        EXPECT_EQ(engine().settingsForGroup(std::string(32, 'c')).brightness, 0);
+        EXPECT_EQ(engine().summaries().settingsForGroup(group).onoff, c.oneOfTwo);
+        EXPECT_EQ(engine().summaries().settingsForGroup(std::string(32, 'c')).onoff, c.empty);
+        EXPECT_EQ(engine().summaries().settingsForGroup(std::string(32, 'c')).brightness, 0);
     }
 }
 
 TEST_F(Commands, summariesBeforeAnyLampAreFixed)
 {
-    const Settings all = engine().settingsForGroup("0");
+    const Settings all = engine().summaries().settingsForGroup("0");
     EXPECT_EQ(all,
         settings({{"colour", 0}, {"saturation", 200}, {"brightness", 200}, {"warmth", 3500},
             {"onoff", true}}));
-    EXPECT_EQ(engine().settingsForMultiZoneLamp(Lamp()), all);
+    EXPECT_EQ(settingsForMultiZoneLamp(Lamp()), all);
     EXPECT_EQ(engine().saveCurrentLightStatesAsSceneWithName().size(), 14U);
 }
 

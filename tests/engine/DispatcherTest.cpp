@@ -50,7 +50,7 @@ TEST_F(Dispatcher, unknownTypesAreLogged)
 TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
 {
     receive(stateService(1), "127.0.9.1");
-    const auto lamp = engine().lampWithID(lampID(1));
+    const auto lamp = engine().registry().lampWithID(lampID(1));
     ASSERT_TRUE(lamp);
     EXPECT_EQ(lamp->address, "127.0.9.1");
     EXPECT_EQ(lamp->label, "");
@@ -61,7 +61,7 @@ TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
     EXPECT_EQ(delegate.newLamps, 0); // it shows with its first label
 
     receive(stateService(1), "127.0.9.1"); // again: still one, and not asked anew
-    EXPECT_EQ(engine().lightsArray().size(), 1U);
+    EXPECT_EQ(engine().registry().lightsArray().size(), 1U);
     EXPECT_EQ(delegate.searching.size(), 2U);
     loop.advance(Seconds(0.95));
     EXPECT_EQ(sockets.takeOfType(101).size(), 1U);
@@ -78,12 +78,12 @@ TEST_F(Dispatcher, aLampThatMovesHasTwoRecordsAndTheOlderIsKept)
 {
     const auto first = addLamp(1, {.label = "Desk"});
     receive(stateService(1), "127.0.9.77");
-    ASSERT_EQ(engine().lightsArray().size(), 2U);
-    EXPECT_EQ(engine().lightsArray()[1]->address, "127.0.9.77");
+    ASSERT_EQ(engine().registry().lightsArray().size(), 2U);
+    EXPECT_EQ(engine().registry().lightsArray()[1]->address, "127.0.9.77");
     receive(lightState(1, {.hue = 99, .label = "Desk"}), "127.0.9.77");
-    EXPECT_EQ(engine().lampWithID(lampID(1)), first);
+    EXPECT_EQ(engine().registry().lampWithID(lampID(1)), first);
     EXPECT_EQ(first->colour, 99);
-    EXPECT_FALSE(engine().lightsArray()[1]->colour);
+    EXPECT_FALSE(engine().registry().lightsArray()[1]->colour);
 }
 
 TEST_F(Dispatcher, serviceRepliesOfOtherKindsAddNothing)
@@ -91,7 +91,7 @@ TEST_F(Dispatcher, serviceRepliesOfOtherKindsAddNothing)
     defaults.setObject("verbosity", 1);
     receive(stateService(1, 1, 0));
     receive(stateService(1, 5));
-    EXPECT_TRUE(engine().lightsArray().empty());
+    EXPECT_TRUE(engine().registry().lightsArray().empty());
     EXPECT_EQ(linesWith("we have a 'service temporarily available' from "), 1);
     EXPECT_TRUE(delegate.searching.empty());
 
@@ -101,7 +101,7 @@ TEST_F(Dispatcher, serviceRepliesOfOtherKindsAddNothing)
     receive(stateService(2), lampAddress(2), 4000);
     EXPECT_EQ(
         linesWith("**** lamp responding on a port other than 56700 - please contact Support"), 1);
-    EXPECT_TRUE(engine().lampWithID(lampID(2)));
+    EXPECT_TRUE(engine().registry().lampWithID(lampID(2)));
 }
 
 TEST_F(Dispatcher, statesAreTakenInRecordUnits)
@@ -121,7 +121,7 @@ TEST_F(Dispatcher, statesAreTakenInRecordUnits)
     delegate.states = 0;
     receive(lightState(2, {.saturation = 65535, .kelvin = 9000, .power = 0}));
     EXPECT_EQ(delegate.states, 0);
-    EXPECT_FALSE(engine().lampWithID(lampID(2))->colour);
+    EXPECT_FALSE(engine().registry().lampWithID(lampID(2))->colour);
 
     // A report cut short before its label gives colour and power.
     Datagram cut = lightState(1, {.hue = 4, .label = "Other"});
@@ -176,8 +176,8 @@ TEST_F(Dispatcher, tagsComeInTwoSteps)
     receive(stateTagLabels(1, 2, "Renamed")); // the first label stays
     receive(stateTagLabels(1, 0, "None"));
     receive(stateTagLabels(1, std::uint64_t(1) << 63, "Top"));
-    ASSERT_EQ(engine().tagsArray().size(), 2U);
-    EXPECT_EQ(engine().tagNamed("Reading")->tag, 2U);
+    ASSERT_EQ(engine().registry().tagsArray().size(), 2U);
+    EXPECT_EQ(engine().registry().tagNamed("Reading")->tag, 2U);
     loop.advance(Seconds(5));
     EXPECT_EQ(sockets.takeOfType(26).size(), 2U); // asked anew for each new label
 
@@ -185,8 +185,8 @@ TEST_F(Dispatcher, tagsComeInTwoSteps)
     EXPECT_EQ(lamp->tags->size(), 2U);
     receive(stateTags(1, 8)); // matches none: the old tags stay
     EXPECT_EQ(lamp->tags->size(), 2U);
-    EXPECT_EQ(engine().lightsArrayForTag("Night").size(), 1U);
-    EXPECT_EQ(engine().lightsArrayForGroup("Night").size(), 1U);
+    EXPECT_EQ(engine().registry().lightsArrayForTag("Night").size(), 1U);
+    EXPECT_EQ(engine().registry().lightsArrayForGroup("Night").size(), 1U);
 }
 
 TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
@@ -194,8 +194,8 @@ TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
     const auto lamp = addLamp(1);
     delegate.states = 0;
     receive(stateGrouping(53, 1, 0xAB, "Kitchen", 1234));
-    ASSERT_EQ(engine().groupsArray().size(), 1U);
-    const auto group = engine().groupsArray()[0];
+    ASSERT_EQ(engine().registry().groupsArray().size(), 1U);
+    const auto group = engine().registry().groupsArray()[0];
     EXPECT_EQ(group->id, "abababababababababababababababab");
     EXPECT_EQ(group->updatedAt, 1234U);
     EXPECT_EQ(group->integerId % 1000000000, 0);
@@ -207,14 +207,14 @@ TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
 
     receive(stateGrouping(53, 1, 0xAB, "Cuisine"));
     EXPECT_EQ(linesWith("groups found on bulbs with matching guid's but not matching labels."), 1);
-    EXPECT_EQ(engine().groupsArray()[0]->label, "Kitchen");
+    EXPECT_EQ(engine().registry().groupsArray()[0]->label, "Kitchen");
     EXPECT_EQ(lamp->group->label, "Cuisine");
     receive(stateGrouping(53, 1, 0, "")); // in no group: nothing changes
     EXPECT_EQ(lamp->group->label, "Cuisine");
 
     receive(stateGrouping(50, 1, 0xCD, "Home"));
-    EXPECT_EQ(engine().locationssArray()[0]->label, "Home");
-    EXPECT_EQ(engine().lightsArrayForGroup(lamp->location->id).size(), 1U);
+    EXPECT_EQ(engine().registry().locationssArray()[0]->label, "Home");
+    EXPECT_EQ(engine().registry().lightsArrayForGroup(lamp->location->id).size(), 1U);
     receive(stateGrouping(50, 1, 0xCD, "House"));
     EXPECT_EQ(
         linesWith("Locations found on bulbs with matching guid's but not matching labels."), 1);
@@ -223,17 +223,17 @@ TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
 TEST_F(Dispatcher, theEmbargoKeepsGroupsOutButNotLocations)
 {
     const auto lamp = addLamp(1);
-    engine().imposeTemporaryEmbargo();
+    engine().groupings().removeGroupWithID("none");
     loop.advance(Seconds(10));
-    engine().imposeTemporaryEmbargo();
+    engine().groupings().removeGroupWithID("none");
     receive(stateGrouping(53, 1, 1, "Kitchen"));
     receive(stateGrouping(50, 1, 2, "Home"));
     EXPECT_FALSE(lamp->group);
     EXPECT_TRUE(lamp->location);
     loop.advance(Seconds(4.9));
-    EXPECT_TRUE(engine().embargoGroupsAndLocations());
+    EXPECT_TRUE(groupsAreRefused());
     loop.advance(Seconds(0.2)); // 15 seconds after the first, however many followed
-    EXPECT_FALSE(engine().embargoGroupsAndLocations());
+    EXPECT_FALSE(groupsAreRefused());
     receive(stateGrouping(53, 1, 1, "Kitchen"));
     EXPECT_TRUE(lamp->group);
 }
@@ -272,7 +272,7 @@ TEST_F(Dispatcher, zonesAreLearntOneReportAtATime)
     delegate.states = 0;
     receive(lightState(1, {.hue = 60000}));
     EXPECT_EQ(delegate.states, 0);
-    EXPECT_EQ(lamp->colour, engine().settingsForMultiZoneLamp(*lamp).colour);
+    EXPECT_EQ(lamp->colour, settingsForMultiZoneLamp(*lamp).colour);
     EXPECT_NE(lamp->colour, 60000);
 }
 
@@ -287,7 +287,9 @@ TEST_F(Dispatcher, recordsAnswerByKey)
     EXPECT_EQ(*lamp->valueForKey("group")->find("label"), Value("Kitchen"));
     EXPECT_FALSE(lamp->valueForKey("zones"));
     EXPECT_FALSE(lamp->valueForKey("no such key"));
-    EXPECT_EQ(engine().groupsArray()[0]->valueForKey("groupguid")->as<Value::Data>()->size(), 16U);
+    EXPECT_EQ(
+        engine().registry().groupsArray()[0]->valueForKey("groupguid")->as<Value::Data>()->size(),
+        16U);
 }
 
 TEST_F(Dispatcher, integerTagsNameEveryKind)
@@ -297,7 +299,7 @@ TEST_F(Dispatcher, integerTagsNameEveryKind)
     receive(stateGrouping(53, 1, 0xAB, "Kitchen"));
     loop.advance(Seconds(2));
     receive(stateGrouping(50, 1, 0xCD, "Home"));
-    EngineRoom& e = engine();
+    const LampRegistry& e = engine().registry();
     EXPECT_EQ(e.stripStyleIDforIntTag(0), "0");
     EXPECT_EQ(e.stripStyleIDforIntTag(e.integerTagForLamp(*lamp)), lampID(1));
     EXPECT_EQ(e.stripStyleIDforIntTag(e.groupsArray()[0]->integerId), e.groupsArray()[0]->id);

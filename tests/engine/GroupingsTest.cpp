@@ -58,14 +58,14 @@ struct Groupings : EngineHarness {
 TEST_F(Groupings, aGroupIsMadeOnItsLampsAtOnceInTheRecords)
 {
     delegate.states = 0;
-    engine().makeGroupNamed({&one, &group, &stranger, &two}, "Den");
-    ASSERT_EQ(engine().groupsArray().size(), 1U);
-    const auto made = engine().groupsArray()[0];
-    EXPECT_EQ(engine().lampWithID(lampID(1))->group, made);
-    EXPECT_FALSE(engine().lampWithID(lampID(3))->group);
+    engine().groupings().makeGroupNamed({&one, &group, &stranger, &two}, "Den");
+    ASSERT_EQ(engine().registry().groupsArray().size(), 1U);
+    const auto made = engine().registry().groupsArray()[0];
+    EXPECT_EQ(engine().registry().lampWithID(lampID(1))->group, made);
+    EXPECT_FALSE(engine().registry().lampWithID(lampID(3))->group);
     EXPECT_EQ(made->integerId % 1000000000, 0);
     EXPECT_EQ(delegate.states, 1);
-    EXPECT_TRUE(engine().embargoGroupsAndLocations());
+    EXPECT_TRUE(groupsAreRefused());
     EXPECT_EQ(one.embargoes, 1); // its strip rests too
     EXPECT_EQ(three.embargoes, 0);
 
@@ -83,15 +83,15 @@ TEST_F(Groupings, anEditMovesLampsInAndOut)
     const struct {
         unsigned report;
         unsigned set;
-        void (EngineRoom::*edit)(std::string_view, const LampReferences&);
+        void (GroupingCommands::*edit)(std::string_view, const LampReferences&);
         std::string title;
-    } cases[] = {{53, 52, &EngineRoom::editGroupLamps, "Group"},
-        {50, 49, &EngineRoom::editLocationLamps, "Location"}};
+    } cases[] = {{53, 52, &GroupingCommands::editGroupLamps, "Group"},
+        {50, 49, &GroupingCommands::editLocationLamps, "Location"}};
     for (const auto& c : cases) {
         receive(stateGrouping(c.report, 1, 0xAA, "Den"));
         receive(stateGrouping(c.report, 2, 0xAA, "Den"));
         receive(stateGrouping(c.report, 3, 0xBB, "Other"));
-        (engine().*c.edit)(std::string(32, 'a'), {&two, &three});
+        (engine().groupings().*c.edit)(std::string(32, 'a'), {&two, &three});
         const auto sent = queued();
         ASSERT_EQ(sent.size(), 3U);
         EXPECT_EQ(sent[0].host, lampAddress(2));
@@ -108,50 +108,50 @@ TEST_F(Groupings, anEditMovesLampsInAndOut)
         EXPECT_EQ(delegate.alerts.back().buttons, std::vector<std::string>{"OK"});
         loop.advance(Seconds(20));
     }
-    EXPECT_FALSE(engine().lampWithID(lampID(1))->group);
-    EXPECT_FALSE(engine().lampWithID(lampID(1))->location);
-    EXPECT_EQ(engine().lightsArrayForGroup(std::string(32, 'a')).size(), 2U);
-    EXPECT_TRUE(engine().lightsArrayForGroup(std::string(32, 'b')).empty());
+    EXPECT_FALSE(engine().registry().lampWithID(lampID(1))->group);
+    EXPECT_FALSE(engine().registry().lampWithID(lampID(1))->location);
+    EXPECT_EQ(engine().registry().lightsArrayForGroup(std::string(32, 'a')).size(), 2U);
+    EXPECT_TRUE(engine().registry().lightsArrayForGroup(std::string(32, 'b')).empty());
 }
 
 TEST_F(Groupings, removing)
 {
     receive(stateGrouping(53, 1, 0xAA, "Den"));
     receive(stateGrouping(50, 1, 0xBB, "Home"));
-    engine().removeGroupWithID(engine().groupsArray()[0]->id);
-    EXPECT_TRUE(engine().groupsArray().empty());
+    engine().groupings().removeGroupWithID(engine().registry().groupsArray()[0]->id);
+    EXPECT_TRUE(engine().registry().groupsArray().empty());
     EXPECT_EQ(queued().size(), 1U); // the zero group
     EXPECT_EQ(delegate.alerts.back().text, "Group Den updated");
 
     // A location is forgotten, but its lamps keep it: only groups are edited here.
-    engine().removeGroupWithID(engine().locationssArray()[0]->id);
-    EXPECT_EQ(engine().locationssArray().size(), 1U);
+    engine().groupings().removeGroupWithID(engine().registry().locationssArray()[0]->id);
+    EXPECT_EQ(engine().registry().locationssArray().size(), 1U);
     EXPECT_EQ(delegate.alerts.back().text, "Group  updated");
-    engine().removeLocationWithID(engine().locationssArray()[0]->id);
-    EXPECT_TRUE(engine().locationssArray().empty());
+    engine().groupings().removeLocationWithID(engine().registry().locationssArray()[0]->id);
+    EXPECT_TRUE(engine().registry().locationssArray().empty());
     EXPECT_TRUE(queued().empty());
-    EXPECT_TRUE(engine().lampWithID(lampID(1))->location);
+    EXPECT_TRUE(engine().registry().lampWithID(lampID(1))->location);
 }
 
 TEST_F(Groupings, renaming)
 {
     receive(stateGrouping(53, 1, 0xAA, "Den", 99));
     receive(stateGrouping(53, 2, 0xAA, "Den", 99));
-    engine().renameGroupNewName(std::string(32, 'a'), "Study");
+    engine().groupings().renameGroupNewName(std::string(32, 'a'), "Study");
     auto sent = queued();
     ASSERT_EQ(sent.size(), 2U);
     EXPECT_EQ(label(sent[1], 52), "Study");
     EXPECT_EQ(u64(sent[1], 84), 99U); // the time stays
-    EXPECT_FALSE(engine().embargoGroupsAndLocations());
-    engine().renameGroupNewName("nobody", "x");
+    EXPECT_FALSE(groupsAreRefused());
+    engine().groupings().renameGroupNewName("nobody", "x");
     EXPECT_TRUE(queued().empty());
 
-    engine().renameLampNewName(lampID(1), std::string(40, 'n'));
+    engine().commands().renameLampNewName(lampID(1), std::string(40, 'n'));
     sent = sockets.take();
     ASSERT_EQ(sent.size(), 1U);
     EXPECT_EQ(sent[0].type(), 24U);
     EXPECT_EQ(label(sent[0], 36), std::string(32, 'n'));
-    EXPECT_EQ(engine().lampWithID(lampID(1))->label, "Lamp 1"); // until the lamp says so
+    EXPECT_EQ(engine().registry().lampWithID(lampID(1))->label, "Lamp 1"); // until the lamp says so
 }
 
 TEST_F(Groupings, tagsLeaveAtOnce)
@@ -160,25 +160,25 @@ TEST_F(Groupings, tagsLeaveAtOnce)
     receive(stateTags(1, 1));
     receive(stateTags(3, 1));
     drainQueue();
-    engine().makeTagNamed({&one, &two}, "Night");
+    engine().tags().makeTagNamed({&one, &two}, "Night");
     // With the tag that the lamp has.
     EXPECT_EQ(
         tagCommands(), (Lines{"tags 1: 3", "label 1: 2 Night", "tags 2: 2", "label 2: 2 Night"}));
     EXPECT_EQ(linesWith("testing "), 2); // the first bit was taken
-    EXPECT_EQ(engine().tagNamed("Night")->id, "Night");
-    EXPECT_EQ(engine().lightsArrayForTag("Night").size(), 2U);
+    EXPECT_EQ(engine().registry().tagNamed("Night")->id, "Night");
+    EXPECT_EQ(engine().registry().lightsArrayForTag("Night").size(), 2U);
     EXPECT_EQ(queued().size(), 3U); // tags asked for anew
 
-    engine().editTagLamps("Night", {&two, &three});
+    engine().tags().editTagLamps("Night", {&two, &three});
     EXPECT_EQ(tagCommands(), (Lines{"tags 2: 2", "tags 3: 3", "tags 1: 1"}));
     EXPECT_EQ(delegate.alerts.back().title, "Edit Tag Successful");
     EXPECT_EQ(delegate.alerts.back().text, "Tag Night updated");
 
-    engine().removeTag("Night");
+    engine().tags().removeTag("Night");
     EXPECT_EQ(tagCommands(), // each lamp's field without the bit, then the empty label
         (Lines{
             "tags 1: 1", "tags 2: 0", "tags 3: 1", "label 1: 2 ", "label 2: 2 ", "label 3: 2 "}));
-    EXPECT_FALSE(engine().tagNamed("Night"));
+    EXPECT_FALSE(engine().registry().tagNamed("Night"));
     EXPECT_EQ(linesWith("Engine room instructed to remove tag Night"), 1);
 }
 
@@ -186,15 +186,15 @@ TEST_F(Groupings, aSixtyFifthTagHasNoBit)
 {
     for (unsigned n = 0; n < 63; ++n)
         receive(stateTagLabels(1, std::uint64_t(1) << n, "Tag " + std::to_string(n)));
-    engine().makeTagNamed({}, "Top"); // the last bit is only ever made here
+    engine().tags().makeTagNamed({}, "Top"); // the last bit is only ever made here
     lines.clear();
     drainQueue();
-    engine().makeTagNamed({&one}, "One more");
+    engine().tags().makeTagNamed({&one}, "One more");
     EXPECT_EQ(linesWith("testing "), 65);
     const auto sent = sockets.take();
     EXPECT_EQ(u64(sent.at(0), 36), 0U);
     EXPECT_EQ(label(sent.at(1), 44), "One more");
-    EXPECT_EQ(engine().tagsArray().size(), 65U);
+    EXPECT_EQ(engine().registry().tagsArray().size(), 65U);
 }
 
 } // namespace lumeroom::test

@@ -1,3 +1,4 @@
+#include "engine/AddressList.h"
 #include "support/EngineHarness.h"
 
 namespace lumeroom::test {
@@ -81,7 +82,7 @@ TEST_F(Heartbeat, anEmbargoLeavesThePaceButAsksForNoGroups)
 {
     addLamp(1);
     drainQueue();
-    engine().imposeTemporaryEmbargo();
+    engine().groupings().makeGroupNamed({}, "Den"); // imposes it
     engine().startHeartbeat();
     loop.advance(Seconds(2.95));
     std::vector<std::string> sent;
@@ -114,7 +115,7 @@ TEST_F(Heartbeat, moreLampsThanTheQueueCanServeDoNotSwellIt)
     // A change that a user makes still leaves within the embargo that protects it.
     engine().invalidateSockets();
     Reference lamp(lampID(1));
-    engine().makeGroupNamed({&lamp}, "Den");
+    engine().groupings().makeGroupNamed({&lamp}, "Den");
     loop.advance(Seconds(14));
     EXPECT_EQ(sockets.takeOfType(52).size(), 1U);
     // And every lamp is still asked for its state.
@@ -151,8 +152,8 @@ TEST_F(Heartbeat, socketsAreMadeOnDemandInvalidatedAndClosed)
     ASSERT_TRUE(lamp->socket);
     engine().invalidateSockets();
     EXPECT_FALSE(lamp->socket);
-    EXPECT_EQ(engine().lightsArray().size(), 1U);
-    engine().lampOn(lampID(1), true);
+    EXPECT_EQ(engine().registry().lightsArray().size(), 1U);
+    engine().commands().lampOn(lampID(1), true);
     EXPECT_TRUE(lamp->socket);
     loop.advance(Seconds(3));
     engine().closeUp();
@@ -200,10 +201,10 @@ TEST_F(Heartbeat, manualAddressesNeedAFullStop)
 {
     defaults.setObject(
         "manualIPAddresses", "10.0.0.1, 10.0.0.2\n10.0.0.3\r\n10.0.0.4 desk 42,lamp.local");
-    EXPECT_EQ(engine().getManualIPs(),
+    EXPECT_EQ(addressesInList(defaults.stringForKey("manualIPAddresses")),
         (std::set<std::string>{"10.0.0.1", "10.0.0.2", "10.0.0.3", "10.0.0.4", "lamp.local"}));
     defaults.setObject("manualIPAddresses", Value::Array{"10.0.0.1"}); // of a wrong type
-    EXPECT_TRUE(engine().getManualIPs().empty());
+    EXPECT_TRUE(addressesInList(defaults.stringForKey("manualIPAddresses")).empty());
 }
 
 TEST_F(Heartbeat, theArpTableIsReadAtOnceWhenTheSettingsComeToNeedIt)

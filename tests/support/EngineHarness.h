@@ -93,7 +93,7 @@ struct EngineHarness : ::testing::Test {
     {
         receive(stateService(n), lampAddress(n));
         receive(lightState(n, state), lampAddress(n));
-        return engine().lampWithID(lampID(n));
+        return engine().registry().lampWithID(lampID(n));
     }
     /// A multizone lamp of `zones` zones whose hues count up from 100.
     std::shared_ptr<Lamp> addStrip(unsigned n, unsigned zones)
@@ -104,6 +104,14 @@ struct EngineHarness : ::testing::Test {
         for (unsigned first = 0; first < zones; first += 8)
             receive(stateMultizone(n, zones, first, 100 + first));
         return lamp;
+    }
+
+    /// Whether the embargo keeps a group out that the first lamp reports.
+    bool groupsAreRefused()
+    {
+        receive(stateGrouping(53, 1, 0xEE, "Probe"));
+        const auto lamp = engine().registry().lampWithID(lampID(1));
+        return !lamp->group || lamp->group->label != "Probe";
     }
 
     /// Sends everything that waits, and forgets it.

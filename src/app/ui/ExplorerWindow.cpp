@@ -18,9 +18,9 @@ constexpr Seconds kRefreshPause(1.0);
 constexpr QSize kFirstSize{420, 520};
 } // namespace
 
-ExplorerWindow::ExplorerWindow(const EngineRoom& engineRoom, RunLoop& runLoop)
+ExplorerWindow::ExplorerWindow(const LampRegistry& registry, RunLoop& runLoop)
     : m_runLoop(runLoop)
-    , m_explorer(engineRoom)
+    , m_explorer(registry)
     , m_model(new ExplorerModel(m_explorer, this))
     , m_outlineView(new QTreeView(this))
 {

@@ -15,7 +15,7 @@ class ExplorerWindow : public QWidget {
     Q_OBJECT
 
 public:
-    ExplorerWindow(const EngineRoom& engineRoom, RunLoop& runLoop);
+    ExplorerWindow(const LampRegistry& registry, RunLoop& runLoop);
     ~ExplorerWindow() override;
 
     void loadData() { m_explorer.loadData(); }
