@@ -1,5 +1,7 @@
 #include "base/Log.h"
 
+#include "base/LogLine.h"
+
 #include <unistd.h>
 
 #include <chrono>
@@ -50,8 +52,9 @@ bool Log::shows(int level) const
 
 void Log::write(std::string_view text)
 {
+    const std::string line = logLine(text);
     const std::lock_guard lock(m_mutex);
-    m_sink(text);
+    m_sink(line);
 }
 
 } // namespace lumeroom
