@@ -1,5 +1,7 @@
 #include "engine/ProductCatalogue.h"
 
+#include "engine/Records.h"
+
 #include <nlohmann/json.hpp>
 
 namespace lumeroom {
@@ -20,6 +22,13 @@ Json member(const Json& object, const char* key)
 bool truth(const Json& value)
 {
     return value.is_boolean() && value.get<bool>();
+}
+
+/// Whether it is a pair of numbers that differ.
+bool isRange(const Json& value)
+{
+    return value.is_array() && value.size() == 2 && value[0].is_number() && value[1].is_number()
+        && value[0] < value[1];
 }
 
 } // namespace
@@ -49,6 +58,13 @@ bool ProductCatalogue::ProductIDHasMultizone(std::uint32_t product)
     return productFor(product).multizone;
 }
 
+int ProductCatalogue::capabilitiesOfProductID(std::uint32_t number)
+{
+    if (ProductIDHasColour(number))
+        return kCapabilitiesColourLamp;
+    return kCapabilitiesWhiteLamp | (productFor(number).spansWhites ? kCapabilityVariableWhite : 0);
+}
+
 const ProductCatalogue::Product& ProductCatalogue::productFor(std::uint32_t product)
 {
     static const Product kUnknown;
@@ -74,6 +90,7 @@ void ProductCatalogue::readProducts()
         const Json features = member(entry, "features");
         product.colour = truth(member(features, "color"));
         product.multizone = truth(member(features, "multizone"));
+        product.spansWhites = isRange(member(features, "temperature_range"));
         m_products.emplace(number.get<std::int64_t>(), std::move(product)); // the first one counts
     }
 }

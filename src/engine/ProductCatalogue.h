@@ -18,12 +18,16 @@ public:
     std::string productDescriptionFromProductID(std::uint32_t product);
     bool ProductIDHasColour(std::uint32_t product);
     bool ProductIDHasMultizone(std::uint32_t product);
+    /// Capability bits: those of colour, else of white, with that of variable white where the
+    /// product spans a range of whites.
+    int capabilitiesOfProductID(std::uint32_t product);
 
 private:
     struct Product {
         std::string name = "Unknown";
         bool colour = false;
         bool multizone = false;
+        bool spansWhites = false;
     };
     const Product& productFor(std::uint32_t product);
     void readProducts();
