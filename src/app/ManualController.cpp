@@ -170,8 +170,7 @@ void ManualController::newZoneAdded()
 {
     if (m_panelSetUp.navigation().filterType() == StripType::Zone)
         m_panelSetUp.refreshSoon();
-    if (m_panelSetUp.navigation().shows(StripType::Lamp))
-        lampZoneStatesChanged();
+    lampZoneStatesChanged();
 }
 
 void ManualController::lampStatesChanged()
@@ -196,14 +195,27 @@ void ManualController::updateStrips()
     m_scripting.invalidate();
 }
 
+// The lamp's own values are the mean of its zones, and so are in the summaries as well.
 void ManualController::lampZoneStatesChanged()
 {
+    m_updateStrips.request();
     m_updateLampStrips.request();
+}
+
+void ManualController::powerOfMultiZoneLampChanged()
+{
+    lampStatesChanged();
+    m_updateLampStrips.request(); // the zones' rows show its power
 }
 
 void ManualController::updateLampStrips()
 {
-    m_reports.updateLamps(m_engineRoom.registry().lightsArray());
+    const LampRegistry& registry = m_engineRoom.registry();
+    m_reports.updateLamps(registry.lightsArray());
+    const auto& filter = m_panelSetUp.navigation().filter();
+    const bool showsZones = filter && filter->type == StripType::Zone;
+    if (const auto lamp = showsZones ? registry.lampWithID(filter->id) : nullptr)
+        m_reports.updateZones(*lamp);
     m_scripting.invalidate();
 }
 
@@ -211,7 +223,7 @@ void ManualController::engineIsSsearching(bool) { }
 
 void ManualController::lampCapabilitiesChanged()
 {
-    lampZoneStatesChanged();
+    m_updateLampStrips.request();
 }
 
 int ManualController::runModal(const Alert& alert)
@@ -253,7 +265,6 @@ void ManualController::populateLampsPopUp()
 
 void ManualController::stripHasMissedReports()
 {
-    lampStatesChanged();
     lampZoneStatesChanged();
 }
 

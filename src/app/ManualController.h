@@ -52,6 +52,7 @@ public:
     void lampStatesChanged() override;
     void lampZoneStatesChanged() override;
     void newZoneAdded() override;
+    void powerOfMultiZoneLampChanged() override;
     void engineIsSsearching(bool searching) override;
     void lampCapabilitiesChanged() override;
     int runModal(const Alert& alert) override;

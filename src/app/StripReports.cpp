@@ -33,6 +33,15 @@ void StripReports::updateLamps(const Lamps& lamps) const
     }
 }
 
+void StripReports::updateZones(const Lamp& lamp) const
+{
+    for (const Zone& zone : lamp.zonesInOrder()) {
+        const StripRecord record = StripRecord::of(zone, lamp);
+        if (const auto strip = m_collection.getStripWithID(record.id))
+            strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
+    }
+}
+
 void StripReports::updateGroups(const Groups& groups) const
 {
     for (const auto& group : groups)

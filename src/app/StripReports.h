@@ -17,6 +17,7 @@ public:
         const StripFactory& factory, Log& log);
 
     void updateLamps(const Lamps& lamps) const;
+    void updateZones(const Lamp& lamp) const;
     void updateGroups(const Groups& groups) const;
     void updateLocations(const Locations& locations) const;
     void updateTags(const Tags& tags) const;

@@ -29,6 +29,11 @@ public:
         if (m_delegate)
             m_delegate->newZoneAdded();
     }
+    void sendPowerOfMultiZoneLampChangedNotificationToDelegate() const
+    {
+        if (m_delegate)
+            m_delegate->powerOfMultiZoneLampChanged();
+    }
     void sendEngineIsSsearchingToDelegate(bool searching) const
     {
         if (m_delegate)

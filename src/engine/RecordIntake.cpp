@@ -56,6 +56,16 @@ bool addToKnown(std::vector<std::shared_ptr<Record>>& known,
     return true;
 }
 
+/// A light strip's own record is the mean of its zones. One without a state yet waits for its
+/// first report of power.
+void showMeanOfZones(Lamp& lamp)
+{
+    if (!lamp.onoff)
+        return;
+    lamp.adopt(settingsForMultiZoneLamp(lamp));
+    ++lamp.reports;
+}
+
 constexpr std::string_view kGroupConflict
     = "groups found on bulbs with matching guid's but not matching labels. (We may be in the "
       "middle of updating groups which would explain this ) Lumeroom should check the updated "
@@ -127,8 +137,7 @@ void RecordIntake::addVendorVersionToLamp(
     lamp->product = m_catalogue.productDescriptionFromProductID(product);
     lamp->vendor = m_catalogue.vendorDescriptionFromVendorID(vendor);
     lamp->version = std::to_string(version);
-    const int capabilities = m_catalogue.ProductIDHasColour(product) ? kCapabilitiesColourLamp
-                                                                     : kCapabilitiesWhiteLamp;
+    const int capabilities = m_catalogue.capabilitiesOfProductID(product);
     if (lamp->capabilities != capabilities) {
         lamp->capabilities = capabilities;
         m_notifier.sendLampCapabilitiesChangedNotificationToDelegate();
@@ -144,18 +153,20 @@ void RecordIntake::addHuePowerToLamp(
     if (!lamp)
         return;
     const LampColour reported = fromWire(colour);
-    const auto on = static_cast<std::uint8_t>(power & 0xFFU); // only the low byte counts
-    if (sameColour(*lamp, reported) && bool1IsEqualToBool2(lamp->onoff.value_or(false), on))
+    const bool on = (power & 0xFFU) != 0; // only the low byte counts
+    if (sameColour(*lamp, reported) && lamp->onoff.value_or(false) == on)
         return;
+    const bool powerChanged = lamp->onoff != on; // as its first report does
     lamp->adopt(reported);
-    lamp->onoff = on != 0;
+    lamp->onoff = on;
     ++lamp->reports;
-    if (lamp->zones) {
-        // A multizone lamp shows its zones' mean; the zone notifications tell of changes.
-        lamp->adopt(settingsForMultiZoneLamp(*lamp));
+    if (!lamp->zones) {
+        m_notifier.sendLampsStateChangedNotificationToDelegate();
         return;
     }
-    m_notifier.sendLampsStateChangedNotificationToDelegate();
+    lamp->adopt(settingsForMultiZoneLamp(*lamp)); // whose colours the zone notifications tell
+    if (powerChanged)
+        m_notifier.sendPowerOfMultiZoneLampChangedNotificationToDelegate();
 }
 
 void RecordIntake::addGroupToLamp(const std::shared_ptr<Group>& group, const Target& target)
@@ -216,6 +227,7 @@ void RecordIntake::addHueZoneToLamp(
     if (changed)
         lamp->zones->erase(lamp->zones->begin() + (known - lamp->zones->data()));
     lamp->zones->push_back({reported, number}); // a changed zone moves to the end
+    showMeanOfZones(*lamp);
     if (changed)
         m_notifier.sendLampsZoneStateChangedNotificationToDelegate();
     else

@@ -235,6 +235,34 @@ TEST_F(Panel, summariesFollowTheLamps)
     EXPECT_NE(row("All").strip.brightnessSlider().integerValue(), 100);
 }
 
+TEST_F(Panel, rowsFollowALightStrip)
+{
+    furnish();
+    receive(stateGrouping(53, 3, 0xDD, "Hall"));
+    showEverything();
+    const auto shelf = [this](const char* name) {
+        loop.runPosted();
+        return std::pair(row(name).strip.brightnessSlider().integerValue(),
+            row(name).strip.onOffButton().state());
+    };
+    Datagram dark = stateMultizone(3, 8, 0, 100);
+    for (std::size_t zone = 0; zone < 8; ++zone)
+        dark.at(36 + 2 + 8 * zone + 5) = 100; // the high byte of the brightness
+    receive(dark);
+    EXPECT_EQ(shelf("Shelf"), std::pair(100, true));
+    EXPECT_EQ(shelf("Hall"), std::pair(100, true));
+    receive(lightState(3, {.power = 0, .label = "Shelf"}));
+    EXPECT_EQ(shelf("Shelf"), std::pair(100, false));
+    EXPECT_EQ(shelf("Hall"), std::pair(100, false));
+
+    row("Shelf").strip.navigationButton().press();
+    EXPECT_EQ(shelf("zone 2"), std::pair(100, false));
+    receive(stateZone(3, 8, 2, 100));
+    EXPECT_EQ(shelf("zone 2"), std::pair(255, false));
+    receive(lightState(3, {.label = "Shelf"}));
+    EXPECT_EQ(shelf("zone 2"), std::pair(255, true));
+}
+
 TEST_F(Panel, draggingReordersAndIsKept)
 {
     furnish();

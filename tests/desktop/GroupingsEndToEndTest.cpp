@@ -27,6 +27,7 @@ struct Quiet : QVLIFXEngineDelegate {
     void lampStatesChanged() override { }
     void lampZoneStatesChanged() override { }
     void newZoneAdded() override { }
+    void powerOfMultiZoneLampChanged() override { }
     void engineIsSsearching(bool) override { }
     void lampCapabilitiesChanged() override { }
     int runModal(const Alert&) override { return 0; }

@@ -153,7 +153,7 @@ TEST_F(Dispatcher, versionsNameTheProduct)
         std::string maker;
         int capabilities;
     } cases[] = {{1, 1, "Colour lamp", "LIFX", 7}, {10, 1, "White lamp", "LIFX", 2},
-        {4711, 2, "Unknown", "Unknown", 2}};
+        {11, 1, "Warm white lamp", "LIFX", 6}, {4711, 2, "Unknown", "Unknown", 2}};
     for (const auto& c : cases) {
         receive(stateVersion(1, c.product, c.vendor));
         EXPECT_EQ(lamp->product, c.name);
@@ -267,13 +267,29 @@ TEST_F(Dispatcher, zonesAreLearntOneReportAtATime)
     receive(stateMultizone(1, 40, 252, 1)); // the numbers wrap
     EXPECT_EQ(lamp->zonesInOrder().back().zone, 255);
     EXPECT_EQ(lamp->zones->size(), 20U);
+}
 
-    // The lamp's own record then shows the mean of its zones, and tells nobody.
-    delegate.states = 0;
+TEST_F(Dispatcher, aLightStripsRecordIsTheMeanOfItsZones)
+{
+    receive(stateService(1));
+    const auto lamp = engine().registry().lampWithID(lampID(1));
+    receive(stateZone(1, 8, 0, 4000));
+    EXPECT_FALSE(lamp->colour); // without a power nothing is shown of it
     receive(lightState(1, {.hue = 60000}));
+    EXPECT_EQ(lamp->colour, 4000);
+    EXPECT_EQ(delegate.zonePowers, 1);
+    const auto reports = lamp->reports;
+    receive(stateZone(1, 8, 1, 5000));
+    EXPECT_EQ(lamp->colour, 4500);
+    receive(stateZone(1, 8, 0, 1000)); // which comes last then, and counts for one half
+    EXPECT_EQ(lamp->colour, 3000);
+    EXPECT_EQ(lamp->reports, reports + 2);
+    receive(lightState(1, {.hue = 60000}));
+    EXPECT_EQ(lamp->colour, 3000);
+    EXPECT_EQ(delegate.zonePowers, 1);
+    receive(lightState(1, {.power = 0}));
+    EXPECT_EQ(delegate.zonePowers, 2);
     EXPECT_EQ(delegate.states, 0);
-    EXPECT_EQ(lamp->colour, settingsForMultiZoneLamp(*lamp).colour);
-    EXPECT_NE(lamp->colour, 60000);
 }
 
 TEST_F(Dispatcher, recordsAnswerByKey)

@@ -87,14 +87,19 @@ TEST(ProductCatalogue, readsTheResourceAndForgivesABadOne)
     });
     EXPECT_EQ(shipped.productDescriptionFromProductID(27), "LIFX A19");
     EXPECT_TRUE(shipped.ProductIDHasMultizone(32));
-    EXPECT_FALSE(shipped.ProductIDHasColour(10));
+    int variable = 0;
+    for (std::uint32_t product = 0; product < 1000; ++product)
+        variable += shipped.capabilitiesOfProductID(product) == 6;
+    EXPECT_EQ(variable, 15);
 
     for (const char* text : {"", "rubbish", "[]", "{}", "[5]", R"([{"products":5}])",
              R"([{"products":[{"pid":"1"},{"pid":1,"name":5,"features":[]}]}])",
+             R"([{"products":[{"pid":1,"features":{"temperature_range":[1,2,3]}}]}])",
+             R"([{"products":[{"pid":1,"features":{"temperature_range":[null,5]}}]}])",
              R"([{"products":[]},{"products":[{"pid":1,"name":"second list"}]}])"}) {
         ProductCatalogue catalogue([text] { return std::string(text); });
         EXPECT_EQ(catalogue.productDescriptionFromProductID(1), "Unknown") << text;
-        EXPECT_FALSE(catalogue.ProductIDHasColour(1)) << text;
+        EXPECT_EQ(catalogue.capabilitiesOfProductID(1), 2) << text;
     }
     ProductCatalogue twice([] {
         return std::string(R"([{"products":[{"pid":1,"name":"first"},{"pid":1,"name":"other"}]}])");

@@ -47,6 +47,7 @@ public:
     void lampStatesChanged() override { ++states; }
     void lampZoneStatesChanged() override { ++zoneStates; }
     void newZoneAdded() override { ++newZones; }
+    void powerOfMultiZoneLampChanged() override { ++zonePowers; }
     void engineIsSsearching(bool now) override { searching.push_back(now); }
     void lampCapabilitiesChanged() override { }
     int runModal(const Alert& alert) override
@@ -59,6 +60,7 @@ public:
     int states = 0;
     int zoneStates = 0;
     int newZones = 0;
+    int zonePowers = 0;
     std::vector<bool> searching;
     std::vector<Alert> alerts;
 };
@@ -129,7 +131,10 @@ struct EngineHarness : ::testing::Test {
 
     static constexpr const char* kProducts = R"([{"products": [
         {"pid": 1, "name": "Colour lamp", "features": {"color": true, "multizone": false}},
-        {"pid": 10, "name": "White lamp", "features": {"color": false, "multizone": false}},
+        {"pid": 10, "name": "White lamp",
+            "features": {"color": false, "multizone": false, "temperature_range": [2700, 2700]}},
+        {"pid": 11, "name": "Warm white lamp",
+            "features": {"color": false, "multizone": false, "temperature_range": [2700, 6500]}},
         {"pid": 31, "name": "Strip", "features": {"color": true, "multizone": true}}]}])";
 
     std::vector<std::string> lines;
