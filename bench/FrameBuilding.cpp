@@ -47,6 +47,7 @@ struct SilentSocket : UdpSocket {
     }
     std::optional<SocketError> beginReceiving() override { return {}; }
     void close() override { }
+    bool isClosed() const override { return false; }
 };
 
 struct NoArpTable : ArpTable {

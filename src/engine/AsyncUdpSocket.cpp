@@ -1,6 +1,7 @@
 #include "engine/AsyncUdpSocket.h"
 
 #include "base/RunLoop.h"
+#include "engine/BroadcastSend.h"
 #include "engine/DatagramReader.h"
 #include "engine/HostResolver.h"
 
@@ -11,6 +12,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -81,11 +83,12 @@ void AsyncUdpSocket::sendDataToHost(Datagram data, const std::string& host, std:
         const bool mayGoNow = address && m_pending.empty();
         if (mayGoNow && trySend(data, host, *address) == Sent::Done)
             return;
+        const bool asked = isLookingUp(host, port);
         enqueue({std::move(data), host, port, address});
-        if (address) {
+        if (address)
             updateWatch(descriptorFor(*address));
+        if (address || asked)
             return;
-        }
     }
     lookUp(host, port);
 }
@@ -158,7 +161,10 @@ AsyncUdpSocket::Sent AsyncUdpSocket::trySend(
     int& descriptor = descriptorFor(address);
     if (descriptor < 0 && !openDescriptor(descriptor, familyFromAddress(address)))
         return Sent::Done;
+    const bool toEveryone = isLimitedBroadcast(address);
     const auto send = [&] {
+        if (toEveryone)
+            return sendByEveryInterface(descriptor, data, address);
         return ::sendto(descriptor, data.data(), data.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
             systemAddress(address), address.length);
     };
@@ -172,6 +178,13 @@ AsyncUdpSocket::Sent AsyncUdpSocket::trySend(
     else
         m_io.complaints().failed(host, std::strerror(errno));
     return Sent::Done;
+}
+
+bool AsyncUdpSocket::isLookingUp(const std::string& host, std::uint16_t port) const
+{
+    return std::any_of(m_pending.begin(), m_pending.end(), [&](const Pending& pending) {
+        return !pending.address && pending.host == host && pending.port == port;
+    });
 }
 
 void AsyncUdpSocket::enqueue(Pending pending)

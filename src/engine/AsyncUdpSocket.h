@@ -23,6 +23,7 @@ public:
     void sendDataToHost(Datagram data, const std::string& host, std::uint16_t port) override;
     std::optional<SocketError> beginReceiving() override;
     void close() override;
+    bool isClosed() const override { return m_closed; }
 
     /// The sender's host as text, its port, and the address family as the system numbers it.
     static std::string hostFromAddress(const SocketAddress& address);
@@ -48,6 +49,7 @@ private:
     int& descriptorFor(const SocketAddress& address);
     bool openDescriptor(int& descriptor, int family);
     Sent trySend(const Datagram& data, const std::string& host, const SocketAddress& address);
+    bool isLookingUp(const std::string& host, std::uint16_t port) const;
     void enqueue(Pending pending);
     void flushLocked();
     void updateWatch(int descriptor);

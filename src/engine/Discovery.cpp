@@ -9,9 +9,14 @@
 #include "engine/Polls.h"
 #include "engine/WireFormat.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace lumeroom {
+
+namespace {
+constexpr std::size_t kMostKnownIPs = 300; // no home has as many
+}
 
 Discovery::Discovery(UserDefaults& defaults, Log& log, const EngineNotifier& notifier, Polls& polls,
     ArpTable& arpTable)
@@ -38,11 +43,11 @@ void Discovery::broadcastGetService()
     const auto manual = getManualIPs();
     if (!manual.empty()) {
         for (const auto& address : manual)
-            m_polls.sendGetServiceToAddress(address);
+            m_polls.sendGetServiceToAddress(address, Expecting::Answer);
     } else if (noBroadcastSupport()) {
         sendToKnownIPs(&Polls::sendGetServiceToAddress);
     } else {
-        m_polls.sendGetServiceToAddress(std::string(wire::kBroadcastAddress));
+        m_polls.sendGetServiceToAddress(std::string(wire::kBroadcastAddress), Expecting::Answer);
     }
     m_polls.sendGetStateToAllLamps();
 }
@@ -67,19 +72,19 @@ void Discovery::askForDetails(SendToAddress send)
     }
     const auto manual = getManualIPs();
     if (manual.empty()) {
-        (m_polls.*send)(std::string(wire::kBroadcastAddress));
+        (m_polls.*send)(std::string(wire::kBroadcastAddress), Expecting::Answer);
         return;
     }
     for (const auto& address : manual)
-        (m_polls.*send)(address);
+        (m_polls.*send)(address, Expecting::Answer);
 }
 
 void Discovery::sendToKnownIPs(SendToAddress send)
 {
-    if (!m_knownIPs)
-        return;
-    for (const auto& address : *m_knownIPs)
-        (m_polls.*send)(address);
+    for (const auto& address : m_knownIPs) {
+        const bool answers = m_polls.lampAnswersAt(address);
+        (m_polls.*send)(address, answers ? Expecting::Answer : Expecting::Silence);
+    }
 }
 
 void Discovery::findLIFXDevices()
@@ -99,7 +104,7 @@ void Discovery::findLIFXDevicesIfNeeded()
 {
     const bool asksKnownIPs = noBroadcastSupport() && getManualIPs().empty();
     const bool askedThem = std::exchange(m_asksKnownIPs, asksKnownIPs);
-    if (asksKnownIPs && !askedThem && (!m_knownIPs || m_knownIPs->empty()))
+    if (asksKnownIPs && !askedThem && m_knownIPs.empty())
         findLIFXDevices();
 }
 
@@ -116,14 +121,20 @@ void Discovery::readCompleted(const std::string& output)
 
 void Discovery::addIPsToKnownIPs(const std::vector<std::string>& addresses)
 {
-    if (!m_knownIPs)
-        m_knownIPs.emplace();
+    std::vector<std::string> known;
+    const auto add = [&known](const std::string& address) {
+        if (known.size() < kMostKnownIPs
+            && std::find(known.begin(), known.end(), address) == known.end())
+            known.push_back(address);
+    };
+    std::for_each(addresses.begin(), addresses.end(), add);
+    std::for_each(m_knownIPs.begin(), m_knownIPs.end(), add);
     for (const auto& stored : m_defaults.arrayForKey(keys::kKnownIPs).value_or(Value::Array())) {
         if (const auto* address = stored.as<std::string>())
-            m_knownIPs->insert(*address);
+            add(*address);
     }
-    m_knownIPs->insert(addresses.begin(), addresses.end());
-    m_defaults.setObject(keys::kKnownIPs, Value::Array(m_knownIPs->begin(), m_knownIPs->end()));
+    m_knownIPs = std::move(known);
+    m_defaults.setObject(keys::kKnownIPs, Value::Array(m_knownIPs.begin(), m_knownIPs.end()));
 }
 
 } // namespace lumeroom

@@ -2,7 +2,6 @@
 
 #include "engine/ArpTable.h"
 
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -14,6 +13,7 @@ class EngineNotifier;
 class Log;
 class Polls;
 class UserDefaults;
+enum class Expecting;
 
 /// Chooses the addresses that are asked for lamps: everyone by broadcast, the user's own list, or
 /// what the ARP table and earlier runs know.
@@ -36,10 +36,11 @@ public:
     void findLIFXDevices();
     /// The same, when only known addresses have come to be asked and none is known.
     void findLIFXDevicesIfNeeded();
+    /// Puts addresses that count as lamps before those known already, to be stored.
     void addIPsToKnownIPs(const std::vector<std::string>& addresses);
 
 private:
-    using SendToAddress = void (Polls::*)(const std::string& address);
+    using SendToAddress = void (Polls::*)(const std::string& address, Expecting expecting);
 
     void askForDetails(SendToAddress send);
     void sendToKnownIPs(SendToAddress send);
@@ -51,8 +52,8 @@ private:
     Polls& m_polls;
     ArpTable& m_arpTable;
     bool m_asksKnownIPs = false; ///< neither everyone nor a list
-    /// Nothing until the first addition, which takes in the addresses of earlier runs.
-    std::optional<std::set<std::string>> m_knownIPs;
+    /// The latest additions first. Empty until the first, which takes in those of earlier runs.
+    std::vector<std::string> m_knownIPs;
 };
 
 } // namespace lumeroom

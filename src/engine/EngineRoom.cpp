@@ -7,6 +7,7 @@
 #include "engine/EngineNotifier.h"
 #include "engine/Heartbeat.h"
 #include "engine/LampSockets.h"
+#include "engine/Liveness.h"
 #include "engine/PollingEmbargo.h"
 #include "engine/Polls.h"
 #include "engine/ProductCatalogue.h"
@@ -28,8 +29,9 @@ struct EngineRoom::Machinery {
         , queue(with.pacer, with.log)
         , polls(registry, sockets, queue, with.runLoop, with.log)
         , discovery(with.defaults, with.log, notifier, polls, with.arpTable)
-        , intake(registry, notifier, discovery, polls, catalogue, with.log)
-        , dispatcher({with.runLoop, with.log, notifier, registry, intake, polls, embargo})
+        , liveness(registry, discovery, with.runLoop)
+        , intake(registry, notifier, liveness, polls, catalogue, with.log)
+        , dispatcher({with.runLoop, with.log, notifier, registry, liveness, intake, polls, embargo})
         , summaries(registry, with.defaults)
         , commands(registry, sockets, with.defaults, with.log)
         , groupings({with.runLoop, with.log, notifier, registry, intake, polls, embargo})
@@ -48,6 +50,7 @@ struct EngineRoom::Machinery {
     SendQueue queue;
     Polls polls;
     Discovery discovery;
+    Liveness liveness;
     RecordIntake intake;
     ReceiveDispatcher dispatcher;
     Summaries summaries;

@@ -5,15 +5,23 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
+#include <chrono>
 #include <cstring>
+#include <deque>
+#include <map>
+#include <mutex>
 #include <thread>
+#include <utility>
 
 namespace lumeroom {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr auto kRememberFor = std::chrono::seconds(60);
 constexpr std::size_t kMostNames = 1000;
+constexpr int kMostThreads = 4; // a name server that is silent keeps each for seconds
 
 SocketAddress fromSystem(const sockaddr* address, socklen_t length)
 {
@@ -24,7 +32,8 @@ SocketAddress fromSystem(const sockaddr* address, socklen_t length)
 }
 
 /// `flags` as getaddrinfo takes them.
-std::optional<SocketAddress> ask(const std::string& host, std::uint16_t port, int flags)
+std::optional<SocketAddress> addressFromSystem(
+    const std::string& host, std::uint16_t port, int flags)
 {
     addrinfo hints{};
     hints.ai_family = AF_UNSPEC;
@@ -50,45 +59,100 @@ std::optional<SocketAddress> addressFromLiteral(const std::string& host, std::ui
     }
     if (host.find(':') == std::string::npos)
         return {};
-    return ask(host, port, AI_NUMERICHOST); // this one also reads scopes such as %eth0
+    // this one also reads scopes such as %eth0
+    return addressFromSystem(host, port, AI_NUMERICHOST);
 }
 
-HostResolver::HostResolver()
-    : m_memory(std::make_shared<Memory>())
+/// What the resolver shares with its threads. They outlive it: a look-up cannot be broken off, may
+/// take as long as the name servers like, and nobody waits for it.
+struct HostResolver::Desk {
+    using Name = std::pair<std::string, std::uint16_t>;
+    struct Entry {
+        Answer answer;
+        Clock::time_point until; ///< when to forget it; long past while there is no answer yet
+        std::vector<Done> waiting;
+    };
+
+    void forgetSome();
+
+    const Ask ask;
+    std::mutex mutex;
+    bool closed = false;
+    int threads = 0;
+    std::deque<Name> toDo;
+    std::map<Name, Entry> entries;
+};
+
+/// Forgets what can be asked again, so that the names do not fill the memory.
+void HostResolver::Desk::forgetSome()
+{
+    if (entries.size() >= kMostNames)
+        std::erase_if(entries, [](const auto& entry) { return entry.second.waiting.empty(); });
+}
+
+HostResolver::Ask HostResolver::systemResolver()
+{
+    return [](const std::string& host, std::uint16_t port) {
+        return addressFromSystem(host, port, 0);
+    };
+}
+
+HostResolver::HostResolver(Ask ask)
+    : m_desk(std::make_shared<Desk>(std::move(ask)))
 {
 }
 
 HostResolver::~HostResolver()
 {
-    const std::lock_guard lock(m_memory->mutex);
-    m_memory->closed = true;
+    const std::lock_guard lock(m_desk->mutex);
+    m_desk->closed = true;
 }
 
 std::optional<HostResolver::Answer> HostResolver::remembered(
-    const std::string& host, std::uint16_t port)
+    const std::string& host, std::uint16_t port) const
 {
-    const std::lock_guard lock(m_memory->mutex);
-    const auto found = m_memory->entries.find({host, port});
-    if (found == m_memory->entries.end() || found->second.until < std::chrono::steady_clock::now())
+    const std::lock_guard lock(m_desk->mutex);
+    const auto found = m_desk->entries.find({host, port});
+    if (found == m_desk->entries.end() || found->second.until < Clock::now())
         return {};
     return found->second.answer;
 }
 
-void HostResolver::lookUp(
-    const std::string& host, std::uint16_t port, std::function<void(Answer)> done)
+void HostResolver::lookUp(const std::string& host, std::uint16_t port, Done done)
 {
-    // A look-up cannot be broken off and may take as long as the name servers like, so nobody
-    // waits for this thread; what it touches it owns.
-    std::thread([memory = m_memory, host, port, done = std::move(done)] {
-        const Answer answer{ask(host, port, 0)};
-        const std::lock_guard lock(memory->mutex);
-        if (memory->closed)
-            return;
-        if (memory->entries.size() >= kMostNames)
-            memory->entries.clear();
-        memory->entries[{host, port}] = {answer, std::chrono::steady_clock::now() + kRememberFor};
-        done(answer); // while locked: who asked may be gone as soon as the resolver is
-    }).detach();
+    const std::lock_guard lock(m_desk->mutex);
+    m_desk->forgetSome();
+    const Desk::Name name{host, port};
+    auto& waiting = m_desk->entries[name].waiting;
+    waiting.push_back(std::move(done));
+    if (waiting.size() > 1)
+        return; // asked for already
+    m_desk->toDo.push_back(name);
+    if (m_desk->threads < kMostThreads) {
+        ++m_desk->threads;
+        std::thread([desk = m_desk] { work(*desk); }).detach();
+    }
+}
+
+void HostResolver::work(Desk& desk)
+{
+    std::unique_lock lock(desk.mutex);
+    while (!desk.closed && !desk.toDo.empty()) {
+        const Desk::Name name = std::move(desk.toDo.front());
+        desk.toDo.pop_front();
+        lock.unlock();
+        const Answer answer{desk.ask(name.first, name.second)};
+        lock.lock();
+        if (desk.closed)
+            break;
+        Desk::Entry& entry = desk.entries[name];
+        entry.answer = answer;
+        entry.until = Clock::now() + kRememberFor;
+        // While locked: who asked may be gone as soon as the resolver is.
+        for (const Done& done : std::exchange(entry.waiting, {}))
+            done(answer);
+    }
+    --desk.threads;
 }
 
 } // namespace lumeroom

@@ -43,12 +43,34 @@ template <typename Test> Lamps lampsWhere(const Lamps& lamps, Test test)
 
 std::shared_ptr<Lamp> LampRegistry::addLamp(const std::string& address)
 {
-    if (!m_addresses.insert(address).second)
+    if (lampAtAddress(address))
         return nullptr;
     auto lamp = std::make_shared<Lamp>();
+    m_byAddress.emplace(address, lamp.get());
     lamp->address = address;
     m_lamps.push_back(lamp);
     return lamp;
+}
+
+void LampRegistry::remove(const std::shared_ptr<Lamp>& lamp)
+{
+    m_byAddress.erase(lamp->address);
+    if (const auto sharing = m_byID.find(lamp->id); sharing != m_byID.end()) {
+        std::erase(sharing->second, lamp);
+        const std::uint64_t target = integerOf(*lamp->mac);
+        m_firstByTarget.erase(target);
+        if (sharing->second.empty())
+            m_byID.erase(sharing);
+        else
+            m_firstByTarget.emplace(target, sharing->second.front().get());
+    }
+    std::erase(m_lamps, lamp);
+}
+
+Lamp* LampRegistry::lampAtAddress(const std::string& address) const
+{
+    const auto found = m_byAddress.find(address);
+    return found == m_byAddress.end() ? nullptr : found->second;
 }
 
 void LampRegistry::identify(const std::shared_ptr<Lamp>& lamp, const Target& target)

@@ -3,7 +3,6 @@
 #include "engine/Records.h"
 
 #include <unordered_map>
-#include <unordered_set>
 
 namespace lumeroom {
 
@@ -28,6 +27,9 @@ public:
 
     /// A new record with this address, or null when some record has it already.
     std::shared_ptr<Lamp> addLamp(const std::string& address);
+    /// Forgets a record, for good.
+    void remove(const std::shared_ptr<Lamp>& lamp);
+    Lamp* lampAtAddress(const std::string& address) const;
     /// Gives a lamp its "MAC" and with it its ID. A lamp that comes back at a new address has a
     /// second record with the same ID; look-ups find the older.
     void identify(const std::shared_ptr<Lamp>& lamp, const Target& target);
@@ -75,7 +77,7 @@ private:
     Groups m_groups;
     Locations m_locations;
     Tags m_tags;
-    std::unordered_set<std::string> m_addresses;
+    std::unordered_map<std::string, Lamp*> m_byAddress;
     std::unordered_map<std::uint64_t, Lamp*> m_firstByTarget;
     std::unordered_map<std::string, Lamps, TextHash, std::equal_to<>> m_byID;
 };

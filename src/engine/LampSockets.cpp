@@ -12,14 +12,14 @@ LampSockets::LampSockets(SocketFactory makeSocket, UdpSocketDelegate& delegate)
 
 const std::shared_ptr<UdpSocket>& LampSockets::socketFor(Lamp& lamp)
 {
-    if (!lamp.socket)
+    if (!lamp.socket || lamp.socket->isClosed())
         lamp.socket = m_makeSocket(m_delegate);
     return lamp.socket;
 }
 
 const std::shared_ptr<UdpSocket>& LampSockets::makeBroadcastSocket()
 {
-    if (!m_broadcastSocket) {
+    if (!m_broadcastSocket || m_broadcastSocket->isClosed()) {
         m_broadcastSocket = m_makeSocket(m_delegate);
         m_broadcastSocket->enableBroadcast(true);
     }

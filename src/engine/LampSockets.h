@@ -11,8 +11,9 @@ public:
     /// `delegate` receives what comes in on every socket.
     LampSockets(SocketFactory makeSocket, UdpSocketDelegate& delegate);
 
+    /// The lamp's own socket, made if it has none that is open.
     const std::shared_ptr<UdpSocket>& socketFor(Lamp& lamp);
-    /// The discovery socket, made with broadcast enabled if there is none.
+    /// The discovery socket, made with broadcast enabled if none is open.
     const std::shared_ptr<UdpSocket>& makeBroadcastSocket();
     /// The discovery socket as it stands; null before the first `makeBroadcastSocket`.
     const std::shared_ptr<UdpSocket>& broadcastSocket() const { return m_broadcastSocket; }

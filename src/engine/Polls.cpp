@@ -7,9 +7,33 @@
 #include "engine/LampSockets.h"
 #include "engine/SendQueue.h"
 
+#include <algorithm>
+
 namespace lumeroom {
 
 using wire::Message;
+
+namespace {
+
+constexpr int kMostDoublings = 6; // 64 heartbeats: about three minutes
+
+bool isDue(LampPolling& polling)
+{
+    if (polling.pause > 0) {
+        --polling.pause;
+        return false;
+    }
+    if (polling.isSilent())
+        polling.pause = 1 << std::min(polling.unanswered - 3, kMostDoublings);
+    return true;
+}
+
+Expecting expectationOf(const Lamp& lamp)
+{
+    return lamp.polling.isAnswering() ? Expecting::Answer : Expecting::Silence;
+}
+
+} // namespace
 
 Polls::Polls(
     LampRegistry& registry, LampSockets& sockets, SendQueue& queue, RunLoop& runLoop, Log& log)
@@ -21,20 +45,26 @@ Polls::Polls(
 {
 }
 
-void Polls::sendGetServiceToAddress(const std::string& address)
+void Polls::sendGetServiceToAddress(const std::string& address, Expecting expecting)
 {
     m_sockets.makeBroadcastSocket();
-    pollAddress(Message::DeviceGetService, address);
+    pollAddress(Message::DeviceGetService, address, expecting);
 }
 
-void Polls::sendGetTagLabelsToLamp(const std::string& address)
+void Polls::sendGetTagLabelsToLamp(const std::string& address, Expecting expecting)
 {
-    pollAddress(Message::DeviceGetTagLabels, address);
+    pollAddress(Message::DeviceGetTagLabels, address, expecting);
 }
 
-void Polls::sendGetInfoToLamp(const std::string& address)
+void Polls::sendGetInfoToLamp(const std::string& address, Expecting expecting)
 {
-    pollAddress(Message::DeviceGetVersion, address);
+    pollAddress(Message::DeviceGetVersion, address, expecting);
+}
+
+bool Polls::lampAnswersAt(const std::string& address) const
+{
+    const Lamp* lamp = m_registry.lampAtAddress(address);
+    return lamp && lamp->polling.isAnswering();
 }
 
 void Polls::sendGetLabelToLamp(Lamp& lamp)
@@ -55,7 +85,8 @@ void Polls::sendGetGroupToLamp(Lamp& lamp)
 }
 void Polls::sendGetStateToLamp(Lamp& lamp)
 {
-    pollLamp(Message::LightGet, lamp);
+    if (pollLamp(Message::LightGet, lamp))
+        ++lamp.polling.unanswered;
 }
 
 void Polls::sendGetColorZonesToLamp(Lamp& lamp)
@@ -64,32 +95,32 @@ void Polls::sendGetColorZonesToLamp(Lamp& lamp)
         return;
     logQueueing(Message::MultizoneGetColorZones, lamp.address);
     const auto lastZone = static_cast<std::uint8_t>(lamp.zonecount ? *lamp.zonecount - 1 : 0);
-    m_queue.appendPoll({m_sockets.socketFor(lamp), lamp.address,
-        wire::multizoneGetColorZones(lamp.mac, lastZone)});
+    enqueue(
+        {m_sockets.socketFor(lamp), lamp.address, wire::multizoneGetColorZones(lamp.mac, lastZone)},
+        expectationOf(lamp));
 }
 
 void Polls::sendGetGroupToAllLamps()
 {
-    for (const auto& lamp : m_registry.lightsArray())
-        sendGetGroupToLamp(*lamp);
+    pollSpeakingLamps(Message::DeviceGetGroup);
 }
 
 void Polls::sendGetLocationToAllLamps()
 {
-    for (const auto& lamp : m_registry.lightsArray())
-        sendGetLocationToLamp(*lamp);
+    pollSpeakingLamps(Message::DeviceGetLocation);
 }
 
 void Polls::sendGetStateToAllLamps()
 {
-    for (const auto& lamp : m_registry.lightsArray())
-        sendGetStateToLamp(*lamp);
+    for (const auto& lamp : m_registry.lightsArray()) {
+        if (isDue(lamp->polling))
+            sendGetStateToLamp(*lamp);
+    }
 }
 
 void Polls::sendGetTagsToAllLamps()
 {
-    for (const auto& lamp : m_registry.lightsArray())
-        sendGetTagsToLamp(*lamp);
+    pollSpeakingLamps(Message::DeviceGetTags);
 }
 
 void Polls::sendGetServiceToAllRespondingLamps()
@@ -107,18 +138,34 @@ void Polls::sendSetLocationToLamp(const Location& location, Lamp& lamp)
     setGrouping(Message::DeviceSetLocation, location, lamp);
 }
 
-void Polls::pollAddress(Message message, const std::string& address)
+void Polls::pollAddress(Message message, const std::string& address, Expecting expecting)
 {
     logQueueing(message, address);
-    m_queue.appendPoll({m_sockets.broadcastSocket(), address, wire::request(message, {})});
+    enqueue({m_sockets.broadcastSocket(), address, wire::request(message, {})}, expecting);
 }
 
-void Polls::pollLamp(Message message, Lamp& lamp)
+/// Whether it was not waiting to be sent already.
+bool Polls::pollLamp(Message message, Lamp& lamp)
 {
     if (lamp.address.empty())
-        return;
+        return false;
     logQueueing(message, lamp.address);
-    m_queue.appendPoll({m_sockets.socketFor(lamp), lamp.address, wire::request(message, lamp.mac)});
+    return enqueue({m_sockets.socketFor(lamp), lamp.address, wire::request(message, lamp.mac)},
+        expectationOf(lamp));
+}
+
+void Polls::pollSpeakingLamps(Message message)
+{
+    for (const auto& lamp : m_registry.lightsArray()) {
+        if (!lamp->polling.isSilent())
+            pollLamp(message, *lamp);
+    }
+}
+
+bool Polls::enqueue(QueueEntry entry, Expecting expecting)
+{
+    return expecting == Expecting::Answer ? m_queue.appendPoll(std::move(entry))
+                                          : m_queue.appendProbe(std::move(entry));
 }
 
 void Polls::setGrouping(Message message, const Grouping& grouping, Lamp& lamp)

@@ -9,6 +9,10 @@ class LampSockets;
 class Log;
 class RunLoop;
 class SendQueue;
+struct QueueEntry;
+
+/// Who is not expected to answer is asked after all others.
+enum class Expecting { Answer, Silence };
 
 /// Builds the messages that go through the send queue. None does anything for a lamp without an
 /// address.
@@ -19,9 +23,10 @@ public:
 
     // To an address, on the discovery socket. Only the first makes that socket; an entry without
     // one is discarded by the queue.
-    void sendGetServiceToAddress(const std::string& address);
-    void sendGetTagLabelsToLamp(const std::string& address);
-    void sendGetInfoToLamp(const std::string& address);
+    void sendGetServiceToAddress(const std::string& address, Expecting expecting);
+    void sendGetTagLabelsToLamp(const std::string& address, Expecting expecting);
+    void sendGetInfoToLamp(const std::string& address, Expecting expecting);
+    bool lampAnswersAt(const std::string& address) const;
 
     // To one lamp, on its own socket
     void sendGetLabelToLamp(Lamp& lamp);
@@ -31,7 +36,8 @@ public:
     void sendGetStateToLamp(Lamp& lamp);
     void sendGetColorZonesToLamp(Lamp& lamp);
 
-    // To every lamp heard from
+    // To every lamp heard from. One that has fallen silent is asked for its state only, and ever
+    // more rarely.
     void sendGetGroupToAllLamps();
     void sendGetLocationToAllLamps();
     void sendGetStateToAllLamps();
@@ -44,8 +50,10 @@ public:
     void sendSetLocationToLamp(const Location& location, Lamp& lamp);
 
 private:
-    void pollAddress(wire::Message message, const std::string& address);
-    void pollLamp(wire::Message message, Lamp& lamp);
+    void pollAddress(wire::Message message, const std::string& address, Expecting expecting);
+    bool pollLamp(wire::Message message, Lamp& lamp);
+    void pollSpeakingLamps(wire::Message message);
+    bool enqueue(QueueEntry entry, Expecting expecting);
     void setGrouping(wire::Message message, const Grouping& grouping, Lamp& lamp);
     void logQueueing(wire::Message message, const std::string& address);
 

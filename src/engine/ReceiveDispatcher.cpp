@@ -7,6 +7,7 @@
 #include "engine/EngineNotifier.h"
 #include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
+#include "engine/Liveness.h"
 #include "engine/PollingEmbargo.h"
 #include "engine/Polls.h"
 #include "engine/RecordIntake.h"
@@ -82,7 +83,7 @@ ReceiveDispatcher::ReceiveDispatcher(const Environment& environment)
 }
 
 void ReceiveDispatcher::udpSocketDidReceiveData(
-    UdpSocket&, std::span<const std::uint8_t> data, const SocketAddress& from)
+    UdpSocket& socket, std::span<const std::uint8_t> data, const SocketAddress& from)
 {
     const auto frame = wire::parseFrame(data);
     if (!frame)
@@ -102,6 +103,8 @@ void ReceiveDispatcher::udpSocketDidReceiveData(
         log.line("payload of {} has length less than {}", wire::nameOf(message), *minimum);
         return;
     }
+    if (message != Message::DeviceStateService) // which says that it is there, no more
+        m_environment.liveness.received(frame->target, socket);
     dispatch(message, frame->target, ByteReader(frame->payload), from);
 }
 

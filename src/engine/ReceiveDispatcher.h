@@ -7,6 +7,7 @@ namespace lumeroom {
 
 class EngineNotifier;
 class LampRegistry;
+class Liveness;
 class Log;
 class Polls;
 class PollingEmbargo;
@@ -23,6 +24,7 @@ public:
         Log& log;
         const EngineNotifier& notifier;
         LampRegistry& registry;
+        Liveness& liveness;
         RecordIntake& intake;
         Polls& polls;
         const PollingEmbargo& embargo;

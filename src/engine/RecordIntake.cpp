@@ -1,9 +1,9 @@
 #include "engine/RecordIntake.h"
 
 #include "base/Log.h"
-#include "engine/Discovery.h"
 #include "engine/EngineNotifier.h"
 #include "engine/LampRegistry.h"
+#include "engine/Liveness.h"
 #include "engine/Polls.h"
 #include "engine/ProductCatalogue.h"
 #include "engine/Summaries.h"
@@ -79,10 +79,10 @@ constexpr std::string_view kLocationConflict
 } // namespace
 
 RecordIntake::RecordIntake(LampRegistry& registry, const EngineNotifier& notifier,
-    Discovery& discovery, Polls& polls, ProductCatalogue& catalogue, Log& log)
+    Liveness& liveness, Polls& polls, ProductCatalogue& catalogue, Log& log)
     : m_registry(registry)
     , m_notifier(notifier)
-    , m_discovery(discovery)
+    , m_liveness(liveness)
     , m_polls(polls)
     , m_catalogue(catalogue)
     , m_log(log)
@@ -99,11 +99,14 @@ Lamp* RecordIntake::lampFor(const Target& target) const
 
 std::shared_ptr<Lamp> RecordIntake::addLampToRespondingLamps(const std::string& address)
 {
-    if (m_registry.lightsArray().size() >= kMostLamps)
+    if (Lamp* known = m_registry.lampAtAddress(address)) {
+        m_liveness.announced(*known);
+        return nullptr;
+    }
+    if (m_registry.lightsArray().size() >= kMostLamps || !m_liveness.makeRoomForOneMore())
         return nullptr;
     auto lamp = m_registry.addLamp(address);
-    if (lamp)
-        m_discovery.addIPsToKnownIPs({address});
+    m_liveness.added(lamp);
     if (m_registry.lightsArray().size() == kMostLamps)
         m_log.line("{} lamps are known; no more are taken in", kMostLamps);
     return lamp;

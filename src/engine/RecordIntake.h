@@ -5,9 +5,9 @@
 
 namespace lumeroom {
 
-class Discovery;
 class EngineNotifier;
 class LampRegistry;
+class Liveness;
 class Log;
 class Polls;
 class ProductCatalogue;
@@ -16,7 +16,7 @@ class ProductCatalogue;
 /// Each operation for a target that no lamp has answers with a log line and nothing else.
 class RecordIntake {
 public:
-    RecordIntake(LampRegistry& registry, const EngineNotifier& notifier, Discovery& discovery,
+    RecordIntake(LampRegistry& registry, const EngineNotifier& notifier, Liveness& liveness,
         Polls& polls, ProductCatalogue& catalogue, Log& log);
 
     /// A record for an address heard from for the first time, else null.
@@ -40,7 +40,7 @@ private:
 
     LampRegistry& m_registry;
     const EngineNotifier& m_notifier;
-    Discovery& m_discovery;
+    Liveness& m_liveness;
     Polls& m_polls;
     ProductCatalogue& m_catalogue;
     Log& m_log;

@@ -129,6 +129,18 @@ struct LampService {
     std::uint32_t port = 0;
 };
 
+/// How a lamp answers at its address.
+struct LampPolling {
+    bool hasAnswered = false; ///< ever; until then it may be nobody
+    int unanswered = 0; ///< requests for its state since it was last heard
+    int pause = 0; ///< heartbeats that pass before it is asked again
+    std::optional<Seconds> lastHeard; ///< on the run loop's steady clock
+
+    /// At least three requests left without an answer; one more may still wait in the queue.
+    bool isSilent() const { return unanswered > 3; }
+    bool isAnswering() const { return hasAnswered && !isSilent(); }
+};
+
 /// All that is known of one lamp. Members beyond the first three come with the lamp's replies.
 struct Lamp : LampColour {
     std::string address; ///< IP address; the record's identity when it was made
@@ -137,6 +149,7 @@ struct Lamp : LampColour {
     std::optional<Target> mac;
     std::shared_ptr<UdpSocket> socket;
     std::optional<LampService> service;
+    LampPolling polling;
     std::optional<bool> onoff;
     std::uint64_t reports = 0; ///< of colour and power that were news, counted
     std::shared_ptr<Group> group;

@@ -3,8 +3,6 @@
 #include "base/Log.h"
 #include "engine/WireFormat.h"
 
-#include <algorithm>
-
 namespace lumeroom {
 
 namespace {
@@ -12,8 +10,45 @@ namespace {
 constexpr Seconds kPause(0.1);
 constexpr std::size_t kRepeatedPollsAllowedBelow = 30;
 constexpr std::size_t kSocketsAwaitingReply = 10;
+constexpr int kProbeEvery = 10;
+
+std::string keyOf(const QueueEntry& poll)
+{
+    std::string key = poll.address;
+    key.push_back('\0');
+    key.append(poll.data.begin(), poll.data.end());
+    return key;
+}
 
 } // namespace
+
+void SendQueue::Line::appendPoll(QueueEntry entry)
+{
+    std::string key = keyOf(entry);
+    m_entries.push_back(std::move(entry));
+    m_polls.insert_or_assign(std::move(key), std::prev(m_entries.end()));
+}
+
+bool SendQueue::Line::renew(const QueueEntry& poll)
+{
+    const auto found = m_polls.find(keyOf(poll));
+    if (found == m_polls.end())
+        return false;
+    if (poll.socket)
+        found->second->socket = poll.socket;
+    return true;
+}
+
+QueueEntry SendQueue::Line::takeFirst()
+{
+    const auto first = m_entries.begin();
+    const auto found = m_polls.find(keyOf(*first));
+    if (found != m_polls.end() && found->second == first)
+        m_polls.erase(found);
+    QueueEntry entry = std::move(*first);
+    m_entries.pop_front();
+    return entry;
+}
 
 SendQueue::SendQueue(Pacer& pacer, Log& log)
     : m_pacer(pacer)
@@ -32,34 +67,53 @@ void SendQueue::startQueingSystem()
 void SendQueue::append(QueueEntry entry)
 {
     const std::lock_guard lock(m_arrayLock);
-    m_queue.push_back(std::move(entry));
+    m_queue.append(std::move(entry));
 }
 
-void SendQueue::appendPoll(QueueEntry entry)
+bool SendQueue::appendPoll(QueueEntry entry)
 {
     const std::lock_guard lock(m_arrayLock);
-    if (m_queue.size() >= kRepeatedPollsAllowedBelow
-        && std::find(m_queue.begin(), m_queue.end(), entry) != m_queue.end())
-        return;
-    m_queue.push_back(std::move(entry));
+    if (m_queue.size() >= kRepeatedPollsAllowedBelow && m_queue.renew(entry))
+        return false;
+    m_queue.appendPoll(std::move(entry));
+    return true;
+}
+
+bool SendQueue::appendProbe(QueueEntry entry)
+{
+    const std::lock_guard lock(m_arrayLock);
+    if (m_probes.renew(entry))
+        return false;
+    m_probes.appendPoll(std::move(entry));
+    return true;
 }
 
 std::size_t SendQueue::size() const
 {
     const std::lock_guard lock(m_arrayLock);
-    return m_queue.size();
+    return m_queue.size() + m_probes.size();
 }
 
 Seconds SendQueue::pass()
 {
     const std::lock_guard lock(m_arrayLock);
-    if (!m_queue.empty()) {
+    if (Line& line = nextLine(); !line.empty()) {
         if (m_log.shows(3))
             m_log.line("unqueueing");
-        send(m_queue.front());
-        m_queue.pop_front();
+        send(line.takeFirst());
     }
     return kPause;
+}
+
+SendQueue::Line& SendQueue::nextLine()
+{
+    if (m_probes.empty())
+        return m_queue;
+    const bool probesTurn = m_queue.empty() || ++m_sinceProbe >= kProbeEvery;
+    if (!probesTurn)
+        return m_queue;
+    m_sinceProbe = 0;
+    return m_probes;
 }
 
 void SendQueue::send(const QueueEntry& entry)

@@ -6,7 +6,6 @@
 #include <fcntl.h>
 #include <fmt/core.h>
 #include <netdb.h>
-#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/socket.h>
@@ -16,7 +15,10 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
+#include <mutex>
 #include <sstream>
+#include <thread>
+#include <utility>
 
 namespace lumeroom {
 
@@ -24,7 +26,6 @@ namespace {
 
 constexpr std::size_t kMostOutput = 1 << 20;
 constexpr int kLaunchFailed = 127; // as a shell has it
-constexpr int kLookForStopMilliseconds = 100;
 
 std::string nameFromSystem(const std::string& address)
 {
@@ -70,6 +71,44 @@ Child launch(const std::string& command)
 
 } // namespace
 
+/// One reading on a thread of its own, which may outlive the table: a name server that is silent
+/// holds it up and cannot be hurried.
+class SystemArpTable::Reading : public std::enable_shared_from_this<Reading> {
+public:
+    using Done = std::function<void(const Result&)>;
+
+    Reading(RunLoop& runLoop, Sources sources, Done done)
+        : m_runLoop(runLoop)
+        , m_sources(std::move(sources))
+        , m_done(std::move(done))
+    {
+    }
+    void start()
+    {
+        std::thread([self = shared_from_this()] { self->finish(self->readTable()); }).detach();
+    }
+    /// Once this returns the run loop is left alone.
+    void breakOff();
+
+private:
+    bool isBrokenOff()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_brokenOff;
+    }
+    Result readTable();
+    Result runCommand(const std::string& command);
+    bool launchUnlessBrokenOff(const std::string& command);
+    void finish(const Result& result);
+
+    RunLoop& m_runLoop;
+    const Sources m_sources;
+    const Done m_done;
+    std::mutex m_mutex;
+    bool m_brokenOff = false;
+    Child m_child;
+};
+
 SystemArpTable::SystemArpTable(RunLoop& runLoop)
     : SystemArpTable(runLoop, {.nameOf = nameFromSystem})
 {
@@ -83,27 +122,44 @@ SystemArpTable::SystemArpTable(RunLoop& runLoop, Sources sources)
 
 SystemArpTable::~SystemArpTable()
 {
-    stop();
-}
-
-void SystemArpTable::stop()
-{
-    m_stopping = true;
-    if (m_thread.joinable())
-        m_thread.join();
-    m_stopping = false;
+    if (m_reading)
+        m_reading->breakOff();
 }
 
 void SystemArpTable::read(std::function<void(Result)> done)
 {
-    stop();
-    m_thread = std::thread([this, done = std::move(done)] {
-        auto result = std::make_shared<Result>(readTable());
-        m_runLoop.post(m_lifeline.guard([done, result] { done(*result); }));
+    m_waiting.push_back(std::move(done));
+    if (m_reading)
+        return;
+    m_reading = std::make_shared<Reading>(m_runLoop, m_sources, [this](const Result& result) {
+        m_runLoop.post(m_lifeline.guard([this, result] { finish(result); }));
     });
+    m_reading->start();
 }
 
-ArpTable::Result SystemArpTable::readTable()
+void SystemArpTable::finish(const Result& result)
+{
+    m_reading.reset();
+    for (const auto& done : std::exchange(m_waiting, {}))
+        done(result);
+}
+
+void SystemArpTable::Reading::breakOff()
+{
+    const std::lock_guard lock(m_mutex);
+    m_brokenOff = true;
+    if (m_child.process > 0)
+        ::kill(m_child.process, SIGKILL);
+}
+
+void SystemArpTable::Reading::finish(const Result& result)
+{
+    const std::lock_guard lock(m_mutex); // the table stays while this is held
+    if (!m_brokenOff)
+        m_done(result);
+}
+
+ArpTable::Result SystemArpTable::Reading::readTable()
 {
     for (const std::string& command : m_sources.commands) {
         if (::access(command.c_str(), X_OK) == 0)
@@ -113,22 +169,26 @@ ArpTable::Result SystemArpTable::readTable()
     std::ostringstream table;
     table << file.rdbuf();
     return {0, arpLinesFromKernelTable(table.str(), [this](const std::string& address) {
-                return m_stopping ? std::string() : m_sources.nameOf(address);
+                return isBrokenOff() ? std::string() : m_sources.nameOf(address);
             })};
 }
 
-ArpTable::Result SystemArpTable::runCommand(const std::string& command)
+bool SystemArpTable::Reading::launchUnlessBrokenOff(const std::string& command)
 {
-    const Child child = launch(command);
-    if (child.process < 0)
+    const std::lock_guard lock(m_mutex);
+    if (!m_brokenOff)
+        m_child = launch(command);
+    return m_child.process > 0;
+}
+
+ArpTable::Result SystemArpTable::Reading::runCommand(const std::string& command)
+{
+    if (!launchUnlessBrokenOff(command))
         return {kLaunchFailed, {}};
     Result result;
     std::array<char, 4096> buffer;
-    while (!m_stopping) {
-        pollfd waiting{child.output, POLLIN, 0};
-        if (::poll(&waiting, 1, kLookForStopMilliseconds) <= 0)
-            continue;
-        const ssize_t count = ::read(child.output, buffer.data(), buffer.size());
+    for (;;) {
+        const ssize_t count = ::read(m_child.output, buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
@@ -136,11 +196,15 @@ ArpTable::Result SystemArpTable::runCommand(const std::string& command)
         if (result.output.size() < kMostOutput)
             result.output.append(buffer.data(), static_cast<std::size_t>(count));
     }
-    if (m_stopping)
-        ::kill(child.process, SIGKILL);
-    ::close(child.output);
+    ::close(m_child.output);
+    const pid_t process = m_child.process;
+    siginfo_t ended{};
+    while (::waitid(P_PID, static_cast<id_t>(process), &ended, WEXITED | WNOWAIT) < 0
+        && errno == EINTR) { }
+    const std::lock_guard lock(m_mutex); // from here its number may be another's
+    m_child.process = -1;
     int status = 0;
-    while (::waitpid(child.process, &status, 0) < 0 && errno == EINTR) { }
+    while (::waitpid(process, &status, 0) < 0 && errno == EINTR) { }
     result.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status);
     return result;
 }

@@ -49,6 +49,8 @@ public:
     /// Starts continuous delivery; later calls do nothing and succeed. Answers the error, if any.
     virtual std::optional<SocketError> beginReceiving() = 0;
     virtual void close() = 0;
+    /// By `close`, or by an error of the system's.
+    virtual bool isClosed() const = 0;
 };
 
 using SocketFactory = std::function<std::shared_ptr<UdpSocket>(UdpSocketDelegate& delegate)>;

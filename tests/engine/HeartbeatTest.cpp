@@ -1,9 +1,42 @@
 #include "engine/AddressList.h"
 #include "support/EngineHarness.h"
 
+#include <fmt/core.h>
+
+#include <cmath>
+#include <map>
+
 namespace lumeroom::test {
 
-using Heartbeat = EngineHarness;
+struct Heartbeat : EngineHarness {
+    /// Makes lamps known that answer every request for their state.
+    void addAnsweringLamps(unsigned count)
+    {
+        for (unsigned n = 1; n <= count; ++n) {
+            addLamp(n);
+            answering[lampAddress(n)] = n;
+        }
+        drainQueue();
+    }
+    /// Lets the time pass. What is sent meanwhile, of one type or all, to one host or all.
+    std::vector<SentDatagram> run(double seconds, unsigned type = 0, const std::string& host = {})
+    {
+        std::vector<SentDatagram> result;
+        for (int tenth = 0; tenth < std::lround(seconds * 10); ++tenth) {
+            loop.advance(Seconds(0.1));
+            for (const auto& datagram : sockets.take()) {
+                if ((type == 0 || datagram.type() == type)
+                    && (host.empty() || datagram.host == host))
+                    result.push_back(datagram);
+                const auto lamp = answering.find(datagram.host);
+                if (datagram.type() == 101 && lamp != answering.end())
+                    receive(lightState(lamp->second, {}), lamp->first);
+            }
+        }
+        return result;
+    }
+    std::map<std::string, unsigned> answering;
+};
 
 TEST_F(Heartbeat, oneCycleForThreeLampsByteForByteAndItsPace)
 {
@@ -105,25 +138,99 @@ TEST_F(Heartbeat, theQueueSendsTenASecondAndKeepsRepeats)
     EXPECT_EQ(sockets.takeOfType(26).size(), 10U); // twenty identical polls in all
 }
 
-TEST_F(Heartbeat, moreLampsThanTheQueueCanServeDoNotSwellIt)
+TEST_F(Heartbeat, neitherManyLampsNorRebuildsHoldUpAChange)
 {
-    for (unsigned n = 1; n <= 20; ++n)
-        addLamp(n);
+    addAnsweringLamps(30);
     engine().startHeartbeat();
-    loop.advance(Seconds(3600));
-    sockets.take();
-    // A change that a user makes still leaves within the embargo that protects it.
-    engine().invalidateSockets();
+    EXPECT_FALSE(run(9.5, 32).empty()); // the versions come with the first round
+    run(3600);
+    for (int rebuild = 0; rebuild < 40; ++rebuild) {
+        engine().invalidateSockets();
+        run(1.5);
+    }
+    // The change leaves within the embargo that protects it.
     Reference lamp(lampID(1));
     engine().groupings().makeGroupNamed({&lamp}, "Den");
-    loop.advance(Seconds(14));
-    EXPECT_EQ(sockets.takeOfType(52).size(), 1U);
-    // And every lamp is still asked for its state.
-    loop.advance(Seconds(20));
-    std::set<std::string> asked;
-    for (const auto& datagram : sockets.takeOfType(101))
-        asked.insert(datagram.host);
-    EXPECT_EQ(asked.size(), 20U);
+    EXPECT_EQ(run(3, 52).size() + run(8, 52).size(), 1U);
+    // And every lamp is still asked for its state, by its newest socket.
+    std::map<std::string, const UdpSocket*> asked;
+    for (const auto& datagram : run(12, 101))
+        asked.emplace(datagram.host, datagram.socket);
+    EXPECT_EQ(asked.size(), 30U);
+    for (const auto& each : engine().registry().lightsArray())
+        EXPECT_EQ(asked[each->address], each->socket.get());
+}
+
+TEST_F(Heartbeat, aFloodOfAnnouncementsTakesNothingFromLampsThatAnswer)
+{
+    addAnsweringLamps(3);
+    engine().startHeartbeat();
+    std::size_t asked = 0;
+    for (unsigned second = 0; second < 20; ++second) {
+        for (unsigned n = 1000; n < 6000; n += 10)
+            receive(stateService(n + second % 10), lampAddress(n + second % 10));
+        for (const auto& datagram : run(1, 101))
+            asked += answering.count(datagram.host);
+    }
+    EXPECT_GE(asked, 18U); // of 21
+    EXPECT_LE(engine().registry().lightsArray().size(), 303U);
+    EXPECT_EQ(defaults.arrayForKey("knownIPs")->size(), 3U);
+
+    // Those that never answered are asked ever more rarely, and make room for a lamp.
+    const std::size_t atFirst = run(60).size();
+    run(1200);
+    EXPECT_LT(run(60).size() * 2, atFirst);
+    answering[lampAddress(4)] = 4;
+    receive(stateService(4), lampAddress(4));
+    run(60);
+    receive(stateService(5), lampAddress(5));
+    EXPECT_EQ(run(60, 101, lampAddress(4)).size(), 20U);
+    EXPECT_EQ(engine().registry().lightsArray().size(), 303U + 1U);
+    EXPECT_TRUE(engine().registry().lampWithID(lampID(5)));
+}
+
+TEST_F(Heartbeat, aSilentLampIsAskedEverMoreRarelyUntilItSpeaks)
+{
+    addAnsweringLamps(2);
+    answering.erase(lampAddress(1));
+    engine().startHeartbeat();
+    EXPECT_EQ(run(12, 101, lampAddress(1)).size(), 4U);
+    std::vector<int> pauses{0};
+    for (int beat = 0; beat < 300; ++beat) {
+        const auto sent = run(3, 0, lampAddress(1));
+        if (sent.empty())
+            ++pauses.back();
+        else
+            pauses.push_back(0);
+        EXPECT_LE(sent.size(), 1U); // and not for its group
+    }
+    EXPECT_EQ(pauses, (std::vector<int>{0, 2, 4, 8, 16, 32, 64, 64, 64, 37}));
+    EXPECT_EQ(run(3, 51).size(), 1U); // the other lamp's
+    engine().commands().lampOn(lampID(1), true); // commands go to it all the same
+    EXPECT_EQ(sockets.takeOfType(117).size(), 1U);
+
+    receive(stateService(1), lampAddress(1));
+    EXPECT_EQ(run(7, 101, lampAddress(1)).size(), 2U);
+    EXPECT_EQ(run(3, 51).size(), 2U);
+}
+
+TEST_F(Heartbeat, manyStoredAddressesDoNotHoldUpTheLampsThatAnswer)
+{
+    Value::Array stored;
+    for (int n = 0; n < 2000; ++n)
+        stored.emplace_back(fmt::format("10.0.{}.{}", n / 200, n % 200));
+    defaults.setObject("knownIPs", stored);
+    defaults.setObject("noBroadcastSupport", true);
+    addAnsweringLamps(12);
+    ASSERT_EQ(defaults.arrayForKey("knownIPs")->size(), 300U);
+    EXPECT_EQ(defaults.arrayForKey("knownIPs")->front(), Value(lampAddress(12)));
+    engine().startHeartbeat();
+    run(30);
+    EXPECT_GE(run(30, 2, lampAddress(1)).size(), 3U);
+    std::size_t others = 0; // have a tenth of the time
+    for (const auto& datagram : run(30))
+        others += datagram.host.starts_with("10.") ? 1 : 0;
+    EXPECT_EQ(others, 30U);
 }
 
 TEST_F(Heartbeat, anEntryWithoutSocketIsDropped)
@@ -155,9 +262,29 @@ TEST_F(Heartbeat, socketsAreMadeOnDemandInvalidatedAndClosed)
     EXPECT_EQ(engine().registry().lightsArray().size(), 1U);
     engine().commands().lampOn(lampID(1), true);
     EXPECT_TRUE(lamp->socket);
+
+    // One that an error has closed is replaced by the next use.
+    sockets.take();
+    const auto broken = lamp->socket;
+    broken->close();
+    engine().commands().lampOn(lampID(1), true);
+    EXPECT_NE(sockets.take().at(0).socket, broken.get());
     loop.advance(Seconds(3));
     engine().closeUp();
-    EXPECT_EQ(sockets.closed(), 2);
+    EXPECT_EQ(sockets.closed(), 3);
+}
+
+TEST_F(Heartbeat, aSocketNobodyHoldsStaysForTheReply)
+{
+    const auto lamp = addLamp(1); // whose state is about to be asked for
+    const std::weak_ptr<UdpSocket> socket = lamp->socket;
+    engine().invalidateSockets();
+    loop.advance(Seconds(0.1));
+    ASSERT_EQ(sockets.take().size(), 1U);
+    EXPECT_FALSE(socket.expired());
+    engine().startHeartbeat();
+    loop.advance(Seconds(9));
+    EXPECT_TRUE(socket.expired());
 }
 
 TEST_F(Heartbeat, addressesFollowTheSettings)
@@ -236,7 +363,7 @@ TEST_F(Heartbeat, theArpTableSeedsTheKnownAddresses)
     loop.advance(Seconds(2));
     EXPECT_TRUE(sockets.take().empty()); // earlier addresses are not read before the first addition
     arp.pending({1, "lifx-desk (10.0.0.2) at aa\nprinter (10.0.0.3) at bb\nlifx without\n"});
-    EXPECT_EQ(defaults.arrayForKey("knownIPs"), (Value::Array{"10.0.0.1", "10.0.0.2"}));
+    EXPECT_EQ(defaults.arrayForKey("knownIPs"), (Value::Array{"10.0.0.2", "10.0.0.1"}));
     EXPECT_EQ(linesWith("arp error - exit code: 1"), 1); // and the output counts all the same
     EXPECT_EQ(linesWith("arp says IPs are: (10.0.0.2)"), 1);
     EXPECT_EQ(delegate.searching.back(), false);

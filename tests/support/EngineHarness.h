@@ -84,10 +84,12 @@ struct EngineHarness : ::testing::Test {
         return *m_engine;
     }
 
+    /// By the socket of the lamp at that address, if it has one, as an answer comes.
     void receive(
         const Datagram& datagram, const std::string& from = "127.0.9.1", std::uint16_t port = 56700)
     {
-        const auto socket = sockets.factory()(engine());
+        const Lamp* lamp = engine().registry().lampAtAddress(from);
+        const auto socket = lamp && lamp->socket ? lamp->socket : sockets.factory()(engine());
         engine().udpSocketDidReceiveData(*socket, datagram, socketAddress(from, port));
     }
     /// Makes the n-th lamp known, with its state, as if it had answered.

@@ -58,10 +58,16 @@ private:
             m_owner.m_sent.push_back({this, std::move(data), host, port});
         }
         std::optional<SocketError> beginReceiving() override { return {}; }
-        void close() override { ++m_owner.m_closed; }
+        void close() override
+        {
+            m_closed = true;
+            ++m_owner.m_closed;
+        }
+        bool isClosed() const override { return m_closed; }
 
     private:
         FakeSockets& m_owner;
+        bool m_closed = false;
     };
 
     mutable std::mutex m_mutex;

@@ -34,6 +34,7 @@ private:
         void sendDataToHost(Datagram, const std::string&, std::uint16_t) override { }
         std::optional<SocketError> beginReceiving() override { return {}; }
         void close() override { }
+        bool isClosed() const override { return false; }
     };
     struct NoArpTable : ArpTable {
         void read(std::function<void(Result)>) override { }

@@ -38,7 +38,8 @@ private:
 /// The n-th lamp's target.
 inline std::array<std::uint8_t, 8> target(unsigned n)
 {
-    return {0xd0, 0x73, 0xd5, 0, 0, static_cast<std::uint8_t>(n), 0, 0};
+    return {0xd0, 0x73, 0xd5, 0, static_cast<std::uint8_t>(n / 256), static_cast<std::uint8_t>(n),
+        0, 0};
 }
 
 inline std::string lampID(unsigned n)
@@ -49,7 +50,7 @@ inline std::string lampID(unsigned n)
 
 inline std::string lampAddress(unsigned n)
 {
-    return "127.0.9." + std::to_string(n);
+    return "127.0." + std::to_string(9 + n / 256) + "." + std::to_string(n % 256);
 }
 
 inline Datagram reply(unsigned type, unsigned lamp, const Bytes& payload)

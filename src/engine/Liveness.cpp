@@ -1,0 +1,83 @@
+#include "engine/Liveness.h"
+
+#include "base/RunLoop.h"
+#include "engine/Discovery.h"
+#include "engine/LampRegistry.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace lumeroom {
+
+namespace {
+constexpr std::size_t kMostThatNeverAnswered = 300;
+}
+
+Liveness::Liveness(LampRegistry& registry, Discovery& discovery, RunLoop& runLoop)
+    : m_registry(registry)
+    , m_discovery(discovery)
+    , m_runLoop(runLoop)
+{
+}
+
+bool Liveness::makeRoomForOneMore()
+{
+    if (m_neverAnswered.size() < kMostThatNeverAnswered)
+        return true;
+    const auto silent = std::find_if(m_neverAnswered.begin(), m_neverAnswered.end(),
+        [](const auto& lamp) { return lamp->polling.isSilent(); });
+    if (silent == m_neverAnswered.end())
+        return false;
+    m_registry.remove(*silent);
+    m_neverAnswered.erase(silent);
+    return true;
+}
+
+void Liveness::added(const std::shared_ptr<Lamp>& lamp)
+{
+    m_neverAnswered.push_back(lamp);
+}
+
+/// From a lamp that once answered, any sign is good enough.
+void Liveness::announced(Lamp& lamp)
+{
+    if (lamp.polling.hasAnswered)
+        heard(lamp);
+}
+
+void Liveness::received(const Target& target, const UdpSocket& socket)
+{
+    Lamp* lamp = m_registry.lampWithTarget(target);
+    if (!lamp)
+        return;
+    if (lamp->socket.get() == &socket) {
+        answered(*lamp);
+        return;
+    }
+    // A lamp that has moved has a record for each address.
+    const Lamps& records = m_registry.lampsWithID(lamp->id);
+    const auto found = std::find_if(records.begin(), records.end(),
+        [&socket](const auto& record) { return record->socket.get() == &socket; });
+    if (found != records.end())
+        answered(**found);
+    else
+        announced(*lamp);
+}
+
+void Liveness::heard(Lamp& lamp)
+{
+    lamp.polling.unanswered = 0;
+    lamp.polling.pause = 0;
+    lamp.polling.lastHeard = m_runLoop.elapsed();
+}
+
+void Liveness::answered(Lamp& lamp)
+{
+    heard(lamp);
+    if (std::exchange(lamp.polling.hasAnswered, true))
+        return;
+    std::erase_if(m_neverAnswered, [&lamp](const auto& other) { return other.get() == &lamp; });
+    m_discovery.addIPsToKnownIPs({lamp.address});
+}
+
+} // namespace lumeroom
