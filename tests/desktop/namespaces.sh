@@ -1,5 +1,6 @@
 #!/bin/bash
-# Two hosts joined by a cable, both namespaces made here: lamps on one, the program on the other.
+# A host with three cables, all namespaces made here: lamps on two of them, the default route on the
+# third.
 # Usage: namespaces.sh LUMEROOM VIRTUAL-LAMPS
 set -eu
 if [ "${3:-}" != inside ]; then
@@ -17,23 +18,38 @@ folder=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$folder"' EXIT
 export QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME="$folder"
 
-# The lamps' host is a namespace held by a sleeping process.
-unshare -n sleep 300 >/dev/null 2>&1 &
-lamps=$!
-sleep 0.5
 ip link set lo up
-ip link add cable0 type veth peer name cable1
-ip link set cable1 netns "$lamps"
-ip addr add 10.77.0.1/24 dev cable0
-ip link set cable0 up
+# A cable from here, at 10.77.N.1, to a host that is a namespace held by a sleeping process.
+connect() { # N
+    unshare -n sleep 300 >/dev/null 2>&1 &
+    host=$!
+    sleep 0.5
+    ip link add "cable$1" type veth peer name there
+    ip link set there netns "$host"
+    ip addr add "10.77.$1.1/24" dev "cable$1"
+    ip link set "cable$1" up
+    on_host ip link set lo up
+    on_host ip link set there up
+}
+on_host() { nsenter --net="/proc/$host/ns/net" "$@"; }
+lamps() { # log, options
+    local log=$1
+    shift
+    nsenter --net="/proc/$host/ns/net" "$virtual_lamps" --any-address --broadcast --log "$log" "$@" \
+        >/dev/null 2>&1 &
+}
+virtual_lamps=$2
+connect 0
 ip route add default dev cable0
-on_lamps() { nsenter --net="/proc/$lamps/ns/net" "$@"; }
-on_lamps ip link set lo up
-on_lamps ip link set cable1 up
-for n in 11 12 13; do on_lamps ip addr add "10.77.0.$n/24" dev cable1; done
-nsenter --net="/proc/$lamps/ns/net" "$2" --any-address --broadcast --address 10.77.0.11 --address 10.77.0.12 \
-    --address 10.77.0.13 --label Hall --label Attic --label Cellar --product 27,10,32 \
-    --log "$folder/traffic" >/dev/null 2>&1 &
+connect 1
+on_host ip addr add 10.77.1.11/24 dev there
+on_host ip addr add 10.77.1.12/24 dev there
+lamps "$folder/traffic" --address 10.77.1.11 --address 10.77.1.12 --label Hall --label Attic --product 27,10
+connect 2
+on_host ip addr add 10.77.2.13/24 dev there
+# Lamps are numbered in their order: two that nobody reaches leave the third number for this one.
+lamps "$folder/traffic2" --address 127.0.0.1 --address 127.0.0.2 --address 10.77.2.13 \
+    --label - --label - --label Cellar --product 32
 sleep 1
 
 check() { # what was found
@@ -50,11 +66,12 @@ check() { # what was found
     cat "$folder/log"
 check "a real broadcast"
 grep -q '"type":2,' "$folder/traffic"
+grep -q '"type":2,' "$folder/traffic2"
 
 # Without broadcasts, the ARP table names them: a stand-in for the names that a router would give.
-for n in 11 12 13; do echo hello >"/dev/udp/10.77.0.$n/9" || true; done
+for n in 1.11 1.12 2.13; do echo hello >"/dev/udp/10.77.$n/9" || true; done
 sleep 1
-printf '127.0.0.1 localhost\n10.77.0.11 lifx-a\n10.77.0.12 lifx-b\n10.77.0.13 lifx-c\n' >"$folder/hosts"
+printf '127.0.0.1 localhost\n10.77.1.11 lifx-a\n10.77.1.12 lifx-b\n10.77.2.13 lifx-c\n' >"$folder/hosts"
 mount --bind "$folder/hosts" /etc/hosts
 cat >"$folder/b.plist" <<'P'
 <?xml version="1.0" encoding="UTF-8"?>

@@ -11,6 +11,10 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <condition_variable>
+#include <thread>
+
 namespace lumeroom {
 
 namespace {
@@ -71,6 +75,16 @@ struct Received : UdpSocketDelegate {
     SocketAddress last;
 };
 
+/// Counts what is posted, from whichever thread.
+struct CountingLoop : ManualRunLoop {
+    void post(std::function<void()> work) override
+    {
+        ManualRunLoop::post(std::move(work));
+        ++posts;
+    }
+    std::atomic<int> posts = 0;
+};
+
 /// The sanitizer's look at an object's type needs a descriptor itself.
 [[gnu::no_sanitize("vptr")]] void sendWithoutDescriptors(UdpSocket& socket, std::uint16_t port)
 {
@@ -100,84 +114,80 @@ struct AsyncUdp : ::testing::Test {
         const std::lock_guard lock(linesMutex);
         lines.emplace_back(line);
     }};
-    ManualRunLoop loop;
+    CountingLoop loop;
     Received received;
     UdpIoThread io{loop, log};
 };
 
 TEST_F(AsyncUdp, repliesComeBackOnTheRunLoop)
 {
-    Peer peer;
-    const auto socket = makeSocket();
-    const auto error = socket->beginReceiving();
-    ASSERT_TRUE(error); // nothing sent, so nothing bound
-    EXPECT_EQ(error->domain, "AsyncUdpSocketErrorDomain");
-    EXPECT_EQ(error->text,
-        "Must bind socket before you can receive data. You can do this explicitly via bind, or "
-        "implicitly via connect or by sending data.");
+    for (const std::string host : {"127.0.0.1", "::1"}) {
+        Peer peer(host);
+        if (!peer.isBound())
+            continue; // this machine has no IPv6 loopback address
+        const auto socket = makeSocket();
+        const auto error = socket->beginReceiving();
+        ASSERT_TRUE(error); // nothing sent, so nothing bound
+        EXPECT_EQ(error->domain, "AsyncUdpSocketErrorDomain");
+        EXPECT_EQ(error->text,
+            "Must bind socket before you can receive data. You can do this explicitly via bind, or "
+            "implicitly via connect or by sending data.");
 
-    socket->sendDataToHost({}, "127.0.0.1", peer.port()); // empty: not sent
-    socket->sendDataToHost({1, 2, 3}, "127.0.0.1", peer.port());
-    EXPECT_EQ(peer.receive(), (Datagram{1, 2, 3}));
-    peer.answer({4}); // waits in the system until it is wanted
-    EXPECT_FALSE(socket->beginReceiving());
-    EXPECT_FALSE(socket->beginReceiving());
-    peer.answer({5, 6});
-    ASSERT_TRUE(receivedAll(2));
-    EXPECT_EQ(received.datagrams[1], (Datagram{5, 6}));
-    EXPECT_EQ(AsyncUdpSocket::hostFromAddress(received.last), "127.0.0.1");
-    EXPECT_EQ(AsyncUdpSocket::portFromAddress(received.last), peer.port());
-    EXPECT_EQ(AsyncUdpSocket::familyFromAddress(received.last), AF_INET);
+        socket->sendDataToHost({}, host, peer.port()); // empty: not sent
+        socket->sendDataToHost({1, 2, 3}, host, peer.port());
+        EXPECT_EQ(peer.receive(), (Datagram{1, 2, 3}));
+        peer.answer({4}); // waits in the system until it is wanted
+        EXPECT_FALSE(socket->beginReceiving());
+        EXPECT_FALSE(socket->beginReceiving());
+        peer.answer({5, 6});
+        ASSERT_TRUE(receivedAll(2));
+        EXPECT_EQ(std::exchange(received.datagrams, {})[1], (Datagram{5, 6}));
+        EXPECT_EQ(AsyncUdpSocket::hostFromAddress(received.last), host);
+        EXPECT_EQ(AsyncUdpSocket::portFromAddress(received.last), peer.port());
+        EXPECT_EQ(
+            AsyncUdpSocket::familyFromAddress(received.last), host == "::1" ? AF_INET6 : AF_INET);
+    }
 }
 
-TEST_F(AsyncUdp, sendsLeaveInOrder)
+TEST_F(AsyncUdp, sendsLeaveInOrderAlsoBehindANameThatIsLookedUp)
 {
     Peer peer;
     const auto socket = makeSocket();
-    for (unsigned i = 0; i < 200; ++i)
-        socket->sendDataToHost({static_cast<std::uint8_t>(i)}, "127.0.0.1", peer.port());
-    for (unsigned i = 0; i < 200; ++i)
-        EXPECT_EQ(peer.receive(), Datagram{static_cast<std::uint8_t>(i)});
-}
-
-TEST_F(AsyncUdp, aNameIsLookedUpAndKeepsTheOrder)
-{
-    Peer peer;
-    const auto socket = makeSocket();
-    socket->sendDataToHost({1}, "localhost", peer.port());
-    socket->sendDataToHost({2}, "127.0.0.1", peer.port());
-    const Datagram first = peer.receive();
-    if (first == Datagram{2})
+    socket->sendDataToHost({0}, "localhost", peer.port());
+    for (std::uint8_t i = 1; i < 200; ++i)
+        socket->sendDataToHost({i}, "127.0.0.1", peer.port());
+    Datagram next = peer.receive();
+    if (next == Datagram{1})
         GTEST_SKIP() << "localhost is an IPv6 address here";
-    EXPECT_EQ(first, Datagram{1});
-    EXPECT_EQ(peer.receive(), Datagram{2});
+    for (std::uint8_t i = 0; i < 199; ++i, next = peer.receive())
+        ASSERT_EQ(next, Datagram{i});
 }
 
-TEST_F(AsyncUdp, ipv6)
-{
-    Peer peer("::1");
-    if (!peer.isBound())
-        GTEST_SKIP() << "this machine has no IPv6 loopback address";
-    const auto socket = makeSocket();
-    socket->sendDataToHost({7}, "::1", peer.port());
-    EXPECT_EQ(peer.receive(), Datagram{7});
-    socket->beginReceiving();
-    peer.answer({8});
-    ASSERT_TRUE(receivedAll(1));
-    EXPECT_EQ(AsyncUdpSocket::hostFromAddress(received.last), "::1");
-}
-
-TEST_F(AsyncUdp, aSlowMainThreadLosesNothingThatFitsTheSystemsBuffer)
+TEST_F(AsyncUdp, aMainThreadThatIsFarBehindLeavesTheRestToTheSystem)
 {
     Peer peer;
     const auto socket = makeSocket();
     socket->sendDataToHost({1}, "127.0.0.1", peer.port());
     peer.receive();
     socket->beginReceiving();
-    for (unsigned i = 0; i < 500; ++i)
-        peer.answer({static_cast<std::uint8_t>(i), static_cast<std::uint8_t>(i / 256)});
-    ASSERT_TRUE(receivedAll(500));
-    EXPECT_EQ(received.datagrams[499], (Datagram{243, 1}));
+    constexpr std::size_t kRound = 64;
+    std::size_t sent = 0;
+    const auto isReadSoon = [&](int before) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(500);
+        while (loop.posts == before && std::chrono::steady_clock::now() < deadline)
+            std::this_thread::yield();
+        return loop.posts != before;
+    };
+    for (int before = -1; sent < 8192 && isReadSoon(std::exchange(before, loop.posts));) {
+        for (std::size_t i = 0; i < kRound; ++i, ++sent)
+            peer.answer({static_cast<std::uint8_t>(sent), static_cast<std::uint8_t>(sent / 256)});
+    }
+    EXPECT_LT(sent, 5000U); // of which the last round waits in the system
+    EXPECT_GT(sent, 4000U);
+    ASSERT_TRUE(receivedAll(sent));
+    EXPECT_EQ(received.datagrams.back(),
+        (Datagram{
+            static_cast<std::uint8_t>(sent - 1), static_cast<std::uint8_t>((sent - 1) / 256)}));
 }
 
 TEST_F(AsyncUdp, nothingArrivesAfterCloseOrTheEnd)
@@ -191,7 +201,9 @@ TEST_F(AsyncUdp, nothingArrivesAfterCloseOrTheEnd)
         each->beginReceiving();
         peer.answer({2});
     }
+    EXPECT_FALSE(socket->isClosed());
     socket->close();
+    EXPECT_TRUE(socket->isClosed());
     EXPECT_EQ(socket->beginReceiving()->text, "Socket closed");
     socket->sendDataToHost({3}, "127.0.0.1", peer.port());
     other.reset();
@@ -248,6 +260,57 @@ TEST(HostResolver, literals)
     EXPECT_TRUE(addressFromLiteral("fe80::1", 1));
     for (const char* name : {"lamp.local", "127.0.0", "", "1.2.3.4.5"})
         EXPECT_FALSE(addressFromLiteral(name, 1)) << name;
+}
+
+TEST(HostResolver, aNameIsAskedForOnceAndFewAtATimeAndNobodyWaits)
+{
+    struct Server { // is silent until it is told to speak
+        std::mutex mutex;
+        std::condition_variable speak;
+        bool speaks = false;
+        int asked = 0;
+        int atOnce = 0;
+        int mostAtOnce = 0;
+    };
+    const auto server = std::make_shared<Server>();
+    auto resolver = std::make_unique<HostResolver>(
+        [server](const std::string&, std::uint16_t port) -> std::optional<SocketAddress> {
+            std::unique_lock lock(server->mutex);
+            ++server->asked;
+            server->mostAtOnce = std::max(server->mostAtOnce, ++server->atOnce);
+            server->speak.wait(lock, [&] { return server->speaks; });
+            --server->atOnce;
+            return addressFromLiteral("127.0.0.1", port);
+        });
+    std::atomic<int> answers = 0;
+    for (int i = 0; i < 100; ++i) {
+        resolver->lookUp("lamp" + std::to_string(i % 10), 7,
+            [&](const HostResolver::Answer& answer) { answers += answer.address ? 1 : 0; });
+    }
+    EXPECT_FALSE(resolver->remembered("lamp0", 7));
+    {
+        const std::lock_guard lock(server->mutex);
+        server->speaks = true;
+    }
+    server->speak.notify_all();
+    while (answers < 100)
+        std::this_thread::yield();
+    EXPECT_EQ(server->asked, 10);
+    EXPECT_LE(server->mostAtOnce, 4);
+    EXPECT_TRUE(resolver->remembered("lamp9", 7)->address);
+
+    {
+        const std::lock_guard lock(server->mutex);
+        server->speaks = false;
+    }
+    resolver->lookUp("late", 7, [&](const auto&) { ++answers; });
+    resolver.reset(); // returns, though the server is silent
+    {
+        const std::lock_guard lock(server->mutex);
+        server->speaks = true;
+    }
+    server->speak.notify_all();
+    EXPECT_EQ(answers, 100);
 }
 
 } // namespace lumeroom

@@ -13,6 +13,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <sstream>
 
 namespace lumeroom {
@@ -162,15 +163,39 @@ TEST_F(SystemArp, withoutTheCommandReadsTheKernelsTable)
         "? (10.0.0.9) at aa:bb:cc:00:00:01 [ether] on eth0\n");
 }
 
-TEST_F(SystemArp, aReadingThatIsDroppedIsBrokenOff)
+TEST_F(SystemArp, oneReadingServesAllAndNobodyWaitsForOneThatIsDropped)
 {
-    bool called = false;
+    std::ofstream(folder / "table") << "titles\n10.0.0.7 0x1 0x2 d0:73:d5:00:00:01 * eth0\n";
+    std::promise<void> nameServerSpeaks;
+    const auto spoken = nameServerSpeaks.get_future().share();
+    std::atomic<int> asked = 0;
+    int called = 0;
+    const auto count = [&](const ArpTable::Result&) { ++called; };
+    const auto readTwice = [&](SystemArpTable& table) {
+        table.read(count);
+        table.read(count);
+    };
     {
-        SystemArpTable table(loop, {{script("exec sleep 600")}, "", {}});
-        table.read([&](const ArpTable::Result&) { called = true; });
+        SystemArpTable command(loop, {{script("exec sleep 600")}, "", {}});
+        SystemArpTable kernel(loop, {{}, folder / "table", [&, spoken](const std::string&) {
+                                         ++asked;
+                                         spoken.wait();
+                                         return std::string();
+                                     }});
+        readTwice(command);
+        readTwice(kernel);
+        EXPECT_TRUE(loop.runUntil([&] { return asked > 0; }));
     }
     loop.runPosted();
-    EXPECT_FALSE(called);
+    EXPECT_EQ(called, 0);
+    EXPECT_EQ(asked, 1);
+    nameServerSpeaks.set_value();
+
+    SystemArpTable kernel(loop, {{}, folder / "table", [](const auto&) { return "lamp"; }});
+    readTwice(kernel);
+    EXPECT_TRUE(loop.runUntil([&] { return called == 2; }));
+    readTwice(kernel);
+    EXPECT_TRUE(loop.runUntil([&] { return called == 4; }));
 }
 
 } // namespace lumeroom
