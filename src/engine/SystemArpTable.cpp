@@ -139,6 +139,7 @@ void SystemArpTable::read(std::function<void(Result)> done)
 
 void SystemArpTable::finish(const Result& result)
 {
+    m_reading->breakOff(); // its thread may not have left the run loop yet
     m_reading.reset();
     for (const auto& done : std::exchange(m_waiting, {}))
         done(result);
