@@ -127,7 +127,7 @@ void GroupingCommands::renameGroupNewName(std::string_view id, const std::string
         return;
     group->label = name;
     for (const auto& lamp : m_environment.registry.lightsArrayForGroup(group->id))
-        m_environment.polls.sendSetGroupToLamp(*group, *lamp);
+        send<GroupKind>(*group, *lamp);
 }
 
 void GroupingCommands::renameLocationNewName(std::string_view id, const std::string& name)
@@ -137,7 +137,7 @@ void GroupingCommands::renameLocationNewName(std::string_view id, const std::str
         return;
     location->label = name;
     for (const auto& lamp : m_environment.registry.lightsArrayForLocation(location->id))
-        m_environment.polls.sendSetLocationToLamp(*location, *lamp);
+        send<LocationKind>(*location, *lamp);
 }
 
 template <typename Kind>
@@ -151,7 +151,7 @@ void GroupingCommands::make(const LampReferences& references, const std::string&
     imposeTemporaryEmbargo(references);
     const auto record = makeWithName<typename Kind::Record>(name);
     for (const auto& lamp : usableLamps(references, m_environment.registry)) {
-        Kind::send(m_environment.polls, *record, *lamp);
+        send<Kind>(*record, *lamp);
         Kind::of(*lamp) = record;
     }
     Kind::addToKnown(m_environment.intake, record);
@@ -171,11 +171,11 @@ void GroupingCommands::edit(std::string_view id, const LampReferences& reference
     if (record) {
         record->updatedAt = static_cast<std::uint64_t>(nanosecondssinceepoch());
         for (const auto& lamp : kept) {
-            Kind::send(m_environment.polls, *record, *lamp);
+            send<Kind>(*record, *lamp);
             Kind::of(*lamp) = record;
         }
     }
-    for (const auto& lamp : m_environment.registry.lightsArray()) {
+    for (const auto& lamp : m_environment.registry.distinctLamps()) {
         const auto& present = Kind::of(*lamp);
         const bool member = present && present->id == id;
         if (member && std::find(kept.begin(), kept.end(), lamp) == kept.end())
@@ -199,8 +199,16 @@ template <typename Kind> void GroupingCommands::takeOut(Lamp& lamp)
         std::int64_t(static_cast<std::int32_t>(nanosecondssinceepoch())));
     if (log.shows(3))
         log.line("sending zero group to lamp {}", lamp.label); // locations share this line
-    Kind::send(m_environment.polls, none, lamp);
+    send<Kind>(none, lamp);
     Kind::of(lamp).reset();
+}
+
+template <typename Kind>
+void GroupingCommands::send(const typename Kind::Record& record, Lamp& lamp)
+{
+    Kind::send(m_environment.polls, record, lamp);
+    for (const auto& further : lamp.elsewhere)
+        Kind::send(m_environment.polls, record, *further);
 }
 
 template <typename Record>

@@ -42,6 +42,8 @@ private:
     template <typename Kind> void make(const LampReferences& lamps, const std::string& name);
     template <typename Kind> void edit(std::string_view id, const LampReferences& lamps);
     template <typename Kind> void takeOut(Lamp& lamp);
+    /// Queued for every address that the lamp was heard at.
+    template <typename Kind> void send(const typename Kind::Record& record, Lamp& lamp);
     template <typename Record> std::shared_ptr<Record> makeWithName(const std::string& name) const;
     std::int64_t nanosecondssinceepoch() const;
 

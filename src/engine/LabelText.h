@@ -9,9 +9,9 @@ namespace lumeroom {
 
 class Log;
 
-/// The text in a label field: up to its first zero byte, or else to its end. Fields that are not
-/// well-formed UTF-8 fall back on other readings, each told in the log; nothing if none fits.
-std::optional<std::string> stringFromData(std::span<const std::uint8_t> data, Log& log);
+/// The text in a label field: up to its first zero byte, or else to its end; nothing if that is no
+/// well-formed UTF-8.
+std::optional<std::string> stringFromData(std::span<const std::uint8_t> data);
 
 /// The bytes of a label to send. Text that is not well-formed gives, with log lines, none.
 std::string dataFromString(const std::string& text, Log& log);

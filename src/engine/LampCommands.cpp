@@ -6,7 +6,6 @@
 #include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
 #include "engine/LampSockets.h"
-#include "engine/RecordIntake.h"
 #include "engine/WireFormat.h"
 
 #include <algorithm>
@@ -33,12 +32,13 @@ LampCommands::LampCommands(
 
 void LampCommands::allOn(bool on)
 {
-    sendPower(on, m_registry.lightsArray());
+    sendPower(on, m_registry.distinctLamps());
 }
 
 void LampCommands::lampOn(std::string_view id, bool on)
 {
-    sendPower(on, m_registry.lampsWithID(id));
+    if (const auto lamp = m_registry.lampWithID(id))
+        sendPowerToLamp(on, *lamp);
 }
 
 void LampCommands::groupOn(std::string_view id, bool on)
@@ -67,21 +67,22 @@ void LampCommands::sendSettingsToLamp(const Settings& settings, std::string_view
 {
     const std::size_t minus = id.find('-');
     if (minus == std::string_view::npos) {
-        forLampsWithEitherID(id, [&](Lamp& lamp) { sendSettings(settings, lamp); });
+        if (const auto lamp = lampWithEitherID(id))
+            sendSettings(settings, *lamp);
         return;
     }
     if (!settings.hasAny())
         return;
     const std::int64_t number = Value(id.substr(minus + 1)).integerValue();
     const auto zone = static_cast<int>(std::clamp<std::int64_t>(number, INT_MIN, INT_MAX));
-    forLampsWithEitherID(
-        id.substr(0, minus), [&](Lamp& lamp) { sendColourToLampZone(settings, lamp, zone); });
+    if (const auto lamp = lampWithEitherID(id.substr(0, minus)))
+        sendColourToLampZone(settings, *lamp, zone);
 }
 
 void LampCommands::sendSettingsToGroup(const Settings& settings, std::string_view id)
 {
     if (id == kAllLampsId) {
-        sendSettings(settings, m_registry.lightsArray());
+        sendSettings(settings, m_registry.distinctLamps());
         return;
     }
     // A name can be both a group's and a tag's: the last kind that knows it has it.
@@ -105,20 +106,16 @@ void LampCommands::sendSettingsToLocation(const Settings& settings, std::string_
 
 void LampCommands::renameLampNewName(std::string_view id, const std::string& name)
 {
-    for (const auto& lamp : m_registry.lampsWithID(id))
+    if (const auto lamp = m_registry.lampWithID(id))
         sendSetLabelToLamp(name, *lamp);
 }
 
 void LampCommands::sendPowerToLamp(bool on, Lamp& lamp)
 {
-    if (lamp.address.empty())
-        return;
     std::uint32_t duration = kPowerDurationMilliseconds;
     if (const auto transition = m_defaults.objectForKey(keys::kDefaultTransition))
         duration = millisecondsFromSeconds(transition->floatValue());
-    if (m_log.shows(3))
-        m_log.line("sending LIGHT_SETPOWER addressed to {}", lamp.address);
-    m_sockets.sendDirect(lamp, wire::lightSetPower(lamp.mac, on, duration));
+    sendDirect("LIGHT_SETPOWER", lamp, wire::lightSetPower(lamp.mac, on, duration));
 }
 
 void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
@@ -128,12 +125,8 @@ void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
             sendColourToLampZone(settings, lamp, zone.zone);
         return;
     }
-    if (lamp.address.empty())
-        return;
     const Settings working = merged(settings, lamp);
-    if (m_log.shows(3))
-        m_log.line("sending LIGHT_SETCOLOR addressed to {}", lamp.address);
-    m_sockets.sendDirect(lamp,
+    sendDirect("LIGHT_SETCOLOR", lamp,
         wire::lightSetColor(
             lamp.mac, toWire(working), colourDurationMilliseconds(*working.duration)));
     lamp.adopt(settings); // the next partial command builds on this one
@@ -148,12 +141,8 @@ void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, in
             lamp.label, number);
         return;
     }
-    if (lamp.address.empty())
-        return;
     const Settings working = merged(settings, *zone);
-    if (m_log.shows(3))
-        m_log.line("sending MULTIZONE_SETCOLORZONES addressed to {}", lamp.address);
-    m_sockets.sendDirect(lamp,
+    sendDirect("MULTIZONE_SETCOLORZONES", lamp,
         wire::multizoneSetColorZones(lamp.mac, static_cast<std::uint8_t>(number), toWire(working),
             colourDurationMilliseconds(*working.duration)));
     zone->adopt(settings);
@@ -161,11 +150,8 @@ void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, in
 
 void LampCommands::sendSetLabelToLamp(const std::string& label, Lamp& lamp)
 {
-    if (lamp.address.empty())
-        return;
-    if (m_log.shows(3))
-        m_log.line("sending DEVICE_SETLABEL addressed to {}", lamp.address);
-    m_sockets.sendDirect(lamp, wire::deviceSetLabel(lamp.mac, dataFromString(label, m_log)));
+    sendDirect(
+        "DEVICE_SETLABEL", lamp, wire::deviceSetLabel(lamp.mac, dataFromString(label, m_log)));
 }
 
 void LampCommands::sendSettings(const Settings& settings, Lamp& lamp)
@@ -188,15 +174,23 @@ void LampCommands::sendPower(bool on, const Lamps& lamps)
         sendPowerToLamp(on, *lamp);
 }
 
-template <typename Send> void LampCommands::forLampsWithEitherID(std::string_view id, Send send)
+void LampCommands::sendDirect(std::string_view message, Lamp& lamp, Datagram data)
+{
+    for (const auto& record : lamp.elsewhere)
+        sendDirect(message, *record, data);
+    if (lamp.address.empty())
+        return;
+    if (m_log.shows(3))
+        m_log.line("sending {} addressed to {}", message, lamp.address);
+    m_sockets.sendDirect(lamp, std::move(data));
+}
+
+std::shared_ptr<Lamp> LampCommands::lampWithEitherID(std::string_view id) const
 {
     constexpr std::size_t kShortForm = 12;
-    for (const auto& lamp : m_registry.lampsWithID(id))
-        send(*lamp);
-    if (id.size() == kShortForm) {
-        for (const auto& lamp : m_registry.lampsWithID(std::string(id) + "0000"))
-            send(*lamp);
-    }
+    if (id.size() == kShortForm)
+        return m_registry.lampWithID(std::string(id) + "0000");
+    return m_registry.lampWithID(id);
 }
 
 Settings LampCommands::merged(const Settings& settings, const LampColour& present) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/Records.h"
+#include "engine/UdpSocket.h"
 
 namespace lumeroom {
 
@@ -9,8 +10,9 @@ class LampSockets;
 class Log;
 class UserDefaults;
 
-/// Sends power and colour to lamps and collections of them, at once and without waiting for a
-/// reply. What names no lamp, or a lamp without an address, does nothing.
+/// Sends power, colour and names to lamps and collections of them, at once and without waiting for
+/// a reply. What goes to a lamp goes to every address that it was heard at. What names no lamp does
+/// nothing.
 class LampCommands {
 public:
     LampCommands(
@@ -45,8 +47,9 @@ private:
     void sendSettings(const Settings& settings, Lamp& lamp);
     void sendSettings(const Settings& settings, const Lamps& lamps);
     void sendPower(bool on, const Lamps& lamps);
-    /// Calls `send` for every record with this ID in its 16- or 12-digit form.
-    template <typename Send> void forLampsWithEitherID(std::string_view id, Send send);
+    void sendDirect(std::string_view message, Lamp& lamp, Datagram data);
+    /// The lamp with this ID in its 16- or 12-digit form, or null.
+    std::shared_ptr<Lamp> lampWithEitherID(std::string_view id) const;
     /// The settings over what the lamp or zone has over the fallbacks.
     Settings merged(const Settings& settings, const LampColour& present) const;
 

@@ -21,7 +21,7 @@ public:
 
 using LampReferences = std::vector<LampReference*>;
 
-/// The lamps behind the references; groups and unknown IDs are left out.
+/// The lamps behind the references, as look-ups find them; groups and unknown IDs are left out.
 std::vector<std::shared_ptr<Lamp>> usableLamps(
     const LampReferences& references, const LampRegistry& registry);
 

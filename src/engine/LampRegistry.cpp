@@ -41,44 +41,61 @@ template <typename Test> Lamps lampsWhere(const Lamps& lamps, Test test)
 
 } // namespace
 
-std::shared_ptr<Lamp> LampRegistry::addLamp(const std::string& address)
+std::shared_ptr<Lamp> LampRegistry::addLamp(const std::string& address, const Target& target)
 {
-    if (lampAtAddress(address))
+    if (lampAtAddress(address, target))
         return nullptr;
     auto lamp = std::make_shared<Lamp>();
-    m_byAddress.emplace(address, lamp.get());
     lamp->address = address;
+    lamp->mac = target;
+    lamp->id = getIDFromMAC(target);
     m_lamps.push_back(lamp);
+    m_byAddress[address].push_back(lamp);
+    const auto& first = m_byID.try_emplace(lamp->id, lamp).first->second;
+    if (first != lamp) {
+        first->elsewhere.push_back(lamp);
+    } else {
+        m_distinct.push_back(lamp);
+        m_firstByTarget.emplace(integerOf(target), lamp.get());
+    }
     return lamp;
 }
 
 void LampRegistry::remove(const std::shared_ptr<Lamp>& lamp)
 {
-    m_byAddress.erase(lamp->address);
-    if (const auto sharing = m_byID.find(lamp->id); sharing != m_byID.end()) {
-        std::erase(sharing->second, lamp);
-        const std::uint64_t target = integerOf(*lamp->mac);
-        m_firstByTarget.erase(target);
-        if (sharing->second.empty())
-            m_byID.erase(sharing);
-        else
-            m_firstByTarget.emplace(target, sharing->second.front().get());
-    }
     std::erase(m_lamps, lamp);
+    const auto there = m_byAddress.find(lamp->address);
+    std::erase(there->second, lamp);
+    if (there->second.empty())
+        m_byAddress.erase(there);
+
+    std::shared_ptr<Lamp>& first = m_byID.at(lamp->id);
+    if (first != lamp) {
+        std::erase(first->elsewhere, lamp);
+    } else if (lamp->elsewhere.empty()) {
+        std::erase(m_distinct, lamp);
+        m_firstByTarget.erase(integerOf(*lamp->mac));
+        m_byID.erase(lamp->id);
+    } else {
+        first = lamp->elsewhere.front();
+        first->elsewhere.assign(lamp->elsewhere.begin() + 1, lamp->elsewhere.end());
+        std::replace(m_distinct.begin(), m_distinct.end(), lamp, first);
+        m_firstByTarget.insert_or_assign(integerOf(*lamp->mac), first.get());
+    }
 }
 
-Lamp* LampRegistry::lampAtAddress(const std::string& address) const
+const Lamps& LampRegistry::lampsAtAddress(const std::string& address) const
 {
+    static const Lamps kNone;
     const auto found = m_byAddress.find(address);
-    return found == m_byAddress.end() ? nullptr : found->second;
+    return found == m_byAddress.end() ? kNone : found->second;
 }
 
-void LampRegistry::identify(const std::shared_ptr<Lamp>& lamp, const Target& target)
+Lamp* LampRegistry::lampAtAddress(const std::string& address, const Target& target) const
 {
-    lamp->mac = target;
-    lamp->id = getIDFromMAC(target);
-    m_firstByTarget.emplace(integerOf(target), lamp.get());
-    m_byID[lamp->id].push_back(lamp);
+    return firstOf(lampsAtAddress(address), [&target](const Lamp& lamp) {
+        return lamp.mac == target;
+    }).get();
 }
 
 Lamp* LampRegistry::lampWithTarget(const Target& target) const
@@ -89,15 +106,8 @@ Lamp* LampRegistry::lampWithTarget(const Target& target) const
 
 std::shared_ptr<Lamp> LampRegistry::lampWithID(std::string_view id) const
 {
-    const Lamps& lamps = lampsWithID(id);
-    return lamps.empty() ? nullptr : lamps.front();
-}
-
-const Lamps& LampRegistry::lampsWithID(std::string_view id) const
-{
-    static const Lamps kNone;
     const auto found = m_byID.find(id);
-    return found == m_byID.end() ? kNone : found->second;
+    return found == m_byID.end() ? nullptr : found->second;
 }
 
 std::shared_ptr<Group> LampRegistry::groupWithID(std::string_view id) const
@@ -128,10 +138,10 @@ std::optional<std::string> LampRegistry::IDForLocationNamed(std::string_view nam
 Lamps LampRegistry::lightsArrayForGroup(std::string_view id) const
 {
     if (id == kAllLampsId)
-        return m_lamps;
+        return m_distinct;
     if (groupWithID(id)) {
         return lampsWhere(
-            m_lamps, [id](const Lamp& lamp) { return lamp.group && lamp.group->id == id; });
+            m_distinct, [id](const Lamp& lamp) { return lamp.group && lamp.group->id == id; });
     }
     if (locationWithID(id))
         return lightsArrayForLocation(id);
@@ -143,12 +153,12 @@ Lamps LampRegistry::lightsArrayForGroup(std::string_view id) const
 Lamps LampRegistry::lightsArrayForLocation(std::string_view id) const
 {
     return lampsWhere(
-        m_lamps, [id](const Lamp& lamp) { return lamp.location && lamp.location->id == id; });
+        m_distinct, [id](const Lamp& lamp) { return lamp.location && lamp.location->id == id; });
 }
 
 Lamps LampRegistry::lightsArrayForTag(std::string_view id) const
 {
-    return lampsWhere(m_lamps, [id](const Lamp& lamp) {
+    return lampsWhere(m_distinct, [id](const Lamp& lamp) {
         return lamp.tags && firstOf(*lamp.tags, [id](const Tag& tag) { return tag.id == id; });
     });
 }

@@ -17,7 +17,10 @@ public:
     {
     }
 
+    /// Every record: a lamp that was heard at several addresses has one for each.
     const Lamps& lightsArray() const { return m_lamps; }
+    /// Each lamp once, by the record that look-ups find.
+    const Lamps& distinctLamps() const { return m_distinct; }
     Groups& groupsArray() { return m_groups; }
     const Groups& groupsArray() const { return m_groups; }
     Locations& locationssArray() { return m_locations; }
@@ -25,19 +28,18 @@ public:
     Tags& tagsArray() { return m_tags; }
     const Tags& tagsArray() const { return m_tags; }
 
-    /// A new record with this address, or null when some record has it already.
-    std::shared_ptr<Lamp> addLamp(const std::string& address);
+    /// A new record of this lamp at this address, or null when there is one. A lamp that comes back
+    /// at a new address has a second record with the same ID, by which it is reached there;
+    /// look-ups find the older, and reports go to it.
+    std::shared_ptr<Lamp> addLamp(const std::string& address, const Target& target);
     /// Forgets a record, for good.
     void remove(const std::shared_ptr<Lamp>& lamp);
-    Lamp* lampAtAddress(const std::string& address) const;
-    /// Gives a lamp its "MAC" and with it its ID. A lamp that comes back at a new address has a
-    /// second record with the same ID; look-ups find the older.
-    void identify(const std::shared_ptr<Lamp>& lamp, const Target& target);
+    /// The records at an address: several where one lamp took it over from another.
+    const Lamps& lampsAtAddress(const std::string& address) const;
+    Lamp* lampAtAddress(const std::string& address, const Target& target) const;
 
     Lamp* lampWithTarget(const Target& target) const;
     std::shared_ptr<Lamp> lampWithID(std::string_view id) const;
-    /// Every record with this ID, oldest first.
-    const Lamps& lampsWithID(std::string_view id) const;
     std::shared_ptr<Group> groupWithID(std::string_view id) const;
     std::shared_ptr<Location> locationWithID(std::string_view id) const;
     std::shared_ptr<const Tag> tagNamed(std::string_view name) const;
@@ -45,7 +47,8 @@ public:
     std::optional<std::string> IDForGroupNamed(std::string_view name) const;
     std::optional<std::string> IDForLocationNamed(std::string_view name) const;
 
-    /// The lamps of a group, else of a location, else of a tag with this ID; "0" means all.
+    /// The lamps of a group, else of a location, else of a tag with this ID; "0" means all. Each
+    /// lamp is there once.
     Lamps lightsArrayForGroup(std::string_view id) const;
     Lamps lightsArrayForLocation(std::string_view id) const;
     Lamps lightsArrayForTag(std::string_view id) const;
@@ -77,9 +80,10 @@ private:
     Groups m_groups;
     Locations m_locations;
     Tags m_tags;
-    std::unordered_map<std::string, Lamp*> m_byAddress;
+    Lamps m_distinct;
+    std::unordered_map<std::string, Lamps> m_byAddress;
     std::unordered_map<std::uint64_t, Lamp*> m_firstByTarget;
-    std::unordered_map<std::string, Lamps, TextHash, std::equal_to<>> m_byID;
+    std::unordered_map<std::string, std::shared_ptr<Lamp>, TextHash, std::equal_to<>> m_byID;
 };
 
 /// The integer tags of the other kinds of record.

@@ -55,10 +55,9 @@ void Liveness::received(const Target& target, const UdpSocket& socket)
         return;
     }
     // A lamp that has moved has a record for each address.
-    const Lamps& records = m_registry.lampsWithID(lamp->id);
-    const auto found = std::find_if(records.begin(), records.end(),
+    const auto found = std::find_if(lamp->elsewhere.begin(), lamp->elsewhere.end(),
         [&socket](const auto& record) { return record->socket.get() == &socket; });
-    if (found != records.end())
+    if (found != lamp->elsewhere.end())
         answered(**found);
     else
         announced(*lamp);

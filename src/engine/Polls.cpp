@@ -63,8 +63,9 @@ void Polls::sendGetInfoToLamp(const std::string& address, Expecting expecting)
 
 bool Polls::lampAnswersAt(const std::string& address) const
 {
-    const Lamp* lamp = m_registry.lampAtAddress(address);
-    return lamp && lamp->polling.isAnswering();
+    const Lamps& lamps = m_registry.lampsAtAddress(address);
+    return std::any_of(
+        lamps.begin(), lamps.end(), [](const auto& lamp) { return lamp->polling.isAnswering(); });
 }
 
 void Polls::sendGetLabelToLamp(Lamp& lamp)

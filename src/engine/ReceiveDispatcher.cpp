@@ -20,9 +20,6 @@ using wire::Message;
 
 namespace {
 
-// No home has as many groups or locations; a sender gone wild must not fill the memory.
-constexpr std::size_t kMostGroupings = 1000;
-
 /// The shortest payload of each message that is understood; nothing for any other type.
 std::optional<std::size_t> minimumPayload(Message message)
 {
@@ -95,6 +92,8 @@ void ReceiveDispatcher::udpSocketDidReceiveData(
     const auto message = static_cast<Message>(frame->type);
     const auto minimum = minimumPayload(message);
     if (!minimum) {
+        if (!m_unknownTypes.insert(frame->type).second)
+            return;
         log.line("messageType {} received and not understood", frame->type);
         log.line("message is {}", textForLog(data));
         return;
@@ -172,12 +171,11 @@ void ReceiveDispatcher::lampAnsweredFrom(const SocketAddress& from, const Target
         log.line("**** lamp responding on a port other than 56700 - please contact Support");
 
     const std::string host = AsyncUdpSocket::hostFromAddress(from);
-    if (const auto lamp = m_environment.intake.addLampToRespondingLamps(host)) {
+    if (const auto lamp = m_environment.intake.addLampToRespondingLamps(host, target)) {
         if (log.shows(3)) {
             log.line("we're boogieing with a lamp at {} {} {}", host, port,
                 AsyncUdpSocket::familyFromAddress(from));
         }
-        m_environment.registry.identify(lamp, target);
         m_environment.polls.sendGetStateToLamp(*lamp);
     }
     m_environment.notifier.sendEngineIsSsearchingToDelegate(false);
@@ -186,7 +184,7 @@ void ReceiveDispatcher::lampAnsweredFrom(const SocketAddress& from, const Target
 void ReceiveDispatcher::didReceiveStateLabel(const Target& target, const ByteReader& payload)
 {
     Log& log = m_environment.log;
-    const auto label = stringFromData(payload.bytes(0, payload.size()), log);
+    const auto label = stringFromData(payload.bytes(0, payload.size()));
     if (!label) {
         log.line("Unable to make label from response: {}", description(bytesForLog(payload)));
         return;
@@ -204,7 +202,7 @@ void ReceiveDispatcher::didReceiveStateTagLabels(const ByteReader& payload)
     const std::uint64_t field = payload.u64(0);
     if (static_cast<std::int64_t>(field) <= 0) // the top bit alone is no tag either
         return;
-    if (const auto label = stringFromData(payload.bytes(8, wire::kLabelSize), m_environment.log))
+    if (const auto label = stringFromData(payload.bytes(8, wire::kLabelSize)))
         m_environment.intake.addTagLabelToKnownTags(*label, field);
 }
 
@@ -215,7 +213,7 @@ void ReceiveDispatcher::didReceiveLightState(const Target& target, const ByteRea
     const auto bytes = payload.bytes(kLabelOffset, wire::kLabelSize);
     if (bytes.size() < wire::kLabelSize) // a report cut short: colour and power are good
         return;
-    if (const auto label = stringFromData(bytes, m_environment.log)) {
+    if (const auto label = stringFromData(bytes)) {
         m_environment.intake.addLabelForLamp(*label, target);
     } else {
         m_environment.log.line(
@@ -229,7 +227,7 @@ std::shared_ptr<Record> ReceiveDispatcher::groupingFrom(const ByteReader& payloa
 {
     auto record = std::make_shared<Record>();
     record->guid = payload.array<16>(0);
-    auto label = stringFromData(payload.bytes(16, wire::kLabelSize), m_environment.log);
+    auto label = stringFromData(payload.bytes(16, wire::kLabelSize));
     if (!label || isZero(record->guid))
         return nullptr;
     record->label = std::move(*label);
@@ -244,8 +242,6 @@ void ReceiveDispatcher::didReceiveStateGroup(const Target& target, const ByteRea
     const auto group = groupingFrom<Group>(payload);
     if (!group || m_environment.embargo.isSet())
         return;
-    if (m_environment.registry.groupsArray().size() >= kMostGroupings)
-        return;
     m_environment.intake.addGroupToLamp(group, target);
     m_environment.intake.addGroupToKnownGroups(group);
 }
@@ -255,8 +251,6 @@ void ReceiveDispatcher::didReceiveStateLocation(const Target& target, const Byte
 {
     const auto location = groupingFrom<Location>(payload);
     if (!location)
-        return;
-    if (m_environment.registry.locationssArray().size() >= kMostGroupings)
         return;
     m_environment.intake.addLocationToLamp(location, target);
     m_environment.intake.addLocationToKnownLocations(location);

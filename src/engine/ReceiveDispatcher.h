@@ -3,6 +3,8 @@
 #include "engine/ByteReader.h"
 #include "engine/WireFormat.h"
 
+#include <set>
+
 namespace lumeroom {
 
 class EngineNotifier;
@@ -51,6 +53,7 @@ private:
     std::shared_ptr<Record> groupingFrom(const ByteReader& payload) const;
 
     Environment m_environment;
+    std::set<std::uint16_t> m_unknownTypes; ///< that the log has been told of
 };
 
 } // namespace lumeroom

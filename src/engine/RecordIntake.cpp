@@ -39,19 +39,24 @@ bool assign(std::shared_ptr<Record>& current, const std::shared_ptr<Record>& rep
 
 // No home has as many; a sender gone wild must not fill the memory.
 constexpr std::size_t kMostLamps = 5000;
+constexpr std::size_t kMostGroupings = 1000;
+
+template <typename Record>
+std::shared_ptr<Record> withSameGuid(
+    const std::vector<std::shared_ptr<Record>>& known, const Record& reported)
+{
+    const auto found = std::find_if(known.begin(), known.end(),
+        [&](const auto& record) { return record->guid == reported.guid; });
+    return found == known.end() ? nullptr : *found;
+}
 
 /// Appends a record whose guid is not known yet; whether it did.
 template <typename Record>
-bool addToKnown(std::vector<std::shared_ptr<Record>>& known,
-    const std::shared_ptr<Record>& reported, std::string_view conflict, Log& log)
+bool addToKnown(
+    std::vector<std::shared_ptr<Record>>& known, const std::shared_ptr<Record>& reported)
 {
-    for (const auto& record : known) {
-        if (record->guid != reported->guid)
-            continue;
-        if (record->label != reported->label)
-            log.line("{}", conflict);
+    if (known.size() >= kMostGroupings || withSameGuid(known, *reported))
         return false;
-    }
     known.push_back(reported);
     return true;
 }
@@ -97,15 +102,16 @@ Lamp* RecordIntake::lampFor(const Target& target) const
     return lamp;
 }
 
-std::shared_ptr<Lamp> RecordIntake::addLampToRespondingLamps(const std::string& address)
+std::shared_ptr<Lamp> RecordIntake::addLampToRespondingLamps(
+    const std::string& address, const Target& target)
 {
-    if (Lamp* known = m_registry.lampAtAddress(address)) {
+    if (Lamp* known = m_registry.lampAtAddress(address, target)) {
         m_liveness.announced(*known);
         return nullptr;
     }
     if (m_registry.lightsArray().size() >= kMostLamps || !m_liveness.makeRoomForOneMore())
         return nullptr;
-    auto lamp = m_registry.addLamp(address);
+    auto lamp = m_registry.addLamp(address, target);
     m_liveness.added(lamp);
     if (m_registry.lightsArray().size() == kMostLamps)
         m_log.line("{} lamps are known; no more are taken in", kMostLamps);
@@ -175,27 +181,35 @@ void RecordIntake::addHuePowerToLamp(
 void RecordIntake::addGroupToLamp(const std::shared_ptr<Group>& group, const Target& target)
 {
     Lamp* lamp = lampFor(target);
-    if (lamp && assign(lamp->group, group))
-        m_notifier.sendLampsStateChangedNotificationToDelegate();
+    if (!lamp || !assign(lamp->group, group))
+        return;
+    const auto known = withSameGuid(m_registry.groupsArray(), *group);
+    if (known && known->label != group->label)
+        m_log.line("{}", kGroupConflict);
+    m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
 void RecordIntake::addLocationToLamp(
     const std::shared_ptr<Location>& location, const Target& target)
 {
     Lamp* lamp = lampFor(target);
-    if (lamp && assign(lamp->location, location))
-        m_notifier.sendLampsStateChangedNotificationToDelegate();
+    if (!lamp || !assign(lamp->location, location))
+        return;
+    const auto known = withSameGuid(m_registry.locationssArray(), *location);
+    if (known && known->label != location->label)
+        m_log.line("{}", kLocationConflict);
+    m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
 void RecordIntake::addGroupToKnownGroups(const std::shared_ptr<Group>& group)
 {
-    if (addToKnown(m_registry.groupsArray(), group, kGroupConflict, m_log))
+    if (addToKnown(m_registry.groupsArray(), group))
         m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
 void RecordIntake::addLocationToKnownLocations(const std::shared_ptr<Location>& location)
 {
-    if (addToKnown(m_registry.locationssArray(), location, kLocationConflict, m_log))
+    if (addToKnown(m_registry.locationssArray(), location))
         m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
@@ -235,15 +249,6 @@ void RecordIntake::addHueZoneToLamp(
         m_notifier.sendLampsZoneStateChangedNotificationToDelegate();
     else
         m_notifier.sendZoneAddedNotificationToDelegate();
-}
-
-Zone* getZoneFromLamp(int number, Lamp& lamp)
-{
-    if (!lamp.zones)
-        return nullptr;
-    const auto found = std::find_if(lamp.zones->begin(), lamp.zones->end(),
-        [number](const Zone& zone) { return zone.zone == number; });
-    return found == lamp.zones->end() ? nullptr : &*found;
 }
 
 } // namespace lumeroom

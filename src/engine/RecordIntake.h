@@ -19,15 +19,19 @@ public:
     RecordIntake(LampRegistry& registry, const EngineNotifier& notifier, Liveness& liveness,
         Polls& polls, ProductCatalogue& catalogue, Log& log);
 
-    /// A record for an address heard from for the first time, else null.
-    std::shared_ptr<Lamp> addLampToRespondingLamps(const std::string& address);
+    /// A record of a lamp that was not heard at this address before, else null.
+    std::shared_ptr<Lamp> addLampToRespondingLamps(
+        const std::string& address, const Target& target);
     void addLabelForLamp(const std::string& label, const Target& target);
     void addTagsToLamp(std::uint64_t field, const Target& target);
     void addVendorVersionToLamp(
         std::uint32_t vendor, std::uint32_t product, std::uint32_t version, const Target& target);
     void addHuePowerToLamp(const WireColour& colour, std::uint16_t power, const Target& target);
+    /// A label that differs from the one known for the guid is told in the log, once for each
+    /// change of a lamp's record.
     void addGroupToLamp(const std::shared_ptr<Group>& group, const Target& target);
     void addLocationToLamp(const std::shared_ptr<Location>& location, const Target& target);
+    /// The first label heard for a guid stays. Beyond 1000 nothing new is taken.
     void addGroupToKnownGroups(const std::shared_ptr<Group>& group);
     void addLocationToKnownLocations(const std::shared_ptr<Location>& location);
     /// The first label heard for a bit stays.
@@ -45,14 +49,5 @@ private:
     ProductCatalogue& m_catalogue;
     Log& m_log;
 };
-
-/// The lamp's record of a zone, or null. It is valid until the zones change.
-Zone* getZoneFromLamp(int zone, Lamp& lamp);
-
-/// Two truth values: both set or both clear.
-constexpr bool bool1IsEqualToBool2(std::uint8_t bool1, std::uint8_t bool2)
-{
-    return (bool1 != 0) == (bool2 != 0);
-}
 
 } // namespace lumeroom

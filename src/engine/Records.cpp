@@ -231,6 +231,15 @@ std::vector<Zone> Lamp::zonesInOrder() const
     return ordered;
 }
 
+Zone* getZoneFromLamp(int number, Lamp& lamp)
+{
+    if (!lamp.zones)
+        return nullptr;
+    const auto found = std::find_if(lamp.zones->begin(), lamp.zones->end(),
+        [number](const Zone& zone) { return zone.zone == number; });
+    return found == lamp.zones->end() ? nullptr : &*found;
+}
+
 std::string getIDFromMAC(std::span<const std::uint8_t> bytes)
 {
     constexpr std::string_view kDigits = "0123456789abcdef";

@@ -148,6 +148,8 @@ struct Lamp : LampColour {
     std::string label;
     std::optional<Target> mac;
     std::shared_ptr<UdpSocket> socket;
+    /// Further records of the same lamp, at other addresses that it was heard at.
+    std::vector<std::shared_ptr<Lamp>> elsewhere;
     std::optional<LampService> service;
     LampPolling polling;
     std::optional<bool> onoff;
@@ -173,6 +175,9 @@ using Lamps = std::vector<std::shared_ptr<Lamp>>;
 using Groups = std::vector<std::shared_ptr<Group>>;
 using Locations = std::vector<std::shared_ptr<Location>>;
 using Tags = std::vector<std::shared_ptr<const Tag>>;
+
+/// The lamp's record of a zone, or null. It is valid until the zones change.
+Zone* getZoneFromLamp(int zone, Lamp& lamp);
 
 /// Two lower-case hexadecimal digits per byte: the ID of a lamp's target or a guid.
 std::string getIDFromMAC(std::span<const std::uint8_t> bytes);

@@ -53,8 +53,6 @@ void TagCommands::makeTagNamed(const LampReferences& references, const std::stri
     m_environment.embargo.imposeTemporaryEmbargo();
     imposeTemporaryEmbargo(references);
     const auto tag = makeTagWithName(name);
-    if (!tag)
-        return;
     for (const auto& lamp : usableLamps(references, m_environment.registry)) {
         sendAddTagToLamp(tag->tag, *lamp);
         sendSetTagLabelForTagToLamp(name, tag->tag, *lamp);
@@ -78,7 +76,7 @@ void TagCommands::editTagLamps(std::string_view id, const LampReferences& refere
             sendAddTagToLamp(tag->tag, *lamp);
             addTo(*lamp, tag);
         }
-        for (const auto& lamp : m_environment.registry.lightsArray()) {
+        for (const auto& lamp : m_environment.registry.distinctLamps()) {
             if (!lamp->tags || std::find(kept.begin(), kept.end(), lamp) != kept.end())
                 continue;
             sendSubtractTagFromLamp(tag->tag, *lamp);
@@ -99,22 +97,21 @@ void TagCommands::removeTag(std::string_view id)
     if (!tag)
         return;
     std::erase(m_environment.registry.tagsArray(), tag);
-    for (const auto& lamp : m_environment.registry.lightsArray())
+    for (const auto& lamp : m_environment.registry.distinctLamps())
         sendSetTagLabelForTagToLamp("", tag->tag, *lamp);
 }
 
 std::shared_ptr<const Tag> TagCommands::makeTagWithName(const std::string& name) const
 {
-    constexpr unsigned kBits = 64;
-    for (unsigned n = 0; n <= kBits; ++n) {
-        // Past the last bit comes 0, which no tag has: a 65th tag is made with it.
-        const std::uint64_t bit = n < kBits ? std::uint64_t(1) << n : 0;
+    // Past the last bit comes 0, which no tag has a part of: a 65th tag is made with it.
+    std::uint64_t bit = 1;
+    const auto isTaken = [this, &bit] {
         m_environment.log.line("testing {}", static_cast<std::int64_t>(bit));
-        if (m_environment.registry.tagArrayForTags(bit).empty())
-            return std::make_shared<const Tag>(Tag{bit, name, name});
-    }
-    m_environment.log.line("unable to make new tag - 64 exist already");
-    return nullptr;
+        return !m_environment.registry.tagArrayForTags(bit).empty();
+    };
+    while (isTaken())
+        bit <<= 1U;
+    return std::make_shared<const Tag>(Tag{bit, name, name});
 }
 
 void TagCommands::sendAddTagToLamp(std::uint64_t tag, Lamp& lamp)
@@ -141,6 +138,8 @@ void TagCommands::sendSetTagLabelForTagToLamp(
 
 void TagCommands::sendDirect(std::string_view message, Lamp& lamp, std::vector<std::uint8_t> data)
 {
+    for (const auto& record : lamp.elsewhere)
+        sendDirect(message, *record, data);
     if (lamp.address.empty())
         return;
     if (m_environment.log.shows(3))

@@ -30,7 +30,7 @@ public:
     void editTagLamps(std::string_view id, const LampReferences& lamps);
     void removeTag(std::string_view id);
 
-    /// A record with the first bit that no known tag has. Null when all are taken.
+    /// A record with the first bit that no known tag has; with none when all are taken.
     std::shared_ptr<const Tag> makeTagWithName(const std::string& name) const;
 
     /// The field sent is what the record knows of the lamp's tags, with the bit set (cleared).
@@ -40,6 +40,7 @@ public:
     void sendSetTagLabelForTagToLamp(const std::string& label, std::uint64_t tag, Lamp& lamp);
 
 private:
+    /// To every address that the lamp was heard at.
     void sendDirect(std::string_view message, Lamp& lamp, std::vector<std::uint8_t> data);
 
     Environment m_environment;

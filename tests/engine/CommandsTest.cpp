@@ -1,5 +1,7 @@
 #include "support/EngineHarness.h"
 
+#include <algorithm>
+
 namespace lumeroom::test {
 
 namespace {
@@ -112,11 +114,55 @@ TEST_F(Commands, idsInEitherForm)
         engine().commands().sendSettingsToLamp(dim, c.id);
         EXPECT_EQ(sockets.take().size(), c.datagrams) << c.id;
     }
-    // A lamp heard at two addresses is told at both.
-    receive(stateService(1), "127.0.9.88");
-    sockets.take();
-    engine().commands().sendSettingsToLamp(dim, lampID(1));
-    EXPECT_EQ(sent(), (std::vector<std::string>{"102 127.0.9.1", "102 127.0.9.88"}));
+}
+
+TEST_F(Commands, aLampHeardAtTwoAddressesIsToldAtBoth)
+{
+    using List = std::vector<std::string>;
+    addLamp(1, {.hue = 7, .saturation = 65535, .brightness = 65535, .kelvin = 2500});
+    addStrip(2, 8);
+    for (const unsigned n : {1U, 2U}) {
+        receive(stateGrouping(53, n, 0xAA, "Den"));
+        receive(stateService(n), lampAddress(80 + n));
+    }
+    receive(stateTagLabels(1, 1, "Night"));
+    receive(stateTags(1, 1));
+    drainQueue();
+    for (const std::string& id : {lampID(1), std::string("d073d5000001")}) {
+        engine().commands().sendSettingsToLamp(settings({{"brightness", 9}}), id);
+        const auto both = sockets.take();
+        ASSERT_EQ(both.size(), 2U);
+        EXPECT_EQ(fields(both[0]), (Fields{7, 65025, 2295, 2500, 400}));
+        EXPECT_EQ(both[0].data, both[1].data);
+        EXPECT_NE(both[0].host, both[1].host);
+    }
+    const auto hosts = [this](unsigned type) {
+        List found;
+        for (const auto& datagram : sockets.takeOfType(type))
+            found.push_back(datagram.host);
+        std::ranges::sort(found);
+        return found;
+    };
+    const List desk{"127.0.9.1", "127.0.9.81"};
+    const List all{"127.0.9.1", "127.0.9.2", "127.0.9.81", "127.0.9.82"};
+    engine().commands().groupOn("0", false);
+    EXPECT_EQ(hosts(117), all);
+    engine().commands().groupOn(std::string(32, 'a'), false);
+    EXPECT_EQ(hosts(117), all);
+    engine().commands().tagOn("Night", false);
+    EXPECT_EQ(hosts(117), desk);
+    engine().commands().sendSettingsToGroup(settings({{"onoff", true}}), std::string(32, 'a'));
+    EXPECT_TRUE(hosts(117).empty()); // both are on, wherever they are
+    engine().commands().sendSettingsToGroup(settings({{"brightness", 3}}), "0");
+    EXPECT_EQ(hosts(501).size(), 16U);
+    engine().commands().renameLampNewName(lampID(1), "Desk");
+    EXPECT_EQ(hosts(24), desk);
+    Reference one{lampID(1)};
+    engine().tags().editTagLamps("Night", {&one});
+    EXPECT_EQ(hosts(27), desk);
+    engine().groupings().editGroupLamps(std::string(32, 'a'), {&one});
+    loop.advance(Seconds(30));
+    EXPECT_EQ(hosts(52), all); // one stays in, the other is sent out
 }
 
 TEST_F(Commands, zonesKeepWhatIsNotSet)
@@ -147,6 +193,8 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
     engine().commands().sendSettingsToLamp(settings({{"colour", 77}}), "d073d5000001-3");
     EXPECT_EQ(sent(), (std::vector<std::string>{"501 127.0.9.1", "501 127.0.9.1"}));
     EXPECT_EQ(lamp->zonesInOrder()[3].colour, 77);
+    engine().commands().sendSettingsToLamp(settings({{"brightness", 20}}), lampID(1) + "-3");
+    EXPECT_EQ(fields(sockets.take().at(0)), (Fields{77, 65025, 5100, 3500, 400})); // builds on it
     engine().commands().sendSettingsToLamp(settings({{"onoff", false}}), lampID(1) + "-3");
     engine().commands().sendSettingsToLamp(settings({{"colour", 1}}), lampID(1) + "-99");
     EXPECT_TRUE(sent().empty());

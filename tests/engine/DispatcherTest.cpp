@@ -1,50 +1,32 @@
 #include "support/EngineHarness.h"
 
+#include <algorithm>
+
 namespace lumeroom::test {
 
 using Dispatcher = EngineHarness;
 
-TEST_F(Dispatcher, shortPayloadsAreReportedAndDropped)
+TEST_F(Dispatcher, whatCannotBeReadIsToldAndDropped)
 {
-    const struct {
-        unsigned type;
-        std::size_t minimum;
-        std::string line;
-    } cases[] = {
-        {3, 5, "payload of DEVICE_STATESERVICE has length less than 5"},
-        {25, 32, "payload of DEVICE_STATELABEL has length less than 32"},
-        {28, 8, "payload of DEVICE_STATETAGS has length less than 8"},
-        {31, 40, "payload of DEVICE_STATETAGLABELS has length less than 40"},
-        {33, 12, "payload of DEVICE_STATEVERSION has length less than 12"},
-        {50, 56, "payload of DEVICE_STATELOCATION has length less than 56"},
-        {53, 56, "payload of DEVICE_STATEGROUP has length less than 56"},
-        {107, 32, "payload of LIGHT_STATE has length less than 32"},
-        {503, 10, "payload of MULTIZONE_STATEZONE has length less than 10"},
-        {506, 66, "payload of MULTIZONE_STATEMULTIZONE has length less than 66"},
-    };
     addLamp(1);
-    for (const auto& c : cases) {
-        for (const std::size_t length : {std::size_t(0), c.minimum - 1}) {
-            lines.clear();
-            receive(reply(c.type, 1, Bytes().text("", length)));
-            EXPECT_EQ(lines, std::vector<std::string>{c.line});
-        }
-        lines.clear();
-        receive(reply(c.type, 1, Bytes().text("", c.minimum)));
-        EXPECT_EQ(linesWith(c.line), 0) << c.type;
-    }
     lines.clear();
+    receive(reply(25, 1, Bytes().text("Other", 31)));
+    receive(reply(53, 1, Bytes().text("Other", 55)));
+    receive(reply(999, 1, Bytes()));
+    receive(reply(999, 1, Bytes())); // told once
     receive(reply(45, 1, Bytes())); // an acknowledgement needs no payload
     receive(Datagram(35)); // nor is a fragment worth a word
-    EXPECT_TRUE(lines.empty());
-}
-
-TEST_F(Dispatcher, unknownTypesAreLogged)
-{
-    receive(reply(999, 1, Bytes()));
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0], "messageType 999 received and not understood");
-    EXPECT_EQ(lines[1], "message is (null)"); // its target is no valid text
+    EXPECT_EQ(lines,
+        (std::vector<std::string>{"payload of DEVICE_STATELABEL has length less than 32",
+            "payload of DEVICE_STATEGROUP has length less than 56",
+            "messageType 999 received and not understood",
+            "message is (null)"})); // its target is no valid text
+    receive(reply(25, 1, Bytes().text("Other", 32)));
+    EXPECT_EQ(engine().registry().lampWithID(lampID(1))->label, "Other");
+    EXPECT_EQ(delegate.newLamps, 2);
+    receive(reply(25, 1, Bytes().text("\xff", 32)));
+    EXPECT_EQ(linesWith("Unable to make label from response: "), 1);
+    EXPECT_EQ(delegate.newLamps, 2);
 }
 
 TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
@@ -75,16 +57,57 @@ TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
     EXPECT_EQ(delegate.states, 1);
 }
 
-TEST_F(Dispatcher, aLampThatMovesHasTwoRecordsAndTheOlderIsKept)
+TEST_F(Dispatcher, aLampThatMovesHasTwoRecordsAndCountsOnce)
 {
     const auto first = addLamp(1, {.label = "Desk"});
     receive(stateService(1), "127.0.9.77");
-    ASSERT_EQ(engine().registry().lightsArray().size(), 2U);
-    EXPECT_EQ(engine().registry().lightsArray()[1]->address, "127.0.9.77");
+    const LampRegistry& registry = engine().registry();
+    ASSERT_EQ(registry.lightsArray().size(), 2U);
+    EXPECT_EQ(registry.lightsArray()[1]->address, "127.0.9.77");
     receive(lightState(1, {.hue = 99, .label = "Desk"}), "127.0.9.77");
-    EXPECT_EQ(engine().registry().lampWithID(lampID(1)), first);
+    EXPECT_EQ(registry.lampWithID(lampID(1)), first);
     EXPECT_EQ(first->colour, 99);
-    EXPECT_FALSE(engine().registry().lightsArray()[1]->colour);
+    EXPECT_FALSE(registry.lightsArray()[1]->colour);
+    EXPECT_EQ(registry.lightsArrayForGroup("0"), Lamps{first});
+    EXPECT_EQ(engine().summaries().settingsForGroup("0").colour, 99);
+
+    // Another takes over the address, and is a lamp of its own there.
+    receive(stateService(2), lampAddress(1));
+    EXPECT_EQ(registry.lampWithID(lampID(2))->address, lampAddress(1));
+    EXPECT_EQ(registry.distinctLamps().size(), 2U);
+    EXPECT_EQ(first->address, lampAddress(1));
+}
+
+TEST_F(Dispatcher, thereIsAnEndToLampsAndGroupings)
+{
+    const auto lamp = addLamp(1);
+    delegate.states = 0;
+    for (unsigned n = 0; n < 5100; ++n) {
+        Datagram service = stateService(2);
+        service[14] = static_cast<std::uint8_t>(n);
+        service[15] = static_cast<std::uint8_t>(n / 256);
+        receive(service);
+        // An answer on its own socket makes a lamp of it.
+        const auto& answering = engine().registry().lightsArray().back();
+        Datagram state = lightState(2, {});
+        std::copy_n(service.begin() + 8, 8, state.begin() + 8);
+        engine().udpSocketDidReceiveData(
+            *answering->socket, state, socketAddress("127.0.9.1", 56700));
+    }
+    EXPECT_EQ(engine().registry().lightsArray().size(), 5000U);
+    EXPECT_EQ(linesWith("5000 lamps are known; no more are taken in"), 1);
+    for (const unsigned type : {53U, 50U}) {
+        for (unsigned n = 0; n < 1100; ++n) {
+            Datagram group = stateGrouping(type, 1, 1, "Den " + std::to_string(n));
+            group[36] = static_cast<std::uint8_t>(n);
+            group[37] = static_cast<std::uint8_t>(n / 256);
+            receive(group);
+        }
+    }
+    EXPECT_EQ(engine().registry().groupsArray().size(), 1000U);
+    EXPECT_EQ(engine().registry().locationssArray().size(), 1000U);
+    EXPECT_EQ(lamp->group->label, "Den 1099"); // the lamp's own is taken all the same
+    EXPECT_EQ(lamp->location->label, "Den 1099");
 }
 
 TEST_F(Dispatcher, serviceRepliesOfOtherKindsAddNothing)
@@ -207,13 +230,18 @@ TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
     EXPECT_EQ(lamp->group, group); // an equal report leaves the record alone
 
     receive(stateGrouping(53, 1, 0xAB, "Cuisine"));
+    receive(stateGrouping(53, 1, 0xAB, "Cuisine")); // told once
     EXPECT_EQ(linesWith("groups found on bulbs with matching guid's but not matching labels."), 1);
     EXPECT_EQ(engine().registry().groupsArray()[0]->label, "Kitchen");
     EXPECT_EQ(lamp->group->label, "Cuisine");
     receive(stateGrouping(53, 1, 0, "")); // in no group: nothing changes
     EXPECT_EQ(lamp->group->label, "Cuisine");
 
+    delegate.states = 0;
     receive(stateGrouping(50, 1, 0xCD, "Home"));
+    EXPECT_EQ(delegate.states, 2);
+    receive(stateGrouping(50, 2, 0xCE, "Shed")); // of no known lamp: the list alone
+    EXPECT_EQ(delegate.states, 3);
     EXPECT_EQ(engine().registry().locationssArray()[0]->label, "Home");
     EXPECT_EQ(engine().registry().lightsArrayForGroup(lamp->location->id).size(), 1U);
     receive(stateGrouping(50, 1, 0xCD, "House"));

@@ -92,6 +92,8 @@ TEST_F(Groupings, anEditMovesLampsInAndOut)
         receive(stateGrouping(c.report, 2, 0xAA, "Den"));
         receive(stateGrouping(c.report, 3, 0xBB, "Other"));
         (engine().groupings().*c.edit)(std::string(32, 'a'), {&two, &three});
+        EXPECT_TRUE(groupsAreRefused());
+        EXPECT_EQ(std::exchange(two.embargoes, 0), 1);
         const auto sent = queued();
         ASSERT_EQ(sent.size(), 3U);
         EXPECT_EQ(sent[0].host, lampAddress(2));
@@ -145,6 +147,12 @@ TEST_F(Groupings, renaming)
     EXPECT_FALSE(groupsAreRefused());
     engine().groupings().renameGroupNewName("nobody", "x");
     EXPECT_TRUE(queued().empty());
+    receive(stateGrouping(50, 3, 0xBB, "Home"));
+    engine().groupings().renameLocationNewName(std::string(32, 'b'), "House");
+    sent = queued();
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_EQ(label(sent[0], 52), "House");
+    EXPECT_EQ(engine().registry().locationssArray()[0]->label, "House");
 
     engine().commands().renameLampNewName(lampID(1), std::string(40, 'n'));
     sent = sockets.take();
@@ -171,6 +179,13 @@ TEST_F(Groupings, tagsLeaveAtOnce)
 
     engine().tags().editTagLamps("Night", {&two, &three});
     EXPECT_EQ(tagCommands(), (Lines{"tags 2: 2", "tags 3: 3", "tags 1: 1"}));
+    EXPECT_EQ(three.embargoes, 1);
+    loop.advance(Seconds(20));
+    EXPECT_FALSE(groupsAreRefused());
+    engine().tags().editTagLamps("Night", {&two, &three});
+    sockets.take();
+    receive(stateGrouping(53, 1, 0xEF, "Late"));
+    EXPECT_EQ(engine().registry().lampWithID(lampID(1))->group->label, "Probe");
     EXPECT_EQ(delegate.alerts.back().title, "Edit Tag Successful");
     EXPECT_EQ(delegate.alerts.back().text, "Tag Night updated");
 

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace lumeroom::test {
 
 class FakeArpTable : public ArpTable {
@@ -84,11 +86,14 @@ struct EngineHarness : ::testing::Test {
         return *m_engine;
     }
 
-    /// By the socket of the lamp at that address, if it has one, as an answer comes.
+    /// By the socket of that lamp at that address, if it has one, as an answer comes.
     void receive(
         const Datagram& datagram, const std::string& from = "127.0.9.1", std::uint16_t port = 56700)
     {
-        const Lamp* lamp = engine().registry().lampAtAddress(from);
+        Target target{};
+        if (datagram.size() >= 16)
+            std::copy_n(datagram.begin() + 8, 8, target.begin());
+        const Lamp* lamp = engine().registry().lampAtAddress(from, target);
         const auto socket = lamp && lamp->socket ? lamp->socket : sockets.factory()(engine());
         engine().udpSocketDidReceiveData(*socket, datagram, socketAddress(from, port));
     }
