@@ -31,7 +31,9 @@ ManualController::ManualController(
     , m_reports(engineRoom.summaries(), m_panelSetUp.collection(), m_panelSetUp.factory(), log)
     , m_stage(m_panelSetUp, panel)
     , m_workflows(engineRoom, log, m_stage)
-    , m_scripting(m_panelSetUp.collection(), log, scriptingActions())
+    , m_known(engineRoom.registry(), engineRoom.summaries())
+    , m_stripFinder({runLoop, defaults, log, engineRoom, m_known, m_panelSetUp.collection(), *this})
+    , m_scripting(m_known, m_panelSetUp.collection(), m_stripFinder, log, scriptingActions())
     , m_updateStrips(runLoop, [this] { updateStrips(); })
     , m_updateLampStrips(runLoop, [this] { updateLampStrips(); })
 {
@@ -164,6 +166,7 @@ void ManualController::newLampsAdded()
 {
     m_panelSetUp.refreshSoon();
     m_statusMenu.updateDockIcon();
+    m_scripting.changed(); // which knows what the panel does not show too
 }
 
 void ManualController::newZoneAdded()
@@ -233,26 +236,23 @@ int ManualController::runModal(const Alert& alert)
 
 // The members' controls move at once, and their lamps' reports are held off.
 void ManualController::sendSettingsToStripsInGroup(
-    const StripSettings& settings, const std::string& id)
+    const StripSettings& settings, const StripTarget& group)
 {
-    for (const auto& strip : m_panelSetUp.collection().stripsOfLamps(lampsOfGroupStrip(id))) {
+    for (const auto& strip : m_stripFinder.stripsInUse(lampsOf(group))) {
         strip->implementSettingsFromDictionaryWithoutActing(settings);
         strip->imposeTemporaryEmbargo();
     }
 }
 
-Lamps ManualController::lampsOfGroupStrip(const std::string& id) const
+Lamps ManualController::lampsOf(const StripTarget& group) const
 {
-    if (id == kAllLampsId)
-        return m_engineRoom.registry().lightsArray();
-    const auto strip = m_panelSetUp.collection().getGroupStripWithID(id);
-    switch (strip ? strip->type() : StripType::None) {
+    switch (group.type) {
     case StripType::Group:
-        return m_engineRoom.registry().lightsArrayForGroup(id);
+        return m_engineRoom.registry().lightsArrayForGroup(group.id);
     case StripType::Location:
-        return m_engineRoom.registry().lightsArrayForLocation(id);
+        return m_engineRoom.registry().lightsArrayForLocation(group.id);
     case StripType::Tag:
-        return m_engineRoom.registry().lightsArrayForTag(id);
+        return m_engineRoom.registry().lightsArrayForTag(group.id);
     default:
         return {};
     }

@@ -39,6 +39,8 @@ public:
     StatusMenu& statusMenu() { return m_statusMenu; }
     GroupWorkflows& workflows() { return m_workflows; }
     Scripting& scripting() { return m_scripting; }
+    const KnownThings& known() const { return m_known; }
+    StripFinder& stripFinder() { return m_stripFinder; }
     const Strips& collection() const { return m_panelSetUp.collection().strips(); }
     void switchTheme(int theme) { m_panelSetUp.switchTheme(theme); }
     /// A segment of the control for the layouts was pressed; its number is the layout's.
@@ -59,7 +61,8 @@ public:
 
     // From the strips
     const UserDefaults& userDefaults() const override { return m_defaults; }
-    void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id) override;
+    void sendSettingsToStripsInGroup(
+        const StripSettings& settings, const StripTarget& group) override;
     void populateLampsPopUp() override;
     void stripHasMissedReports() override;
     void stripHasChanged() override;
@@ -79,7 +82,7 @@ private:
     void updateStrips();
     void updateLampStrips();
     Scripting::Actions scriptingActions();
-    Lamps lampsOfGroupStrip(const std::string& id) const;
+    Lamps lampsOf(const StripTarget& group) const;
 
     RunLoop& m_runLoop;
     UserDefaults& m_defaults;
@@ -92,6 +95,8 @@ private:
     StripReports m_reports;
     WorkflowStage m_stage;
     GroupWorkflows m_workflows;
+    KnownThings m_known;
+    StripFinder m_stripFinder;
     Scripting m_scripting;
     // Many reports come in a row: the strips are brought up to date once, after all of them.
     CallSoon m_updateStrips;

@@ -6,97 +6,59 @@ namespace lumeroom {
 
 namespace {
 
-/// Wire units of hue in one of a script's.
-constexpr double kColourPerHue = 255;
-
 void call(const std::function<void()>& action)
 {
     if (action)
         action();
 }
 
+ScriptLamps scripted(const Strips& strips)
+{
+    ScriptLamps lamps;
+    for (const auto& strip : strips)
+        lamps.push_back(std::make_shared<ZTScrLamp>(strip));
+    return lamps;
+}
+
 } // namespace
 
-StripSettings ScriptSettings::stripSettings() const
-{
-    StripSettings settings;
-    if (hue)
-        settings.colour = *hue * kColourPerHue;
-    if (whiteness)
-        settings.saturation = *whiteness;
-    if (brightness)
-        settings.brightness = *brightness;
-    settings.onoff = state;
-    return settings;
-}
-
-double ScriptedStrip::number(std::string_view key) const
-{
-    return m_controlStrip->objectForKey(key).doubleValue();
-}
-
-int ScriptedStrip::hue() const
-{
-    return static_cast<int>(number(keys::kColour) / kColourPerHue);
-}
-
-int ScriptedStrip::whiteness() const
-{
-    return static_cast<int>(number(keys::kSaturation));
-}
-
-int ScriptedStrip::brightness() const
-{
-    return static_cast<int>(number(keys::kBrightness));
-}
-
-bool ScriptedStrip::state() const
-{
-    return m_controlStrip->objectForKey(keys::kOnOff).boolValue();
-}
-
-void ScriptedStrip::implement(const ScriptSettings& settings)
-{
-    m_controlStrip->implementSettingsFromDictionary(settings.stripSettings());
-}
-
-void ScriptedStrip::putBrightness(int brightness)
-{
-    m_controlStrip->setObjectForKey(brightness, keys::kBrightness);
-}
-
-void ZTScrGroup::putBrightness(int brightness)
-{
-    ScriptedStrip::putBrightness(brightness);
-    for (const auto& lamp : m_lamps)
-        lamp->putBrightness(brightness);
-}
-
-void ScriptedStrip::apply(const ScriptSettings& settings)
-{
-    StripSettings colour = settings.stripSettings();
-    colour.onoff.reset();
-    if (!colour.hasAny() && !settings.state)
-        return;
-    if (settings.brightness)
-        putBrightness(*settings.brightness);
-    if (colour.hasAny()) {
-        m_controlStrip->implementSettingsFromDictionaryWithTransitionTime(colour);
-        m_controlStrip->sendSettingsToStripsInGroup(colour);
-    }
-    // With the colours, power would go out only to a lamp that last reported another state.
-    if (settings.state && *settings.state)
-        m_controlStrip->switchOn();
-    else if (settings.state)
-        m_controlStrip->switchOff();
-    m_controlStrip->imposeTemporaryEmbargo();
-}
-
-Scripting::Scripting(const StripCollection& collection, Log& log, Actions actions)
-    : m_collection(collection)
+Scripting::Scripting(const KnownThings& known, const StripCollection& collection,
+    StripFinder& finder, Log& log, Actions actions)
+    : m_known(known)
+    , m_collection(collection)
+    , m_finder(finder)
     , m_log(log)
     , m_actions(std::move(actions))
 {
+}
+
+std::vector<KnownThing> Scripting::everything() const
+{
+    std::vector<KnownThing> things = m_known.all();
+    for (KnownThing& thing : things)
+        thing.record.settings = m_finder.shown(thing);
+    return things;
+}
+
+std::optional<KnownThing> Scripting::thing(const StripTarget& target) const
+{
+    auto thing = m_known.find(target);
+    if (thing)
+        thing->record.settings = m_finder.shown(*thing);
+    return thing;
+}
+
+std::shared_ptr<ScriptedStrip> Scripting::strip(const StripTarget& target) const
+{
+    auto strip = m_finder.stripFor(target);
+    if (!strip)
+        return nullptr;
+    if (!target.isGroup())
+        return std::make_shared<ZTScrLamp>(std::move(strip));
+    return std::make_shared<ZTScrGroup>(std::move(strip), [this, target] {
+        const auto group = m_known.find(target);
+        return scripted(m_finder.stripsInUse(group ? group->lamps : Lamps()));
+    });
 }
 
 const ScriptLamps& Scripting::getLamps()
@@ -115,24 +77,19 @@ const ScriptGroups& Scripting::getGroups()
     if (m_scriptingGroupsArray.empty()) {
         for (const auto& strip : m_collection.strips()) {
             if (strip->isGroup())
-                m_scriptingGroupsArray.push_back(
-                    std::make_shared<ZTScrGroup>(strip, lampsOf(*strip)));
+                m_scriptingGroupsArray.push_back(std::make_shared<ZTScrGroup>(
+                    strip, [this, id = strip->getID()] { return lampsOf(id); }));
         }
     }
     return m_scriptingGroupsArray;
 }
 
 /// Of the group of all lamps, the very objects of the list of lamps; of others, new ones.
-ScriptLamps Scripting::lampsOf(const LampControlStrip& group)
+ScriptLamps Scripting::lampsOf(const std::string& groupID)
 {
-    if (group.getID() == kAllLampsId)
+    if (groupID == kAllLampsId)
         return getLamps();
-    ScriptLamps lamps;
-    if (m_actions.stripsInGroup) {
-        for (const auto& strip : m_actions.stripsInGroup(group.getID()))
-            lamps.push_back(std::make_shared<ZTScrLamp>(strip));
-    }
-    return lamps;
+    return m_actions.stripsInGroup ? scripted(m_actions.stripsInGroup(groupID)) : ScriptLamps();
 }
 
 void Scripting::forget()
@@ -169,8 +126,9 @@ void Scripting::allOff() const
     call(m_actions.allOff);
 }
 
-// The preset comes first: one that is called "All on" hides the command. Any entry of the menu will
-// do, so its title and its commands, which carry no preset of their own, run the first preset.
+// A preset may be called "All on", and then hides the command. Whatever else stands in the menu
+// counts as a preset too: "Manage presets..." and the menu's title carry no tag, and so run the
+// first preset.
 int Scripting::implementPresetFromScript(const std::string& name)
 {
     const MenuModel* presets = m_actions.presetPullDown ? m_actions.presetPullDown() : nullptr;

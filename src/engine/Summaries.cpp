@@ -57,14 +57,6 @@ Settings settingsOfUnknownLamps()
     return {{.colour = 0, .saturation = 200, .brightness = 200, .warmth = 3500}, true, {}};
 }
 
-Settings summaryOfLamps(const Lamps& lamps)
-{
-    RunningMean mean;
-    for (const auto& lamp : lamps)
-        mean.add(*lamp);
-    return {mean.result(), !lamps.empty() && lamps.back()->onoff.value_or(false), {}};
-}
-
 bool groupIsOn(const Lamps& lamps, std::int64_t basedOn)
 {
     const auto on = std::count_if(
@@ -95,19 +87,32 @@ Settings Summaries::settingsForGroup(std::string_view id) const
     const Lamps lamps = m_registry.lightsArrayForGroup(id);
     if (id == kAllLampsId && lamps.empty())
         return settingsOfUnknownLamps();
-    Settings summary = summaryOfLamps(lamps);
+    return settingsForLampsOfGroup(lamps);
+}
+
+Settings Summaries::settingsForLampsOfGroup(const Lamps& lamps) const
+{
+    Settings summary = settingsForLamps(lamps);
     summary.onoff = groupIsOn(lamps, m_defaults.integerForKey(keys::kGroupPowerStateBasedOn));
     return summary;
 }
 
 Settings Summaries::settingsForTag(std::string_view id) const
 {
-    return summaryOfLamps(m_registry.lightsArrayForTag(id));
+    return settingsForLamps(m_registry.lightsArrayForTag(id));
 }
 
 Settings Summaries::settingsForLocation(std::string_view id) const
 {
-    return summaryOfLamps(m_registry.lightsArrayForLocation(id));
+    return settingsForLamps(m_registry.lightsArrayForLocation(id));
+}
+
+Settings settingsForLamps(const Lamps& lamps)
+{
+    RunningMean mean;
+    for (const auto& lamp : lamps)
+        mean.add(*lamp);
+    return {mean.result(), !lamps.empty() && lamps.back()->onoff.value_or(false), {}};
 }
 
 Settings settingsForMultiZoneLamp(const Lamp& lamp)

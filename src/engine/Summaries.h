@@ -18,6 +18,8 @@ public:
     /// user default "groupPowerStateBasedOn": 0 for any lamp on, 1 for more than half, 2 for all;
     /// with another value the group never reads as on.
     Settings settingsForGroup(std::string_view id) const;
+    /// The same of a group whose lamps are at hand.
+    Settings settingsForLampsOfGroup(const Lamps& lamps) const;
     /// As powered as the last lamp.
     Settings settingsForTag(std::string_view id) const;
     Settings settingsForLocation(std::string_view id) const;
@@ -26,6 +28,9 @@ private:
     const LampRegistry& m_registry;
     const UserDefaults& m_defaults;
 };
+
+/// The mean of lamps, as powered as the last.
+Settings settingsForLamps(const Lamps& lamps);
 
 /// The same over a lamp's zones, in their order of arrival, with no power. A lamp without zones
 /// reads as all lamps do before any has answered.

@@ -111,7 +111,7 @@ void LampControlStrip::actForGroupOnOff(const Settings& full)
 void LampControlStrip::sendSettingsToStripsInGroup(const StripSettings& settings)
 {
     if (m_owner && isGroup())
-        m_owner->sendSettingsToStripsInGroup(settings, m_target.id);
+        m_owner->sendSettingsToStripsInGroup(settings, m_target);
 }
 
 void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& full)

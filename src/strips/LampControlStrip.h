@@ -42,6 +42,7 @@ public:
     /// Shades the bar of the saturation slider.
     float saturatedHueComponent() const { return m_controls.saturatedHueComponent; }
 
+    const StripTarget& target() const { return m_target; }
     std::string getID() const override { return m_target.id; }
     StripType type() const { return m_target.type; }
     bool isGroup() const override { return m_target.isGroup(); }

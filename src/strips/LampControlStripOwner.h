@@ -4,6 +4,7 @@
 #include "engine/QVLIFXEngineDelegate.h"
 #include "strips/EffectMenu.h"
 #include "strips/StripSettings.h"
+#include "strips/StripTarget.h"
 
 #include <memory>
 
@@ -29,7 +30,8 @@ public:
 
     virtual const UserDefaults& userDefaults() const = 0;
     /// Shows the settings in the strips of the lamps of this group, location or tag.
-    virtual void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id)
+    virtual void sendSettingsToStripsInGroup(
+        const StripSettings& settings, const StripTarget& group)
         = 0;
     virtual void populateLampsPopUp() = 0;
     /// An embargo is over that kept reports from a strip. The engine tells a change only once, so

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <string>
 
 namespace lumeroom {
@@ -18,6 +19,7 @@ struct StripTarget {
     StripType type = StripType::None;
 
     bool isGroup() const;
+    auto operator<=>(const StripTarget&) const = default;
 
     /// For a group, a location or a tag; nothing for the other kinds.
     void sendSettingsToGroup(LampCommands& commands, const Settings& settings) const;

@@ -1,162 +1,200 @@
-#include "app/Scripting.h"
-
-#include "support/EngineHarness.h"
+#include "ControllerHarness.h"
 
 namespace lumeroom::test {
 
-struct ScriptingTest : EngineHarness {
-    std::shared_ptr<LampControlStrip> addStripFor(const std::string& id, StripType type)
+struct ScriptingTest : Controller {
+    ScriptingTest()
     {
-        auto strip = std::make_shared<LampControlStrip>(id, type, loop);
-        strip->reactivateWithEngineRoom(&engine());
-        collection.add(strip);
-        return strip;
+        for (unsigned n = 1; n <= 2; ++n) {
+            addNamed(n, n == 1 ? "Desk" : "Ceiling");
+            receive(stateGrouping(53, n, 7, "Kitchen"));
+        }
+        kitchen = {engine().registry().groupsArray().at(0)->id, StripType::Group};
+        launch();
+        loop.advance(Seconds(8));
+        sockets.take();
     }
-    /// A lamp with its strip on the panel.
-    std::shared_ptr<LampControlStrip> addShownLamp(unsigned n)
+    /// Shows this page alone.
+    void show(ButtonModel& page)
     {
-        addLamp(n, {.label = "Lamp"});
-        return addStripFor(lampID(n), StripType::Lamp);
+        NavigationModel& navigation = controller.panelSetUp().navigation().model();
+        if (!page.state())
+            page.press();
+        if (&page != &navigation.lights && navigation.lights.state())
+            navigation.lights.press();
+        loop.advance(Seconds(8));
+        sockets.take();
     }
+    ScriptSettings shown(const StripTarget& target)
+    {
+        return ScriptSettings::of(scripting.thing(target)->record.settings);
+    }
+    std::size_t sent(unsigned type) { return sockets.takeOfType(type).size(); }
 
-    StripCollection collection{defaults, log};
-    std::vector<std::string> done;
-    MenuModel presets;
-    bool hasMenu = true;
-    Scripting scripting{collection, log,
-        {.stripsInGroup =
-                [this](const std::string& id) {
-                    return collection.stripsOfLamps(engine().registry().lightsArrayForGroup(id));
-                },
-            .allOn = [this] { done.emplace_back("on"); },
-            .allOff = [this] { done.emplace_back("off"); },
-            .allBlink = {},
-            .presetPullDown = [this] { return hasMenu ? &presets : nullptr; },
-            .implementPreset
-            = [this](const MenuItemModel& item) { done.push_back("preset " + item.title()); }}};
+    Scripting& scripting = controller.scripting();
+    NavigationModel& pages = controller.panelSetUp().navigation().model();
+    const StripTarget desk{lampID(1), StripType::Lamp};
+    StripTarget kitchen;
 };
 
-TEST_F(ScriptingTest, propertiesAreThoseOfTheStripInAScriptsUnits)
+TEST_F(ScriptingTest, readsAreInAScriptsUnits)
 {
-    const auto strip = addShownLamp(1);
-    const auto lamp = scripting.getLamps().at(0);
-    StripSettings shown;
-    shown.colour = 65535;
-    shown.saturation = 99.9;
-    shown.brightness = 254.6;
-    shown.onoff = true;
-    shown.label = "Desk";
-    strip->implementSettingsFromDictionaryWithoutActing(shown);
-    EXPECT_EQ(lamp->hue(), 257);
-    EXPECT_EQ(lamp->whiteness(), 99);
-    EXPECT_EQ(lamp->brightness(), 254);
-    EXPECT_TRUE(lamp->state());
-    EXPECT_EQ(lamp->name(), "Desk");
-    EXPECT_EQ(lamp->ID(), lampID(1));
-
-    lamp->setHue(100);
-    EXPECT_EQ(strip->colourSlider().value(), 25500);
-    EXPECT_EQ(lamp->hue(), 100);
+    receive(lightState(1, {.hue = 65535, .brightness = 65400, .label = "Desk"}));
+    loop.runPosted();
+    const ScriptSettings lamp = scripting.getLamps().at(0)->settings();
+    EXPECT_EQ(lamp.hue, 257);
+    EXPECT_EQ(lamp.whiteness, 255);
+    EXPECT_EQ(lamp.brightness, 254);
+    EXPECT_EQ(lamp.state, true);
+    EXPECT_EQ(scripting.getLamps()[0]->name(), "Desk");
 }
 
-TEST_F(ScriptingTest, settersGoTheStripsWayAndApplyAlwaysSends)
+TEST_F(ScriptingTest, setGoesTheStripsWayAndSaysWhatItWouldNotSendAndApplyAlwaysSends)
 {
-    const auto strip = addShownLamp(1);
-    const auto lamp = scripting.getLamps().at(0);
-    sockets.take();
-    lamp->setBrightness(100);
-    EXPECT_EQ(sockets.takeOfType(102).size(), 1U);
-    lamp->setBrightness(50); // within the embargo it only shows
-    EXPECT_EQ(strip->brightnessSlider().value(), 50);
-    EXPECT_TRUE(sockets.takeOfType(102).empty());
+    const auto lamp = scripting.strip(desk);
+    EXPECT_TRUE(lamp->reasonNotToSend({.hue = 1}));
+    EXPECT_FALSE(scripting.strip(kitchen)->reasonNotToSend({.hue = 1}));
+    EXPECT_FALSE(lamp->reasonNotToSend({.brightness = 100}));
+    lamp->set({.brightness = 100});
+    EXPECT_EQ(sent(102), 1U);
+    EXPECT_TRUE(lamp->reasonNotToSend({.brightness = 50}));
+    lamp->set({.brightness = 50}); // within the embargo it only shows
+    EXPECT_EQ(sent(102), 0U);
+    EXPECT_EQ(shown(desk).brightness, 50);
     lamp->apply({10, {}, 20, false});
-    std::multiset<unsigned> sent;
+    std::multiset<unsigned> types;
     for (const auto& datagram : sockets.take())
-        sent.insert(datagram.type());
-    EXPECT_EQ(sent, (std::multiset<unsigned>{102, 117})); // colour and power
-    EXPECT_EQ(lamp->brightness(), 20);
-    EXPECT_EQ(lamp->hue(), 10);
+        types.insert(datagram.type());
+    EXPECT_EQ(types, (std::multiset<unsigned>{102, 117})); // colour and power
+    EXPECT_EQ(shown(desk).hue, 10);
     lamp->apply({{}, {}, {}, true}); // though the lamp, for all that is known, is on
-    EXPECT_EQ(sockets.takeOfType(117).size(), 1U);
+    EXPECT_EQ(sent(117), 1U);
     lamp->apply({{}, {}, 19, {}}); // one below, as a lamp's rounding would be
-    EXPECT_EQ(lamp->brightness(), 19);
+    EXPECT_EQ(shown(desk).brightness, 19);
     loop.advance(Seconds(8));
     sockets.take();
     lamp->apply({}); // does nothing, so reports go on and the next change is sent
-    EXPECT_FALSE(strip->embargo());
-    lamp->setWhiteness(7);
-    EXPECT_EQ(sockets.takeOfType(102).size(), 1U);
+    EXPECT_FALSE(lamp->reasonNotToSend({.whiteness = 7}));
+}
+
+TEST_F(ScriptingTest, whatThePanelDoesNotShowIsReachedAllTheSame)
+{
+    const StripTarget all{"0", StripType::Group};
+    receive(stateGrouping(50, 1, 8, "Home"));
+    const StripTarget home{engine().registry().locationssArray().at(0)->id, StripType::Location};
+    EXPECT_EQ(scripting.everything().size(), 5U);
+    EXPECT_TRUE(scripting.getGroups().empty());
+    EXPECT_EQ(scripting.strip({"no such", StripType::Group}), nullptr);
+    EXPECT_FALSE(scripting.thing({lampID(1) + "-0", StripType::Zone}));
+
+    scripting.strip(kitchen)->apply({.brightness = 99});
+    EXPECT_EQ(sent(102), 2U);
+    EXPECT_EQ(panel.strip(0).brightnessSlider().value(), 99); // the members on the panel follow
+    scripting.strip(home)->apply({.brightness = 10});
+    EXPECT_EQ(sent(102), 1U);
+    scripting.strip(kitchen)->apply({.brightness = 9}); // one below
+    EXPECT_EQ(panel.strip(0).brightnessSlider().value(), 9);
+    EXPECT_EQ(shown(kitchen).brightness, 9);
+    sockets.take();
+    scripting.strip(all)->apply({.state = false});
+    EXPECT_EQ(sent(117), 2U);
+
+    show(pages.groups);
+    EXPECT_EQ(panel.names(), Names{"Kitchen"});
+    EXPECT_EQ(scripting.getGroups().at(0)->getLamps().size(), 0U);
+    int changes = 0;
+    scripting.onChange = [&changes] { ++changes; };
+    scripting.strip(desk)->apply({.brightness = 77});
+    EXPECT_EQ(sent(102), 1U);
+    EXPECT_GT(changes, 0);
+    receive(lightState(1, {.brightness = 300, .label = "Desk"}));
+    loop.runPosted();
+    EXPECT_EQ(shown(desk).brightness, 77); // the report is older than the change
+    scripting.strip(kitchen)->apply({.brightness = 55}); // on the panel, its member is not
+    EXPECT_EQ(shown(desk).brightness, 55);
+    changes = 0;
+    loop.advance(Seconds(8));
+    receive(lightState(1, {.brightness = 25700, .label = "Desk lamp"}));
+    loop.runPosted();
+    EXPECT_EQ(shown(desk).brightness, 100);
+    EXPECT_EQ(scripting.thing(desk)->record.settings.label, "Desk lamp");
+    EXPECT_GT(changes, 0);
+}
+
+TEST_F(ScriptingTest, zonesAndManyStripsThatAreNotShown)
+{
+    StripFinder& finder = controller.stripFinder();
+    addStrip(3, 8);
+    loop.advance(Seconds(8));
+    sockets.take();
+    const StripTarget zone{lampID(3) + "-2", StripType::Zone};
+    EXPECT_EQ(shown(zone).hue, 0); // 102 of 65,535
+    scripting.strip(zone)->apply({.brightness = 40});
+    EXPECT_EQ(sent(501), 1U);
+    const auto kept = finder.stripFor(zone);
+    EXPECT_EQ(finder.stripFor(zone), kept);
+    for (unsigned n = 4; n < 34; ++n)
+        addStrip(n, 8);
+    for (unsigned n = 4; n < 34; ++n) { // 240 more
+        for (unsigned i = 0; i < 8; ++i)
+            finder.stripFor({lampID(n) + "-" + std::to_string(i), StripType::Zone});
+    }
+    EXPECT_EQ(finder.stripInUse(zone), kept);
+    for (unsigned i = 0; i < 8; ++i)
+        finder.stripFor({lampID(3) + "-" + std::to_string(i), StripType::Zone});
+    EXPECT_EQ(finder.stripInUse(zone), kept); // it was asked for again
+    for (unsigned n = 10; n < 15; ++n)
+        finder.stripFor({lampID(n), StripType::Lamp});
+    EXPECT_EQ(finder.stripInUse({lampID(4) + "-0", StripType::Zone}), nullptr);
 }
 
 TEST_F(ScriptingTest, theListsHoldWhatThePanelShowsUntilItChanges)
 {
-    addShownLamp(1);
-    addShownLamp(2);
-    addLamp(3); // not on the panel
-    for (unsigned n : {2U, 3U})
-        receive(stateGrouping(53, n, 7, "Kitchen"));
-    const std::string kitchen = engine().registry().groupsArray().at(0)->id;
-    addStripFor(lampID(1) + "-0", StripType::Zone);
-    addStripFor(kitchen, StripType::Group);
-    addStripFor("0", StripType::Group);
-
+    pages.groups.press();
+    pages.all.press();
+    loop.advance(Seconds(1));
     const auto lamps = scripting.getLamps();
-    ASSERT_EQ(lamps.size(), 3U); // the zone is listed as a lamp
+    ASSERT_EQ(lamps.size(), 2U);
     const auto groups = scripting.getGroups();
     ASSERT_EQ(groups.size(), 2U);
-    ASSERT_EQ(groups[0]->getLamps().size(), 1U);
-    EXPECT_EQ(groups[0]->getLamps()[0]->ID(), lampID(2));
-    EXPECT_NE(groups[0]->getLamps()[0], lamps[1]); // of its own
+    EXPECT_EQ(groups[0]->getLamps().size(), 2U);
+    EXPECT_NE(groups[0]->getLamps()[0], lamps[0]); // of its own
     EXPECT_EQ(groups[1]->getLamps(), lamps); // the very objects
-
-    int changes = 0;
-    scripting.onChange = [&changes] { ++changes; };
-    addShownLamp(4);
     EXPECT_EQ(scripting.getLamps(), lamps);
     scripting.invalidate();
-    EXPECT_EQ(scripting.getLamps().size(), 4U);
-    collection.clear();
-    scripting.rebuild();
+    EXPECT_NE(scripting.getLamps(), lamps);
+    pages.lights.press();
+    loop.advance(Seconds(1));
     EXPECT_TRUE(scripting.getLamps().empty());
-    EXPECT_TRUE(scripting.getGroups().empty());
-    EXPECT_EQ(changes, 2);
-
-    addShownLamp(1); // an empty list is never kept
-    EXPECT_EQ(scripting.getLamps().size(), 1U);
-}
-
-TEST_F(ScriptingTest, aGroupsChangeReachesItsLamps)
-{
-    const auto member = addShownLamp(1);
-    addShownLamp(2);
-    for (unsigned n : {1U, 2U})
-        receive(stateGrouping(53, n, 7, "Kitchen"));
-    addStripFor(engine().registry().groupsArray().at(0)->id, StripType::Group);
-    sockets.take();
-    scripting.getGroups().at(0)->setBrightness(99);
-    EXPECT_EQ(sockets.takeOfType(102).size(), 2U);
-    scripting.getGroups().at(0)->apply({{}, {}, 10, {}});
-    EXPECT_EQ(sockets.takeOfType(102).size(), 2U);
-    member->setObjectForKey(8, keys::kBrightness);
-    scripting.getGroups().at(0)->apply({{}, {}, 7, {}}); // one below shows in the members too
-    EXPECT_EQ(member->brightnessSlider().value(), 7);
 }
 
 TEST_F(ScriptingTest, presetsComeBeforeTheCommandsOfTheirName)
 {
-    EXPECT_EQ(scripting.implementPresetFromScript("All on"), 1);
-    EXPECT_EQ(scripting.implementPresetFromScript("All off"), 1);
+    std::vector<std::string> done;
+    MenuModel presets;
+    bool hasMenu = true;
+    Scripting other(controller.known(), controller.panelSetUp().collection(),
+        controller.stripFinder(), log,
+        {.stripsInGroup = {},
+            .allOn = [&] { done.emplace_back("on"); },
+            .allOff = [&] { done.emplace_back("off"); },
+            .allBlink = {},
+            .presetPullDown = [&] { return hasMenu ? &presets : nullptr; },
+            .implementPreset
+            = [&](const MenuItemModel& item) { done.push_back("preset " + item.title()); }});
+    EXPECT_EQ(other.implementPresetFromScript("All on"), 1);
+    EXPECT_EQ(other.implementPresetFromScript("All off"), 1);
     defaults.setObject("verbosity", 1);
-    EXPECT_EQ(scripting.performDirectParameterCommand("All blink"), 1);
+    EXPECT_EQ(other.performDirectParameterCommand("All blink"), 1);
     EXPECT_EQ(linesWith("The direct parameter is: 'All blink'"), 1);
-    EXPECT_EQ(scripting.implementPresetFromScript("all on"), 0);
+    EXPECT_EQ(other.implementPresetFromScript("all on"), 0);
     EXPECT_EQ(linesWith("unable to find preset all on"), 1);
     presets.addItem("Manage presets...", [] { FAIL() << "the entry itself was chosen"; });
     presets.addItem("All on", {});
-    EXPECT_EQ(scripting.implementPresetFromScript("All on"), 1);
-    EXPECT_EQ(scripting.implementPresetFromScript("Manage presets..."), 1);
+    EXPECT_EQ(other.implementPresetFromScript("All on"), 1);
+    EXPECT_EQ(other.implementPresetFromScript("Manage presets..."), 1);
     hasMenu = false;
-    EXPECT_EQ(scripting.implementPresetFromScript("Manage presets..."), 0);
+    EXPECT_EQ(other.implementPresetFromScript("Manage presets..."), 0);
     EXPECT_EQ(
         done, (std::vector<std::string>{"on", "off", "preset All on", "preset Manage presets..."}));
 }

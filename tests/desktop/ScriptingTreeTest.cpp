@@ -1,76 +1,73 @@
 #include "desktop/dbus/ScriptingTree.h"
 
-#include "base/Log.h"
-#include "base/UserDefaults.h"
+#include "app/ControllerHarness.h"
 #include "desktop/SettingsFile.h"
-#include "desktop/dbus/ProgramIdentity.h"
-#include "desktop/dbus/StripProperties.h"
-#include "support/ManualRunLoop.h"
+#include "desktop/dbus/ObjectPaths.h"
 
-#include <gtest/gtest.h>
+namespace lumeroom::test {
 
-namespace lumeroom {
-
-struct ScriptingTreeTest : ::testing::Test {
-    void addStrip(const std::string& id, StripType type)
+struct ScriptingTreeTest : Controller {
+    /// "Member path" of the signals, and of changed properties their names.
+    std::string told()
     {
-        collection.add(std::make_shared<LampControlStrip>(id, type, loop));
+        QStringList list;
+        for (const QDBusMessage& signal : tree.changes()) {
+            const QVariantList arguments = signal.arguments();
+            const bool changed = signal.member() == "PropertiesChanged";
+            list.append(signal.member() + " "
+                + (changed ? signal.path() : arguments[0].value<QDBusObjectPath>().path())
+                      .mid(QString(bus::kRootPath).size())
+                + (changed ? " " + arguments[1].toMap().keys().join(',') : QString()));
+        }
+        list.sort();
+        return list.join("; ").toStdString();
     }
-    Log log{[](std::string_view) {}};
-    ManualRunLoop loop;
-    UserDefaults defaults;
-    StripCollection collection{defaults, log};
-    Scripting scripting{collection, log,
-        {.stripsInGroup = [this](const std::string&) { return Strips{collection.strips().at(0)}; },
-            .allOn = {},
-            .allOff = {},
-            .allBlink = {},
-            .presetPullDown = {},
-            .implementPreset = {}}};
-    ScriptingTree tree{scripting, {QStringLiteral("1"), {}}};
+    ScriptingTree tree{controller.scripting(), {QStringLiteral("1"), {}}};
 };
 
-TEST_F(ScriptingTreeTest, groupsStandBesideLampsOfTheSameID)
+TEST_F(ScriptingTreeTest, theBusIsToldOfWhatComesChangesAndGoes)
 {
-    addStrip("d073d5", StripType::Lamp);
-    addStrip("d073d5-0", StripType::Zone);
-    addStrip("d073d5", StripType::Group);
-    addStrip("Grün", StripType::Tag);
-    addStrip("0", StripType::Group);
-    const QString root = bus::kRootPath;
-    const auto objects = tree.objects();
-    EXPECT_EQ(objects.keys(),
-        (QStringList{root, root + "/groups/0", root + "/groups/Gr_c3_bcn", root + "/groups/d073d5",
-            root + "/lamps/d073d5", root + "/lamps/d073d5_2d0"}));
-    const auto lampsOf = [&](const QString& path) {
-        QStringList paths;
-        for (const auto& lamp : objects[path].properties["Lamps"].value<QList<QDBusObjectPath>>())
-            paths.append(lamp.path());
-        return paths;
-    };
-    EXPECT_EQ(lampsOf(root + "/groups/d073d5"), QStringList{root + "/lamps/d073d5"});
-    EXPECT_EQ(lampsOf(root + "/groups/0").size(), 2);
-    EXPECT_TRUE(tree.introspect(root + "/groups/0").contains("Lumeroom.Group\""));
-    EXPECT_TRUE(tree.introspect(root + "/groups").contains("<node name=\"Gr_c3_bcn\"/>"));
-    EXPECT_TRUE(tree.introspect(root + "/groups/none").isEmpty());
+    launch();
+    addNamed(1, "Desk");
+    receive(stateGrouping(53, 1, 7, "Kitchen"));
+    loop.advance(Seconds(8));
+    const QString lamp = pathOf({lampID(1), StripType::Lamp}).mid(bus::kRootPath.size());
+    const std::string group = engine().registry().groupsArray().at(0)->id;
+    const QString kitchen = pathOf({group, StripType::Group}).mid(bus::kRootPath.size());
+    EXPECT_EQ(told(),
+        ("InterfacesAdded " + kitchen + "; InterfacesAdded " + lamp
+            + "; PropertiesChanged  Lamps; "
+              "PropertiesChanged /groups/0 Brightness,Lamps,State,Whiteness")
+            .toStdString());
+    EXPECT_EQ(told(), "");
+
+    int changes = 0;
+    controller.scripting().onChange = [&changes] { ++changes; };
+    receive(lightState(1, {.brightness = 25700, .label = "Desk"}));
+    loop.runPosted();
+    EXPECT_GT(changes, 0);
+    EXPECT_EQ(told(),
+        ("PropertiesChanged /groups/0 Brightness; PropertiesChanged " + kitchen
+            + " Brightness; PropertiesChanged " + lamp + " Brightness")
+            .toStdString());
+    engine().groupings().removeGroupWithID(group);
+    EXPECT_EQ(told(), ("InterfacesRemoved " + kitchen).toStdString());
+
+    EXPECT_TRUE(tree.introspect(bus::kRootPath + lamp).contains("Lumeroom.Lamp\""));
+    EXPECT_TRUE(tree.introspect(bus::kRootPath + "/groups").contains("<node name=\"0\"/>"));
+    EXPECT_TRUE(tree.introspect(bus::kRootPath + kitchen).isEmpty());
 }
 
-TEST_F(ScriptingTreeTest, valuesAreTakenWithinTheirRangeOnly)
+TEST(ObjectPaths, nameEachThingOnce)
 {
-    const auto accepted = [](const char* property, const QVariant& value) {
-        ScriptSettings settings;
-        return readInto(settings, property, value).isEmpty();
-    };
-    EXPECT_TRUE(accepted("Hue", 257));
-    EXPECT_FALSE(accepted("Hue", 258));
-    EXPECT_FALSE(accepted("Hue", -1));
-    EXPECT_TRUE(accepted("Whiteness", 255U));
-    EXPECT_FALSE(accepted("Brightness", 256));
-    EXPECT_FALSE(accepted("Brightness", 1.0));
-    EXPECT_FALSE(accepted("Brightness", std::numeric_limits<qulonglong>::max()));
-    EXPECT_FALSE(accepted("Brightness", true));
-    EXPECT_FALSE(accepted("State", 1));
-    EXPECT_FALSE(accepted("Label", "x"));
+    const StripTarget things[] = {{"d073d5-0", StripType::Zone}, {"Grün_1", StripType::Tag},
+        {"", StripType::Tag}, {"0", StripType::Group}};
+    for (const StripTarget& thing : things)
+        EXPECT_EQ(targetAt(pathOf(thing)), thing);
+    EXPECT_EQ(pathOf(things[1]), bus::kRootPath + "/tags/Gr_c3_bcn_5f1");
+    for (const char* path : {"/tags/_5F", "/tags/_", "/tags/_61", "/tags/_6", "/tags", "/x/1", ""})
+        EXPECT_EQ(targetAt(bus::kRootPath + path).has_value(), path == std::string("/tags/_"))
+            << path;
 }
 
 TEST(ProgramIdentity, eachSettingsFileMakesAProgramOfItsOwn)
@@ -84,4 +81,4 @@ TEST(ProgramIdentity, eachSettingsFileMakesAProgramOfItsOwn)
     EXPECT_NE(other, usual);
 }
 
-} // namespace lumeroom
+} // namespace lumeroom::test

@@ -13,7 +13,7 @@ namespace lumeroom::test {
 class RowOwner : public LampControlStripOwner {
 public:
     const UserDefaults& userDefaults() const override { return m_defaults; }
-    void sendSettingsToStripsInGroup(const StripSettings&, const std::string&) override { }
+    void sendSettingsToStripsInGroup(const StripSettings&, const StripTarget&) override { }
     void populateLampsPopUp() override { }
     int runModal(const Alert&) override { return 0; }
     void stripHasMissedReports() override { }

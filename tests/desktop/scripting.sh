@@ -83,7 +83,7 @@ ctl lamps --json | grep -q '"label": "玄関の照明"'
 # Reading
 expect 0 d073d50000010000 ctl get "Desk lamp" id
 expect 0 '"Desk lamp"' ctl get d073d50000010000 label --json
-expect 1 "the panel shows nothing named 'Cellar'" ctl get Cellar
+expect 1 "there is nothing named 'Cellar'" ctl get Cellar
 expect 1 "nothing named 'group:Desk lamp'" ctl get "group:Desk lamp"
 expect 2 "there is no property 'colour'" ctl get "Desk lamp" colour
 expect 2 "there is no property ''" ctl get "Desk lamp" ""
@@ -108,10 +108,15 @@ ctl set "Desk lamp" state off
 ctl set "Desk lamp" state on
 wait_for lamp_holds "$first" 6 65535
 
+# A LIGHT_SETCOLOR of brightness 32639 from elsewhere: the lamp tells by itself
+printf '\x31\0\0\x14\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x66\0\0\0\0\0\0\0\0\x7f\x7f\xac\x0d\0\0\0\0' \
+    >"/dev/udp/$second/56700"
+wait_for grep -qx "Ceiling: brightness 127" "$folder/watched"
+
 # Any program of the bus
 service=com.tanagerworks.Lumeroom.Demo
 root=/com/tanagerworks/Lumeroom
-lamp=$root/lamps/d073d50000020000 # that nobody has touched within the last seconds
+lamp=$root/lamps/d073d50000020000
 call() { gdbus call --session --dest "$service" --object-path "$@"; }
 set_property() {
     call "$lamp" --method org.freedesktop.DBus.Properties.Set com.tanagerworks.Lumeroom.Lamp "$@"
@@ -120,7 +125,9 @@ gdbus introspect --session --recurse --dest "$service" --object-path "$root" >"$
 grep -q "node $lamp {" "$folder/tree"
 grep -q 'readwrite i Brightness = 50;' "$folder/tree"
 grep -q 'GetManagedObjects(out a{oa{sa{sv}}} objects);' "$folder/tree"
+expect 1 "A lamp's hue is not sent by itself. Apply sends it." set_property Hue '<int32 1>'
 set_property Brightness '<int32 150>' >/dev/null
+expect 1 "a further one would not be sent" set_property Brightness '<int32 151>'
 wait_for lamp_holds "$second" 3 38250
 state_of_lamps() { ask_lamp "$first" && ask_lamp "$second"; }
 before=$(state_of_lamps)
@@ -131,7 +138,7 @@ expect 1 "InvalidArgs: State is true or false." set_property State '<int32 1>'
 expect 1 "PropertyReadOnly: Name can only be read." set_property Name '<"Other">'
 expect 1 "UnknownProperty: There is no property Speed." set_property Speed '<int32 1>'
 expect 1 "UnknownObject" call "$root/lamps/x" --method com.tanagerworks.Lumeroom.Lamp.Apply '{}'
-expect 1 "InvalidArgs: Speed cannot be set." call "$lamp" \
+expect 1 "UnknownProperty: There is no property Speed." call "$lamp" \
     --method com.tanagerworks.Lumeroom.Lamp.Apply "{'Brightness': <int32 1>, 'Speed': <int32 1>}"
 expect 1 "UnknownMethod: There is no RunPreset with the arguments (si) here." \
     call "$root" --method com.tanagerworks.Lumeroom.RunPreset 1 2
@@ -146,13 +153,26 @@ done
 sleep 0.5
 [ "$(state_of_lamps)" = "$before" ] || fail "a refused change reached the lamp"
 
+# What the panel does not show
+wait_for ctl get location:Home
+ctl set location:Home brightness 200
+wait_for lamp_holds "$second" 3 51000
+expect 0 8 eval 'ctl lamps --json | grep -c "brightness.: 200"'
+expect 0 8 eval 'ctl get group:All lamps | wc -w'
+
 # Presets and commands
 expect 1 "there is no preset 'Nothing'" ctl run Nothing
 grep -q "unable to find preset Nothing" "$folder/log"
-ctl run "All on"
-wait_for lamp_holds "$first" 6 65535
+expect 1 "InvalidArgs: A name or a path has at most 1024 bytes." \
+    call "$root" --method com.tanagerworks.Lumeroom.RunPreset "$(printf '%1025s')"
 call "$root" --method com.tanagerworks.Lumeroom.AllOff >/dev/null
 wait_for lamp_holds "$first" 6 0
+ctl run "All on"
+wait_for lamp_holds "$first" 6 65535
+ctl run "All off"
+wait_for lamp_holds "$first" 6 0
+call "$root" --method com.tanagerworks.Lumeroom.AllOn >/dev/null
+wait_for lamp_holds "$first" 6 65535
 
 # A second start shows the first one's panel; other settings make another program
 expect 0 "already running" "$lumeroom" --demo
@@ -180,6 +200,7 @@ shows_lamps 8 || fail "the second program disturbed the first"
         [ "${COMPREPLY[*]}" = "$wanted" ] || fail "completed '$*' to '${COMPREPLY[*]}'"
     }
     completes 'groups get' g
+    completes Home get location : H
     completes 'Desk\ lamp' get De
     completes 'Desk lamp' get '"Desk l'
     completes 'Desk\ lamp' set 'Desk\ l'

@@ -19,9 +19,9 @@ public:
     }
 
     const UserDefaults& userDefaults() const override { return m_defaults; }
-    void sendSettingsToStripsInGroup(const StripSettings& settings, const std::string& id) override
+    void sendSettingsToStripsInGroup(const StripSettings& settings, const StripTarget& group) override
     {
-        std::string line = "strips of " + id;
+        std::string line = "strips of " + group.id;
         for (const auto& [key, value] : settings.toDictionary())
             line += " " + key + "=" + description(value);
         calls.push_back(line);

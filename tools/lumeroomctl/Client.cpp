@@ -8,6 +8,10 @@
 
 #include <QDBusArgument>
 #include <QDBusError>
+#include <QHash>
+
+#include <algorithm>
+#include <tuple>
 
 namespace lumeroomctl {
 
@@ -37,20 +41,15 @@ Failure failureOf(const QDBusMessage& error)
     }
 }
 
-QString kindOf(const Thing& thing)
-{
-    return thing.isGroup ? QStringLiteral("group") : QStringLiteral("lamp");
-}
-
 Thing onlyOneOf(const Things& found, const QString& name)
 {
     if (found.isEmpty())
-        throw Failure{kFailed, QStringLiteral("the panel shows nothing named '%1'").arg(name)};
+        throw Failure{kFailed, QStringLiteral("there is nothing named '%1'").arg(name)};
     if (found.size() == 1)
         return found.first();
     QString text = QStringLiteral("'%1' names more than one; choose by ID:").arg(name);
     for (const Thing& thing : found)
-        text += QStringLiteral("\n  %1 %2").arg(kindOf(thing), lumeroom::printable(thing.id()));
+        text += QStringLiteral("\n  %1 %2").arg(thing.kind->name, lumeroom::printable(thing.id()));
     throw Failure{kFailed, text};
 }
 
@@ -95,46 +94,54 @@ Things Client::things() const
         call(bus::kRootPath, bus::kProperties, QStringLiteral("GetAll"), {QString(bus::kProgram)})
             .arguments()
             .value(0));
+    QHash<QString, qsizetype> places;
+    for (const char* list : {"Lamps", "Groups"}) {
+        for (const QString& path : pathsIn(program.value(QLatin1StringView(list))))
+            places.insert(path, places.size());
+    }
     Things things;
-    const auto add = [&](const QStringList& paths, QLatin1StringView interface) {
-        for (const QString& path : paths) {
-            const auto found = managed.find(QDBusObjectPath(path));
-            if (found != managed.end() && found->contains(interface))
-                things.append({path, interface == bus::kGroup, found->value(interface)});
-        }
+    for (auto it = managed.begin(); it != managed.end(); ++it) {
+        if (const auto* kind = lumeroom::kindAt(it.key().path()))
+            things.append({it.key().path(), kind, it->value(kind->interface)});
+    }
+    const auto key = [&places](const Thing& thing) {
+        return std::tuple(
+            thing.kind, places.value(thing.path, std::numeric_limits<qsizetype>::max()));
     };
-    add(pathsIn(program.value(QStringLiteral("Lamps"))), bus::kLamp);
-    add(pathsIn(program.value(QStringLiteral("Groups"))), bus::kGroup);
+    std::sort(things.begin(), things.end(), [&](const Thing& a, const Thing& b) {
+        return std::tuple(key(a), a.label(), a.path) < std::tuple(key(b), b.label(), b.path);
+    });
     return things;
 }
 
 Thing Client::thingNamed(const QString& name) const
 {
-    const bool wantsGroup = name.startsWith(QLatin1StringView("group:"));
-    const bool wantsLamp = name.startsWith(QLatin1StringView("lamp:"));
-    const QString wanted = wantsGroup || wantsLamp ? name.mid(name.indexOf(u':') + 1) : name;
+    const QString kind = name.section(u':', 0, 0);
+    const bool namesKind = kind.size() < name.size()
+        && std::any_of(lumeroom::kObjectKinds.begin(), lumeroom::kObjectKinds.end(),
+            [&kind](const lumeroom::ObjectKind& known) { return known.name == kind; });
+    const QString wanted = namesKind ? name.mid(kind.size() + 1) : name;
     Things byID;
     Things lamps;
-    Things groups;
+    Things others;
     for (const Thing& thing : things()) {
-        if ((wantsGroup && !thing.isGroup) || (wantsLamp && thing.isGroup))
+        if (namesKind && thing.kind->name != kind)
             continue;
         if (thing.id() == wanted)
             byID.append(thing);
         if (thing.label() == wanted)
-            (thing.isGroup ? groups : lamps).append(thing);
+            (thing.kind->type == lumeroom::StripType::Lamp ? lamps : others).append(thing);
     }
     for (const Things& candidates : {byID, lamps}) {
         if (!candidates.isEmpty())
             return onlyOneOf(candidates, name);
     }
-    return onlyOneOf(groups, name);
+    return onlyOneOf(others, name);
 }
 
 void Client::apply(const Thing& thing, const QVariantMap& properties) const
 {
-    call(thing.path, thing.isGroup ? bus::kGroup : bus::kLamp, QStringLiteral("Apply"),
-        {properties});
+    call(thing.path, thing.kind->interface, QStringLiteral("Apply"), {properties});
 }
 
 void Client::runPreset(const QString& name) const

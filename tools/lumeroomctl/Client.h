@@ -1,17 +1,20 @@
 #pragma once
 
+#include "desktop/dbus/ObjectPaths.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QVariantMap>
 
 namespace lumeroomctl {
 
-/// A lamp or a group, with its properties as the bus has them.
+/// A lamp, zone, group, location or tag, with its properties as the bus has them.
 struct Thing {
     QString path;
-    bool isGroup = false;
+    const lumeroom::ObjectKind* kind; ///< never null
     QVariantMap properties;
 
+    bool isGroup() const { return kind->interface == lumeroom::bus::kGroup; }
     QString label() const { return properties.value(QStringLiteral("Label")).toString(); }
     QString id() const { return properties.value(QStringLiteral("ID")).toString(); }
 };
@@ -22,9 +25,10 @@ class Client {
 public:
     explicit Client(QString service);
 
-    /// The lamps as the panel shows them, then the groups. Waits for a program that is starting.
+    /// All that is known, kind by kind: what the panel shows as it shows it, then the rest by name.
+    /// Waits for a program that is starting.
     Things things() const;
-    /// The one with this label or ID; "group:" and "lamp:" before it name the kind.
+    /// The one with this label or ID; a kind and ":" before it leave only that kind.
     Thing thingNamed(const QString& name) const;
     void apply(const Thing& thing, const QVariantMap& properties) const;
     void runPreset(const QString& name) const;

@@ -35,26 +35,27 @@ void printJsonValue(const QJsonValue& value)
     print(text.mid(1, text.size() - 2) + u'\n');
 }
 
-void list(const Client& client, const Options& options, bool groups)
+void list(const Client& client, const Options& options, const lumeroom::ObjectKind& kind)
 {
     const Things all = client.things();
+    const bool ofGroups = kind.interface == lumeroom::bus::kGroup;
     QStringList columns{QStringLiteral("label"), QStringLiteral("state"),
         QStringLiteral("brightness"), QStringLiteral("hue"), QStringLiteral("whiteness"),
         QStringLiteral("id")};
     QList<QStringList> rows{{}};
     for (const QString& column : columns)
         rows.first().append(column.toUpper());
-    if (groups)
+    if (ofGroups)
         rows.first().append(QStringLiteral("LAMPS"));
     QJsonArray objects;
     for (const Thing& thing : all) {
-        if (thing.isGroup != groups)
+        if (thing.kind != &kind)
             continue;
         objects.append(jsonOf(thing, all));
         QStringList row;
         for (const QString& column : columns)
             row.append(textOf(thing, column, all));
-        if (groups)
+        if (ofGroups)
             row.append(
                 QString::number(pathsIn(thing.properties.value(QStringLiteral("Lamps"))).size()));
         rows.append(row);
@@ -72,7 +73,7 @@ void list(const Client& client, const Options& options, bool groups)
 void get(const Client& client, const Options& options)
 {
     const Thing thing = client.thingNamed(options.arguments.first());
-    const Things all = thing.isGroup ? client.things() : Things();
+    const Things all = thing.isGroup() ? client.things() : Things();
     if (options.arguments.size() > 1) {
         const QString property = options.arguments[1].toLower();
         if (options.json)
@@ -86,7 +87,7 @@ void get(const Client& client, const Options& options)
         return;
     }
     QList<QStringList> rows;
-    for (const QString& name : propertyNames(thing.isGroup))
+    for (const QString& name : propertyNames(thing.isGroup()))
         rows.append({name, textOf(thing, name, all)});
     print(lumeroom::tableOf(rows));
 }
@@ -101,11 +102,13 @@ int runCommand(const Options& options)
         : QVariantMap();
     const Client client(
         lumeroom::serviceName(lumeroom::settingsFile(options.demo, options.defaultsFile)));
-    if (options.command == QLatin1StringView("lamps"))
-        list(client, options, false);
-    else if (options.command == QLatin1StringView("groups"))
-        list(client, options, true);
-    else if (options.command == QLatin1StringView("get"))
+    for (const lumeroom::ObjectKind& kind : lumeroom::kObjectKinds) {
+        if (options.command == kind.folder) {
+            list(client, options, kind);
+            return kDone;
+        }
+    }
+    if (options.command == QLatin1StringView("get"))
         get(client, options);
     else if (options.command == QLatin1StringView("set"))
         client.apply(client.thingNamed(options.arguments.first()), changes);

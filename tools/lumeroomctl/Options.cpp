@@ -17,7 +17,10 @@ struct Command {
 
 constexpr std::array kCommands{
     Command{"lamps", "", 0, 0},
+    Command{"zones", "", 0, 0},
     Command{"groups", "", 0, 0},
+    Command{"locations", "", 0, 0},
+    Command{"tags", "", 0, 0},
     Command{"get", "NAME [PROPERTY]", 1, 2},
     Command{"set", "NAME PROPERTY VALUE [PROPERTY VALUE]...", 3, -1},
     Command{"run", "PRESET", 1, 1},
@@ -110,23 +113,25 @@ QString helpText()
 
 Controls the lamps through a running Lumeroom.
 
-  lamps                list the lamps that the panel shows
-  groups               list its groups, locations and tags
-  get NAME [PROPERTY]  show the properties of a lamp or group, or the value of one
+  lamps, zones, groups, locations, tags
+                       list those that are known
+  get NAME [PROPERTY]  show the properties of a lamp, zone, group, location
+                       or tag, or the value of one
   set NAME PROPERTY VALUE [PROPERTY VALUE]...
                        change them, all at once
   run PRESET           run a preset; "All on" and "All off" always exist
   watch                print each change as it happens
 
-NAME is a label or an ID. A lamp comes before a group of the same name, which is
-reached as group:NAME.
+NAME is a label or an ID. A lamp comes before anything else of the same name. To
+name one kind, put it before: lamp:NAME, zone:NAME, group:NAME, location:NAME,
+tag:NAME. The group of all lamps is group:All.
 
 PROPERTY is one of
   brightness           0 to 255
   hue                  0 to 257, once round the colour circle
   whiteness            0 for full colour to 255 for white
   state                on or off
-and to read: name, label, id, and a group's lamps
+and to read: name, label, id, kind, and a group's lamps
 
   --json               output for programs
   --names              with lamps or groups: names only, one on a line

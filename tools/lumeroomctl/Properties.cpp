@@ -4,6 +4,7 @@
 #include "desktop/Table.h"
 
 #include <QJsonArray>
+#include <QSet>
 
 namespace lumeroomctl {
 
@@ -11,6 +12,7 @@ namespace {
 
 const QString kState = QStringLiteral("state");
 const QString kLamps = QStringLiteral("lamps");
+const QString kKind = QStringLiteral("kind");
 const QStringList kWritable{
     QStringLiteral("brightness"), QStringLiteral("hue"), QStringLiteral("whiteness"), kState};
 
@@ -48,9 +50,10 @@ bool parseState(const QString& text)
 QStringList idsOfLamps(const Thing& group, const Things& all)
 {
     const QStringList paths = pathsIn(group.properties.value(QStringLiteral("Lamps")));
+    const QSet<QString> members(paths.begin(), paths.end());
     QStringList ids;
     for (const Thing& thing : all) {
-        if (paths.contains(thing.path))
+        if (members.contains(thing.path))
             ids.append(thing.id());
     }
     return ids;
@@ -60,7 +63,7 @@ QStringList idsOfLamps(const Thing& group, const Things& all)
 
 QStringList propertyNames(bool ofGroup)
 {
-    QStringList names{QStringLiteral("name"), QStringLiteral("label"), QStringLiteral("id")};
+    QStringList names{QStringLiteral("name"), QStringLiteral("label"), QStringLiteral("id"), kKind};
     names += kWritable;
     if (ofGroup)
         names.append(kLamps);
@@ -74,9 +77,11 @@ QString typedName(const QString& name)
 
 QString textOf(const Thing& thing, const QString& name, const Things& all)
 {
-    checkIsProperty(name, thing.isGroup);
+    checkIsProperty(name, thing.isGroup());
     if (name == kLamps)
-        return idsOfLamps(thing, all).join(u' ');
+        return lumeroom::printable(idsOfLamps(thing, all).join(u' '));
+    if (name == kKind)
+        return thing.kind->name;
     const QVariant value = thing.properties.value(busName(name));
     if (name == kState)
         return value.toBool() ? QStringLiteral("on") : QStringLiteral("off");
@@ -85,16 +90,18 @@ QString textOf(const Thing& thing, const QString& name, const Things& all)
 
 QJsonValue jsonOf(const Thing& thing, const QString& name, const Things& all)
 {
-    checkIsProperty(name, thing.isGroup);
+    checkIsProperty(name, thing.isGroup());
     if (name == kLamps)
         return QJsonArray::fromStringList(idsOfLamps(thing, all));
+    if (name == kKind)
+        return QString(thing.kind->name);
     return QJsonValue::fromVariant(thing.properties.value(busName(name)));
 }
 
 QJsonObject jsonOf(const Thing& thing, const Things& all)
 {
     QJsonObject object;
-    for (const QString& name : propertyNames(thing.isGroup))
+    for (const QString& name : propertyNames(thing.isGroup()))
         object.insert(name, jsonOf(thing, name, all));
     return object;
 }

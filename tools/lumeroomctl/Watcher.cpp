@@ -54,7 +54,7 @@ void Watcher::propertiesChanged(const QDBusMessage& signal)
     const auto changes = qdbus_cast<QVariantMap>(signal.arguments().value(1));
     for (auto it = changes.begin(); it != changes.end(); ++it)
         thing->properties.insert(it.key(), it.value());
-    for (const QString& name : propertyNames(thing->isGroup)) {
+    for (const QString& name : propertyNames(thing->isGroup())) {
         const auto isIt = [&name](const QString& key) { return typedName(key) == name; };
         const QStringList keys = changes.keys();
         // The name is the label, and says so once.
@@ -69,9 +69,10 @@ void Watcher::interfacesAdded(const QDBusMessage& signal)
     const auto interfaces = qdbus_cast<lumeroom::InterfaceProperties>(signal.arguments().value(1));
     const bool known = std::any_of(m_things.begin(), m_things.end(),
         [&path](const Thing& thing) { return thing.path == path; });
-    if (known || interfaces.isEmpty())
+    const auto* kind = lumeroom::kindAt(path);
+    if (known || !kind)
         return;
-    m_things.append({path, interfaces.firstKey() == bus::kGroup, interfaces.first()});
+    m_things.append({path, kind, interfaces.value(kind->interface)});
     print(m_things.last(), QStringLiteral("appeared"));
 }
 
@@ -91,17 +92,17 @@ void Watcher::print(const Thing& thing, const QString& event, const QString& pro
     QString line;
     if (m_json) {
         QJsonObject object{{QStringLiteral("event"), event},
-            {QStringLiteral("kind"),
-                thing.isGroup ? QStringLiteral("group") : QStringLiteral("lamp")},
-            {QStringLiteral("id"), thing.id()}, {QStringLiteral("label"), thing.label()}};
+            {QStringLiteral("kind"), QString(thing.kind->name)}, {QStringLiteral("id"), thing.id()},
+            {QStringLiteral("label"), thing.label()}};
         if (!property.isEmpty()) {
             object.insert(QStringLiteral("property"), property);
             object.insert(QStringLiteral("value"), jsonOf(thing, property, m_things));
         }
         line = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
     } else {
-        line = (thing.isGroup ? QStringLiteral("group:") : QString())
-            + lumeroom::printable(thing.label()) + QStringLiteral(": ")
+        const bool isLamp = thing.kind->type == lumeroom::StripType::Lamp;
+        line = (isLamp ? QString() : thing.kind->name + u':') + lumeroom::printable(thing.label())
+            + QStringLiteral(": ")
             + (property.isEmpty() ? event : property + u' ' + textOf(thing, property, m_things));
     }
     std::printf("%s\n", line.toUtf8().constData());

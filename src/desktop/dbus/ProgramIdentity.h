@@ -8,9 +8,6 @@ namespace lumeroom {
 namespace bus {
 inline constexpr QLatin1StringView kService("com.tanagerworks.Lumeroom");
 inline constexpr QLatin1StringView kRootPath("/com/tanagerworks/Lumeroom");
-/// The lamps and groups are in these folders of objects, below the root.
-inline constexpr QLatin1StringView kLampsFolder("/com/tanagerworks/Lumeroom/lamps");
-inline constexpr QLatin1StringView kGroupsFolder("/com/tanagerworks/Lumeroom/groups");
 inline constexpr QLatin1StringView kProgram("com.tanagerworks.Lumeroom");
 inline constexpr QLatin1StringView kLamp("com.tanagerworks.Lumeroom.Lamp");
 inline constexpr QLatin1StringView kGroup("com.tanagerworks.Lumeroom.Group");

@@ -21,13 +21,10 @@ public:
 
 private:
     void tellChanges();
-    void emitSignal(const QString& path, const QString& interface, const QString& name,
-        const QVariantList& arguments);
 
     Scripting& m_scripting;
     QDBusConnection m_bus;
     ScriptingTree m_tree;
-    ScriptingTree::Objects m_told;
     CallSoon m_tellSoon;
 };
 

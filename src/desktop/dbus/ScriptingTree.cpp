@@ -1,38 +1,62 @@
 #include "desktop/dbus/ScriptingTree.h"
 
-#include "desktop/dbus/Introspection.h"
 #include "desktop/dbus/ManagedObjects.h"
-#include "desktop/dbus/ProgramIdentity.h"
-#include "desktop/dbus/StripProperties.h"
+#include "desktop/dbus/ObjectPaths.h"
 
-#include <QDBusArgument>
 #include <QDBusConnection>
-#include <QDBusMessage>
+
+#include <algorithm>
 
 namespace lumeroom {
 
 namespace {
 
-QDBusMessage refusal(const QDBusMessage& call, QDBusError::ErrorType type, const QString& why)
-{
-    return call.createErrorReply(type, why);
-}
+/// Names that are longer are nobody's.
+constexpr qsizetype kMostCharacters = 1024;
 
-QDBusMessage unknownMethod(const QDBusMessage& call)
-{
-    return refusal(call, QDBusError::UnknownMethod,
-        QStringLiteral("There is no %1 with the arguments (%2) here.")
-            .arg(call.member(), call.signature()));
-}
+constexpr QLatin1StringView kIntrospectable("org.freedesktop.DBus.Introspectable");
+constexpr QLatin1StringView kPeer("org.freedesktop.DBus.Peer");
 
-QStringList childrenOf(const QString& folder, const ScriptingTree::Objects& objects)
+/// Refuses texts that would keep the log, and whoever is told what was wrong, busy.
+void checkLengths(const QDBusMessage& call)
 {
-    QStringList names;
-    for (auto it = objects.begin(); it != objects.end(); ++it) {
-        if (it.key().startsWith(folder + u'/'))
-            names.append(it.key().mid(folder.size() + 1));
+    bool tooLong = call.path().size() > kMostCharacters;
+    for (const QVariant& argument : call.arguments())
+        tooLong = tooLong
+            || (argument.typeId() == QMetaType::QString
+                && argument.toString().toUtf8().size() > kMostCharacters);
+    if (tooLong) {
+        throw Refusal{QDBusError::InvalidArgs,
+            QStringLiteral("A name or a path has at most %1 bytes.").arg(kMostCharacters)};
     }
-    return names;
+}
+
+template <typename Objects> QVariant pathsOf(const Objects& scripted)
+{
+    QList<QDBusObjectPath> paths;
+    for (const auto& object : scripted)
+        paths.append(QDBusObjectPath(pathOf(object->target())));
+    return QVariant::fromValue(paths);
+}
+
+QDBusMessage signal(const QString& path, QLatin1StringView interface, const char* name,
+    const QVariantList& arguments)
+{
+    auto message = QDBusMessage::createSignal(path, interface, QLatin1StringView(name));
+    message.setArguments(arguments);
+    return message;
+}
+
+QDBusMessage propertiesChanged(
+    const QString& path, QLatin1StringView interface, const QVariantMap& changes)
+{
+    return signal(
+        path, bus::kProperties, "PropertiesChanged", {QString(interface), changes, QStringList()});
+}
+
+QString nodeXml(const QString& name)
+{
+    return QStringLiteral("  <node name=\"%1\"/>\n").arg(name);
 }
 
 } // namespace
@@ -40,204 +64,204 @@ QStringList childrenOf(const QString& folder, const ScriptingTree::Objects& obje
 ScriptingTree::ScriptingTree(Scripting& scripting, Program program)
     : m_scripting(scripting)
     , m_program(std::move(program))
+    , m_programSurface(programSurface())
+    , m_objectManager(objectManagerSurface())
+    , m_lampSurface(lampSurface(scripting))
+    , m_groupSurface(groupSurface(scripting))
 {
     registerManagedObjects();
+    changes();
 }
 
-ScriptingTree::Objects ScriptingTree::objects() const
+ScriptingTree::ProgramSurface ScriptingTree::programSurface()
 {
-    Objects objects;
-    // Where two have one ID, the one that shows first has the path.
-    const auto add = [&objects](const QString& path, const Object& object) {
-        if (!objects.contains(path))
-            objects.insert(path, object);
+    const QLatin1StringView string("s");
+    const QLatin1StringView paths("ao");
+    const auto doing = [](std::function<void()> action) {
+        return [action = std::move(action)](const Program&, const QVariantList&) {
+            action();
+            return QVariantList();
+        };
     };
-    for (const auto& lamp : m_scripting.getLamps())
-        add(lampPath(lamp->ID()), {bus::kLamp, propertiesOf(*lamp), lamp});
-    for (const auto& group : m_scripting.getGroups())
-        add(groupPath(group->ID()), {bus::kGroup, propertiesOf(*group), group});
-    add(bus::kRootPath,
-        {bus::kProgram,
-            {{QStringLiteral("Version"), m_program.version},
-                {QStringLiteral("Lamps"), QVariant::fromValue(lampPaths(m_scripting.getLamps()))},
-                {QStringLiteral("Groups"),
-                    QVariant::fromValue(groupPaths(m_scripting.getGroups()))}},
-            nullptr});
-    return objects;
+    return {bus::kProgram,
+        {
+            {QLatin1StringView("Version"), string,
+                [](const Program& program) { return program.version; }, nullptr, true},
+            // In the order in which the panel shows them; what it does not show is not among them.
+            {QLatin1StringView("Lamps"), paths,
+                [this](const Program&) { return pathsOf(m_scripting.getLamps()); }, nullptr, false},
+            {QLatin1StringView("Groups"), paths,
+                [this](const Program&) { return pathsOf(m_scripting.getGroups()); }, nullptr,
+                false},
+        },
+        {
+            {QLatin1StringView("RunPreset"), {{QLatin1StringView("name"), string}},
+                {{QLatin1StringView("found"), QLatin1StringView("i")}},
+                [this](const Program&, const QVariantList& arguments) -> QVariantList {
+                    return {m_scripting.performDirectParameterCommand(
+                        arguments[0].toString().toStdString())};
+                }},
+            {QLatin1StringView("AllOn"), {}, {}, doing([this] { m_scripting.allOn(); })},
+            {QLatin1StringView("AllOff"), {}, {}, doing([this] { m_scripting.allOff(); })},
+            {QLatin1StringView("Raise"), {}, {}, doing([this] { m_program.showPanel({}); })},
+            {QLatin1StringView("ShowPanel"), {{QLatin1StringView("activation_token"), string}}, {},
+                [](const Program& program, const QVariantList& arguments) {
+                    program.showPanel(arguments[0].toString());
+                    return QVariantList();
+                }},
+        },
+        nullptr, {}};
+}
+
+ScriptingTree::ProgramSurface ScriptingTree::objectManagerSurface()
+{
+    const Argument object{QLatin1StringView("object"), QLatin1StringView("o")};
+    const QLatin1StringView interfaces("interfaces");
+    return {bus::kObjectManager, {},
+        {{QLatin1StringView("GetManagedObjects"), {},
+            {{QLatin1StringView("objects"), QLatin1StringView("a{oa{sa{sv}}}")}},
+            [this](const Program&, const QVariantList&) { return managedObjects(); }}},
+        nullptr,
+        {
+            {QLatin1StringView("InterfacesAdded"), {},
+                {object, {interfaces, QLatin1StringView("a{sa{sv}}")}}},
+            {QLatin1StringView("InterfacesRemoved"), {},
+                {object, {interfaces, QLatin1StringView("as")}}},
+        }};
+}
+
+const ThingSurface& ScriptingTree::surfaceOf(const KnownThing& thing) const
+{
+    return thing.target.isGroup() ? m_groupSurface : m_lampSurface;
+}
+
+std::optional<KnownThing> ScriptingTree::thingAt(const QString& path) const
+{
+    const auto target = targetAt(path);
+    return target ? m_scripting.thing(*target) : std::nullopt;
+}
+
+bool ScriptingTree::exists(const QString& path) const
+{
+    const ObjectKind* const kind = kindAt(path);
+    return path == bus::kRootPath || (kind && folderOf(*kind) == path) || thingAt(path);
 }
 
 QString ScriptingTree::introspect(const QString& path) const
 {
+    QString xml;
     if (path == bus::kRootPath) {
-        const auto name = [](QLatin1StringView folder) {
-            return QString(folder.sliced(bus::kRootPath.size() + 1));
-        };
-        return introspection::program()
-            + introspection::children({name(bus::kLampsFolder), name(bus::kGroupsFolder)});
+        for (const ObjectKind& kind : kObjectKinds)
+            xml += nodeXml(kind.folder);
+        return m_programSurface.xml() + m_objectManager.xml() + xml;
     }
-    const Objects all = objects();
-    if (path == bus::kLampsFolder || path == bus::kGroupsFolder)
-        return introspection::children(childrenOf(path, all));
-    const auto found = all.find(path);
-    if (found == all.end())
+    if (const auto thing = thingAt(path))
+        return surfaceOf(*thing).xml();
+    const ObjectKind* const kind = kindAt(path);
+    if (!kind || folderOf(*kind) != path)
         return {};
-    return found->interface == bus::kLamp ? introspection::lamp() : introspection::group();
+    for (const KnownThing& thing : m_scripting.everything()) {
+        if (thing.target.type == kind->type)
+            xml += nodeXml(pathOf(thing.target).mid(path.size() + 1));
+    }
+    return xml;
 }
 
 bool ScriptingTree::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
 {
     const QString interface = message.interface();
     // The bus library describes the objects, and paths of nothing too, and answers pings.
-    const bool describes = interface == QLatin1StringView("org.freedesktop.DBus.Introspectable");
-    if (message.type() != QDBusMessage::MethodCallMessage || (describes && exists(message.path()))
-        || interface == QLatin1StringView("org.freedesktop.DBus.Peer"))
+    if (message.type() != QDBusMessage::MethodCallMessage || interface == kPeer
+        || (interface == kIntrospectable && exists(message.path())))
         return false;
-    const QDBusMessage reply = answer(message);
+    QDBusMessage reply;
+    try {
+        reply = message.createReply(answer(message));
+    } catch (const Refusal& refusal) {
+        reply = message.createErrorReply(refusal.type, refusal.why);
+    }
     if (message.isReplyRequired())
         connection.send(reply);
     return true;
 }
 
-bool ScriptingTree::exists(const QString& path) const
+QVariantList ScriptingTree::answer(const QDBusMessage& call) const
 {
-    return path == bus::kLampsFolder || path == bus::kGroupsFolder || objects().contains(path);
-}
-
-QDBusMessage ScriptingTree::answer(const QDBusMessage& call)
-{
-    const Objects all = objects();
-    const auto object = all.find(call.path());
-    if (object == all.end()) {
-        return refusal(call, QDBusError::UnknownObject,
-            QStringLiteral("Nothing on the panel has the path %1.").arg(call.path()));
-    }
+    checkLengths(call);
     const QString interface = call.interface();
-    if (interface == bus::kProperties)
-        return answerProperties(call, *object);
-    const bool isProgram = !object->strip;
-    if (isProgram && (interface == bus::kObjectManager || interface.isEmpty())
-        && call.member() == QLatin1StringView("GetManagedObjects"))
-        return getManagedObjects(call);
-    if (isProgram && interface == bus::kObjectManager)
-        return unknownMethod(call);
-    if (interface != object->interface && !interface.isEmpty()) {
-        return refusal(call, QDBusError::UnknownInterface,
-            QStringLiteral("This object has no interface %1.").arg(interface));
+    const auto askedOf = [&](const auto& surface, const auto& object) {
+        return interface == bus::kProperties ? surface.answerProperties(object, call)
+            : interface.isEmpty() || interface == surface.interface ? surface.answer(object, call)
+                                                                    : std::nullopt;
+    };
+    std::optional<QVariantList> given;
+    bool known = interface.isEmpty() || interface == bus::kProperties;
+    if (call.path() == bus::kRootPath) {
+        known = known || interface == bus::kProgram || interface == bus::kObjectManager;
+        given = askedOf(m_programSurface, m_program);
+        if (!given)
+            given = askedOf(m_objectManager, m_program);
+    } else if (const auto thing = thingAt(call.path())) {
+        known = known || interface == surfaceOf(*thing).interface;
+        given = askedOf(surfaceOf(*thing), *thing);
+    } else {
+        throw Refusal{QDBusError::UnknownObject,
+            QStringLiteral("Nothing that is known has the path %1.").arg(call.path())};
     }
-    return isProgram ? answerProgram(call) : apply(call, *object);
+    if (given)
+        return *given;
+    if (!known)
+        ThingSurface::refuseInterface(interface);
+    throw Refusal{QDBusError::UnknownMethod,
+        QStringLiteral("There is no %1 with the arguments (%2) here.")
+            .arg(call.member(), call.signature())};
 }
 
-QDBusMessage ScriptingTree::answerProperties(const QDBusMessage& call, const Object& object)
-{
-    const QVariantList arguments = call.arguments();
-    const QString interface = arguments.value(0).toString();
-    const bool isOurs = interface == object.interface || interface.isEmpty();
-    if (call.member() == QLatin1StringView("GetAll") && call.signature() == QLatin1StringView("s"))
-        return call.createReply(QVariant(isOurs ? object.properties : QVariantMap()));
-    const bool isGet
-        = call.member() == QLatin1StringView("Get") && call.signature() == QLatin1StringView("ss");
-    const bool isSet
-        = call.member() == QLatin1StringView("Set") && call.signature() == QLatin1StringView("ssv");
-    if (!isGet && !isSet)
-        return unknownMethod(call);
-    if (!isOurs) {
-        return refusal(call, QDBusError::UnknownInterface,
-            QStringLiteral("This object has no interface %1.").arg(interface));
-    }
-    const QString name = arguments.at(1).toString();
-    if (!object.properties.contains(name)) {
-        return refusal(call, QDBusError::UnknownProperty,
-            QStringLiteral("There is no property %1.").arg(name));
-    }
-    if (isSet)
-        return set(call, object);
-    return call.createReply(QVariant::fromValue(QDBusVariant(object.properties.value(name))));
-}
-
-QDBusMessage ScriptingTree::set(const QDBusMessage& call, const Object& object)
-{
-    const QString name = call.arguments().at(1).toString();
-    if (!object.strip || !isWritable(name)) {
-        return refusal(
-            call, QDBusError::PropertyReadOnly, QStringLiteral("%1 can only be read.").arg(name));
-    }
-    ScriptSettings settings;
-    const QVariant value = qvariant_cast<QDBusVariant>(call.arguments().at(2)).variant();
-    if (const QString wrong = readInto(settings, name, value); !wrong.isEmpty())
-        return refusal(call, QDBusError::InvalidArgs, wrong);
-    if (settings.hue)
-        object.strip->setHue(*settings.hue);
-    if (settings.whiteness)
-        object.strip->setWhiteness(*settings.whiteness);
-    if (settings.brightness)
-        object.strip->setBrightness(*settings.brightness);
-    if (settings.state)
-        object.strip->setState(*settings.state);
-    changed();
-    return call.createReply();
-}
-
-QDBusMessage ScriptingTree::apply(const QDBusMessage& call, const Object& object)
-{
-    if (call.member() != QLatin1StringView("Apply")
-        || call.signature() != QLatin1StringView("a{sv}"))
-        return unknownMethod(call);
-    const auto properties = qdbus_cast<QVariantMap>(call.arguments().at(0));
-    ScriptSettings settings;
-    for (auto it = properties.begin(); it != properties.end(); ++it) {
-        if (const QString wrong = readInto(settings, it.key(), it.value()); !wrong.isEmpty())
-            return refusal(call, QDBusError::InvalidArgs, wrong);
-    }
-    object.strip->apply(settings);
-    changed();
-    return call.createReply();
-}
-
-QDBusMessage ScriptingTree::answerProgram(const QDBusMessage& call)
-{
-    const QString member = call.member();
-    const QString signature = call.signature();
-    if (signature == QLatin1StringView("s")) {
-        const QString text = call.arguments().at(0).toString();
-        if (member == QLatin1StringView("RunPreset")) {
-            const int found = m_scripting.performDirectParameterCommand(text.toStdString());
-            changed();
-            return call.createReply(found);
-        }
-        if (member == QLatin1StringView("ShowPanel")) {
-            m_program.showPanel(text);
-            return call.createReply();
-        }
-    }
-    if (!signature.isEmpty())
-        return unknownMethod(call);
-    if (member == QLatin1StringView("AllOn"))
-        m_scripting.allOn();
-    else if (member == QLatin1StringView("AllOff"))
-        m_scripting.allOff();
-    else if (member == QLatin1StringView("Raise"))
-        m_program.showPanel({});
-    else
-        return unknownMethod(call);
-    changed();
-    return call.createReply();
-}
-
-QDBusMessage ScriptingTree::getManagedObjects(const QDBusMessage& call) const
+QVariantList ScriptingTree::managedObjects() const
 {
     ManagedObjects managed;
-    const Objects all = objects();
-    for (auto it = all.begin(); it != all.end(); ++it) {
-        if (it->strip)
-            managed.insert(QDBusObjectPath(it.key()), {{it->interface, it->properties}});
+    for (const KnownThing& thing : m_scripting.everything()) {
+        const ThingSurface& surface = surfaceOf(thing);
+        managed.insert(QDBusObjectPath(pathOf(thing.target)),
+            {{surface.interface, surface.namedValues(thing)}});
     }
-    return call.createReply(QVariant::fromValue(managed));
+    return {QVariant::fromValue(managed)};
 }
 
-void ScriptingTree::changed() const
+std::vector<QDBusMessage> ScriptingTree::changes()
 {
-    if (onChange)
-        onChange();
+    std::vector<QDBusMessage> messages;
+    QHash<QString, QVariantList> now;
+    for (const KnownThing& thing : m_scripting.everything()) {
+        const QString path = pathOf(thing.target);
+        const ThingSurface& surface = surfaceOf(thing);
+        const auto values = now.insert(path, surface.values(thing));
+        const auto before = m_told.constFind(path);
+        if (before == m_told.cend()) {
+            messages.push_back(signal(bus::kRootPath, bus::kObjectManager, "InterfacesAdded",
+                {QVariant::fromValue(QDBusObjectPath(path)),
+                    QVariant::fromValue(
+                        InterfaceProperties{{surface.interface, surface.namedValues(thing)}})}));
+        } else if (*before != *values) {
+            messages.push_back(
+                propertiesChanged(path, surface.interface, surface.changes(*before, *values)));
+        }
+    }
+    for (auto it = m_told.cbegin(); it != m_told.cend(); ++it) {
+        if (!now.contains(it.key())) {
+            messages.push_back(signal(bus::kRootPath, bus::kObjectManager, "InterfacesRemoved",
+                {QVariant::fromValue(QDBusObjectPath(it.key())),
+                    QStringList(kindAt(it.key())->interface)}));
+        }
+    }
+    m_told = now;
+    const QVariantList program = m_programSurface.values(m_program);
+    if (!m_toldOfProgram.isEmpty() && program != m_toldOfProgram) {
+        messages.push_back(propertiesChanged(
+            bus::kRootPath, bus::kProgram, m_programSurface.changes(m_toldOfProgram, program)));
+    }
+    m_toldOfProgram = program;
+    return messages;
 }
 
 } // namespace lumeroom

@@ -1,15 +1,17 @@
 #pragma once
 
-#include "app/Scripting.h"
+#include "desktop/dbus/ThingSurfaces.h"
 
 #include <QDBusVirtualObject>
-#include <QVariantMap>
+#include <QHash>
+
+#include <variant>
 
 namespace lumeroom {
 
-/// The objects on the bus: the program at the root, and below it one for each lamp and group that
-/// the panel shows. It answers what is asked of them, and refuses what makes no sense with an error
-/// that says why.
+/// The objects on the bus: the program at the root, and below it one for each lamp, zone, group,
+/// location and tag that is known. It answers what is asked of them, and refuses what makes no
+/// sense with an error that says why.
 class ScriptingTree : public QDBusVirtualObject {
 public:
     struct Program {
@@ -17,36 +19,35 @@ public:
         /// With the token by which the desktop lets it take the focus; empty without one.
         std::function<void(const QString& activationToken)> showPanel;
     };
-    struct Object {
-        QString interface;
-        QVariantMap properties;
-        std::shared_ptr<ScriptedStrip> strip; ///< null for the program
-    };
-    /// By path.
-    using Objects = QMap<QString, Object>;
 
     ScriptingTree(Scripting& scripting, Program program);
 
-    /// All of them as they are now, the program too.
-    Objects objects() const;
-    /// Called when a script may have changed something.
-    std::function<void()> onChange;
+    /// The signals that tell what has changed since the last call, and since the start.
+    std::vector<QDBusMessage> changes();
 
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
+    using ProgramSurface = Surface<Program, std::monostate>;
+
+    ProgramSurface programSurface();
+    ProgramSurface objectManagerSurface();
+    const ThingSurface& surfaceOf(const KnownThing& thing) const;
+    std::optional<KnownThing> thingAt(const QString& path) const;
     bool exists(const QString& path) const;
-    QDBusMessage answer(const QDBusMessage& call);
-    QDBusMessage answerProperties(const QDBusMessage& call, const Object& object);
-    QDBusMessage set(const QDBusMessage& call, const Object& object);
-    QDBusMessage apply(const QDBusMessage& call, const Object& object);
-    QDBusMessage answerProgram(const QDBusMessage& call);
-    QDBusMessage getManagedObjects(const QDBusMessage& call) const;
-    void changed() const;
+    QVariantList answer(const QDBusMessage& call) const;
+    QVariantList managedObjects() const;
 
     Scripting& m_scripting;
     Program m_program;
+    ProgramSurface m_programSurface;
+    ProgramSurface m_objectManager;
+    ThingSurface m_lampSurface;
+    ThingSurface m_groupSurface;
+    // What the bus was told last
+    QVariantList m_toldOfProgram;
+    QHash<QString, QVariantList> m_told; ///< of each object, by path
 };
 
 } // namespace lumeroom
