@@ -2,7 +2,8 @@
 # What the program is built and tested with, as Debian 12 names it, and how it gets installed.
 
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl-dev
-    libxcb1-dev libplist-dev libfmt-dev libutfcpp-dev nlohmann-json3-dev fonts-dejavu-core)
+    libxcb1-dev libplist-dev libfmt-dev libcli11-dev libutf8proc-dev libutfcpp-dev
+    nlohmann-json3-dev fonts-dejavu-core)
 display_packages=(xvfb fonts-droid-fallback)
 test_packages=(libgtest-dev libbenchmark-dev iproute2 util-linux dbus-daemon libglib2.0-bin
     x11-utils)

@@ -34,7 +34,8 @@ Application::Application(const CommandLine& commandLine, const ProgramName& name
               .toStdString(),
           m_runLoop, m_log)
     , m_verbosity(m_log, m_defaults)
-    , m_demonstration(m_commandLine, m_defaults, m_log)
+    , m_demonstration(
+          m_commandLine, m_defaults, [this](const std::string& wrong) { complain(wrong); })
     , m_io(m_runLoop, m_log)
     , m_arpTable(m_runLoop)
     , m_engineRoom(
@@ -72,7 +73,7 @@ int Application::run()
     if (!m_commandLine.snapshotFile.empty()) {
         m_snapshot = std::make_unique<Snapshot>(m_runLoop, m_engineRoom.registry(), m_panel,
             QString::fromStdString(m_commandLine.snapshotFile));
-        m_snapshot->start([](int status) { QCoreApplication::exit(status); });
+        m_snapshot->start([this](const std::string& wrong) { endWith(wrong); });
     }
     const int status = QApplication::exec();
     terminate();
@@ -139,11 +140,27 @@ void Application::quit()
     QCoreApplication::quit();
 }
 
+/// To who started the program: its own standard error stream leads to the console window.
+void Application::complain(const std::string& wrong)
+{
+    m_pipe.writePast("lumeroom: " + wrong + "\n");
+}
+
+void Application::endWith(const std::string& wrong)
+{
+    if (!wrong.empty())
+        complain(wrong);
+    QCoreApplication::exit(wrong.empty() ? 0 : 1);
+}
+
 void Application::terminate()
 {
-    if (std::exchange(m_terminated, true))
-        return;
-    m_controller.applicationShouldTerminate();
+    // A picture of the panel leaves the order of its rows, and the place of its window, as the user
+    // last left them.
+    if (m_commandLine.snapshotFile.empty())
+        m_controller.applicationShouldTerminate();
+    else
+        m_engineRoom.closeUp();
     m_defaults.synchronize();
 }
 

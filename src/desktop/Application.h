@@ -53,6 +53,8 @@ private:
     /// The token, if there is one, lets the window take the focus from another program.
     void showPanel(const QString& activationToken);
     void quit();
+    void complain(const std::string& wrong);
+    void endWith(const std::string& wrong);
     void terminate();
 
     CommandLine m_commandLine;
@@ -78,7 +80,6 @@ private:
     ExplorerWindow m_explorer;
     ScriptingService m_scriptingService;
     std::unique_ptr<Snapshot> m_snapshot;
-    bool m_terminated = false;
 };
 
 } // namespace lumeroom

@@ -1,7 +1,8 @@
 #include "desktop/CommandLine.h"
 
-#include <charconv>
-#include <optional>
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
 
 namespace lumeroom {
 
@@ -9,99 +10,54 @@ namespace {
 
 constexpr unsigned kMostDemoLamps = 200;
 
-/// The number if the text is one from 1 to the most there can be.
-std::optional<unsigned> lampCount(const std::string& text)
+void addOptions(CLI::App& app, CommandLine& line)
 {
-    unsigned count = 0;
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, count);
-    const bool good
-        = result.ec == std::errc() && result.ptr == end && count >= 1 && count <= kMostDemoLamps;
-    return good ? std::optional(count) : std::nullopt;
-}
-
-bool takesValue(const std::string& option)
-{
-    return option == "--defaults" || option == "--snapshot" || option == "--appearance"
-        || option == "--demo-lamps";
-}
-
-/// What is wrong with the value, or nothing.
-std::string takeValue(CommandLine& line, const std::string& option, const std::string& value)
-{
-    if (option == "--defaults") {
-        line.defaultsFile = value;
-    } else if (option == "--snapshot") {
-        line.snapshotFile = value;
-    } else if (option == "--demo-lamps") {
-        const auto count = lampCount(value);
-        if (!count)
-            return "--demo-lamps takes a number from 1 to 200, not '" + value + "'";
-        line.demo = true;
-        line.demoLamps = *count;
-    } else if (value == "dark" || value == "light") {
-        line.appearance
-            = value == "dark" ? CommandLine::Appearance::Dark : CommandLine::Appearance::Light;
-    } else {
-        return "--appearance takes dark or light, not '" + value + "'";
-    }
-    return {};
+    using Appearance = CommandLine::Appearance;
+    const CLI::Validator notEmpty(
+        [](const std::string& value) { return value.empty() ? "the value is empty" : ""; }, "");
+    auto* demo = app.add_flag("--demo", line.demo, "start simulated lamps and show them");
+    auto* lamps = app.add_option("--demo-lamps", line.demoLamps, "the same with this many lamps");
+    lamps->option_text("N")->check(CLI::Range(1U, kMostDemoLamps));
+    lamps->each([&line](const std::string&) { line.demo = true; });
+    app.add_option("--defaults", line.defaultsFile, "keep the settings in FILE")
+        ->option_text("FILE")
+        ->check(notEmpty);
+    app.add_option_function<std::string>(
+           "--appearance",
+           [&line](const std::string& which) {
+               line.appearance = which == "dark" ? Appearance::Dark : Appearance::Light;
+           },
+           "instead of the desktop's setting")
+        ->option_text("dark|light")
+        ->check(CLI::IsMember({"dark", "light"}));
+    app.add_option("--snapshot", line.snapshotFile,
+           "list the lamps, save a picture of the panel (PNG), quit")
+        ->option_text("FILE")
+        ->check(notEmpty);
+    auto* log = app.add_flag("--log", line.log, "write the log to the terminal too");
+    for (auto* flag : {demo, log})
+        flag->disable_flag_override();
 }
 
 } // namespace
 
-CommandLine parseCommandLine(const std::vector<std::string>& arguments)
+CommandLine parseCommandLine(std::vector<std::string> arguments, const std::string& version)
 {
     CommandLine line;
-    for (std::size_t i = 0; i < arguments.size() && line.error.empty(); ++i) {
-        std::string option = arguments[i];
-        std::optional<std::string> value;
-        if (const std::size_t equals = option.find('=');
-            option.starts_with("--") && equals != std::string::npos) {
-            value = option.substr(equals + 1);
-            option.erase(equals);
-        }
-        if (takesValue(option)) {
-            if (!value && i + 1 < arguments.size())
-                value = arguments[++i];
-            line.error = value && !value->empty() ? takeValue(line, option, *value)
-                                                  : option + " needs a value";
-        } else if (value) {
-            line.error = "unknown option '" + arguments[i] + "'";
-        } else if (option == "--help" || option == "-h") {
-            line.help = true;
-        } else if (option == "--version" || option == "-v") {
-            line.version = true;
-        } else if (option == "--log") {
-            line.log = true;
-        } else if (option == "--demo") {
-            line.demo = true;
-        } else if (option.starts_with('-')) {
-            line.error = "unknown option '" + option + "'";
-        } else {
-            line.error = "unexpected argument '" + option + "'";
-        }
+    CLI::App app("Controls LIFX smart lamps over the local network.", "lumeroom");
+    app.set_version_flag("-v,--version", "lumeroom " + version + "\n");
+    addOptions(app, line);
+    std::reverse(arguments.begin(), arguments.end()); // as the parser takes them
+    try {
+        app.parse(std::move(arguments));
+    } catch (const CLI::CallForHelp&) {
+        line.answer = app.help();
+    } catch (const CLI::CallForVersion& call) {
+        line.answer = call.what();
+    } catch (const CLI::ParseError& error) {
+        line.error = error.what();
     }
     return line;
-}
-
-std::string helpText()
-{
-    return R"(Usage: lumeroom [options]
-
-Controls LIFX smart lamps over the local network.
-
-  --demo               start simulated lamps and show them
-  --demo-lamps N       the same with N lamps, 1 to 200 (8)
-  --defaults FILE      keep the settings in FILE
-  --appearance WHICH   dark or light, instead of the desktop's setting
-  --snapshot FILE      wait for the lamps, list them, save a picture of the panel
-                       to FILE (PNG) and quit
-  --log                write the log to the terminal too, not just to the console
-                       window
-  --help
-  --version
-)";
 }
 
 } // namespace lumeroom

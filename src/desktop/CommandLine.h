@@ -6,8 +6,6 @@
 namespace lumeroom {
 
 struct CommandLine {
-    bool help = false;
-    bool version = false;
     bool demo = false;
     unsigned demoLamps = 8;
     bool log = false; ///< to the terminal as well
@@ -15,12 +13,11 @@ struct CommandLine {
     std::string snapshotFile; ///< empty: no snapshot
     enum class Appearance { Desktop, Light, Dark } appearance = Appearance::Desktop;
 
+    std::string answer; ///< to be printed in place of a start: help, or the version
     std::string error; ///< what is wrong with the arguments; empty for nothing
 };
 
 /// Reads the arguments behind the program's name.
-CommandLine parseCommandLine(const std::vector<std::string>& arguments);
-
-std::string helpText();
+CommandLine parseCommandLine(std::vector<std::string> arguments, const std::string& version);
 
 } // namespace lumeroom

@@ -1,7 +1,6 @@
 #include "desktop/Demonstration.h"
 
 #include "base/DefaultsKeys.h"
-#include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "desktop/CommandLine.h"
 
@@ -17,13 +16,14 @@ const std::string kNoLamps = "127.0.0.1";
 
 } // namespace
 
-Demonstration::Demonstration(const CommandLine& commandLine, UserDefaults& defaults, Log& log)
+Demonstration::Demonstration(const CommandLine& commandLine, UserDefaults& defaults,
+    const std::function<void(const std::string&)>& complain)
 {
     if (!commandLine.demo)
         return;
     std::string error;
     if (!m_lamps.start(commandLine.demoLamps, error))
-        log.line("no demonstration: {}", error);
+        complain("no demonstration: " + error);
     std::string addresses;
     for (const std::string& address : m_lamps.addresses())
         addresses += (addresses.empty() ? "" : "\n") + address;

@@ -4,7 +4,6 @@
 
 namespace lumeroom {
 
-class Log;
 class UserDefaults;
 struct CommandLine;
 
@@ -12,7 +11,9 @@ struct CommandLine;
 /// only ones that the program speaks to, whatever is set.
 class Demonstration {
 public:
-    Demonstration(const CommandLine& commandLine, UserDefaults& defaults, Log& log);
+    /// `complain` is called with what went wrong.
+    Demonstration(const CommandLine& commandLine, UserDefaults& defaults,
+        const std::function<void(const std::string&)>& complain);
 
 private:
     virtual_lamps::DemoLamps m_lamps;

@@ -5,8 +5,10 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 
 namespace lumeroom {
 
@@ -22,7 +24,7 @@ static_assert(std::atomic<int>::is_always_lock_free);
 void noteSignal(int)
 {
     const int before = errno;
-    ::eventfd_write(theDescriptor, 1);
+    ::eventfd_write(theDescriptor, 1); // nothing once there is none
     errno = before;
 }
 
@@ -41,21 +43,21 @@ QuitSignals::QuitSignals()
             m_quit();
     });
     theDescriptor = m_descriptor;
-    for (std::size_t i = 0; i < kQuittingSignals.size(); ++i) {
-        ::sigaction(kQuittingSignals[i], nullptr, &m_before[i]);
-        if (m_before[i].sa_handler == SIG_IGN)
+    for (const int number : kQuittingSignals) {
+        struct sigaction action = {};
+        ::sigaction(number, nullptr, &action);
+        if (action.sa_handler == SIG_IGN)
             continue; // as nohup wishes
-        struct sigaction note = {};
-        note.sa_handler = noteSignal;
-        note.sa_flags = SA_RESTART;
-        ::sigaction(kQuittingSignals[i], &note, nullptr);
+        action.sa_handler = noteSignal;
+        action.sa_flags = SA_RESTART;
+        ::sigaction(number, &action, nullptr);
     }
 }
 
+// The handlers stay: a signal that comes while the rest of the program ends must not cut that
+// short.
 QuitSignals::~QuitSignals()
 {
-    for (std::size_t i = 0; i < kQuittingSignals.size(); ++i)
-        ::sigaction(kQuittingSignals[i], &m_before[i], nullptr);
     theDescriptor = -1;
     ::close(m_descriptor);
 }

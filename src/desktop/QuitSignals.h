@@ -2,15 +2,12 @@
 
 #include <QObject>
 
-#include <signal.h>
-
-#include <array>
 #include <functional>
 
 namespace lumeroom {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into a call on the main thread for as long as it lives. One at
-/// a time.
+/// Turns SIGTERM, SIGINT and SIGHUP into a call on the main thread for as long as it lives; from
+/// then on they do nothing. One at a time.
 class QuitSignals : public QObject {
     Q_OBJECT
 
@@ -22,7 +19,6 @@ public:
 
 private:
     int m_descriptor;
-    std::array<struct sigaction, 3> m_before{};
     std::function<void()> m_quit;
 };
 

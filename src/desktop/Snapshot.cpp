@@ -52,7 +52,7 @@ Snapshot::Snapshot(RunLoop& runLoop, const LampRegistry& registry, QWidget& pane
 {
 }
 
-void Snapshot::start(std::function<void(int status)> done)
+void Snapshot::start(std::function<void(const std::string& wrong)> done)
 {
     m_done = std::move(done);
     look();
@@ -90,20 +90,16 @@ bool Snapshot::isComplete() const
     });
 }
 
-int Snapshot::finish()
+std::string Snapshot::finish()
 {
     const Lamps& lamps = m_registry.lightsArray();
-    if (lamps.empty()) {
-        std::fputs("lumeroom: no lamp answered\n", stderr);
-        return 1;
-    }
+    if (lamps.empty())
+        return "no lamp answered";
     std::fputs(lampTable(lamps).c_str(), stdout);
     std::fflush(stdout);
-    if (!m_panel.grab().save(m_file, "PNG")) {
-        std::fprintf(stderr, "lumeroom: cannot save the picture to %s\n", qPrintable(m_file));
-        return 1;
-    }
-    return 0;
+    if (!m_panel.grab().save(m_file, "PNG"))
+        return "cannot save the picture to " + printable(m_file).toStdString();
+    return {};
 }
 
 } // namespace lumeroom

@@ -20,12 +20,13 @@ class Snapshot {
 public:
     Snapshot(RunLoop& runLoop, const LampRegistry& registry, QWidget& panel, QString file);
 
-    /// Calls `done` with the exit status: 1 if no lamp was found or the picture cannot be saved.
-    void start(std::function<void(int status)> done);
+    /// Calls `done` with what went wrong, or nothing: no lamp was found, or the picture cannot be
+    /// saved.
+    void start(std::function<void(const std::string& wrong)> done);
 
 private:
     void look();
-    int finish();
+    std::string finish();
     std::size_t knownFacts() const;
     bool isComplete() const;
 
@@ -33,7 +34,7 @@ private:
     const LampRegistry& m_registry;
     QWidget& m_panel;
     QString m_file;
-    std::function<void(int status)> m_done;
+    std::function<void(const std::string& wrong)> m_done;
     Timer m_timer;
     int m_looks = 0;
     int m_quietLooks = 0;

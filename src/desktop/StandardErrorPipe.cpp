@@ -46,6 +46,11 @@ StandardErrorPipe::~StandardErrorPipe()
     }
 }
 
+void StandardErrorPipe::writePast(std::string_view text) const
+{
+    [[maybe_unused]] const auto written = ::write(m_original, text.data(), text.size());
+}
+
 /// Whether there is something to read. Waits for it until the end.
 bool StandardErrorPipe::waitForText() const
 {
@@ -67,10 +72,8 @@ void StandardErrorPipe::readPipe()
             continue;
         if (count <= 0)
             return;
-        if (m_passOn) {
-            [[maybe_unused]] const auto copied
-                = ::write(m_original, buffer.data(), static_cast<std::size_t>(count));
-        }
+        if (m_passOn)
+            writePast({buffer.data(), static_cast<std::size_t>(count)});
         text.append(buffer.data(), static_cast<std::size_t>(count));
         const std::size_t whole = text.size() - incompleteTail(text);
         m_runLoop.post([alive = m_alive, receive = m_receive, now = text.substr(0, whole)] {

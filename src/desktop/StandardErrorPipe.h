@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace lumeroom {
@@ -20,6 +21,9 @@ public:
     ~StandardErrorPipe();
     StandardErrorPipe(const StandardErrorPipe&) = delete;
     StandardErrorPipe& operator=(const StandardErrorPipe&) = delete;
+
+    /// Writes to where the stream went before, and only there.
+    void writePast(std::string_view text) const;
 
 private:
     void readPipe();

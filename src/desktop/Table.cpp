@@ -1,38 +1,23 @@
 #include "desktop/Table.h"
 
-#include <QChar>
+#include <utf8proc.h>
 
 #include <algorithm>
-#include <array>
 
 namespace lumeroom {
 
 namespace {
 
-struct Range {
-    char32_t first;
-    char32_t last;
-};
-
-// The blocks whose characters terminals show two columns wide.
-constexpr std::array kWide{Range{0x1100, 0x115F}, Range{0x2E80, 0x303E}, Range{0x3041, 0xA4CF},
-    Range{0xAC00, 0xD7A3}, Range{0xF900, 0xFAFF}, Range{0xFE30, 0xFE6F}, Range{0xFF00, 0xFF60},
-    Range{0xFFE0, 0xFFE6}, Range{0x1F300, 0x1F64F}, Range{0x1F680, 0x1F6FF},
-    Range{0x1F900, 0x1F9FF}, Range{0x20000, 0x3FFFD}};
-
-int columnsOf(char32_t character)
+/// Also those that turn the direction of the text around them, which could make a line read as
+/// another.
+bool worksTheTerminal(QChar character)
 {
-    switch (QChar::category(character)) {
-    case QChar::Mark_NonSpacing:
-    case QChar::Mark_Enclosing:
-    case QChar::Other_Format:
-        return 0;
-    default:
-        break;
-    }
-    const bool wide = std::any_of(kWide.begin(), kWide.end(),
-        [=](Range range) { return character >= range.first && character <= range.last; });
-    return wide ? 2 : 1;
+    const char16_t code = character.unicode();
+    const bool turnsText = code == 0x061C || code == 0x200E || code == 0x200F
+        || (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+    const QChar::Category category = character.category();
+    return turnsText || category == QChar::Other_Control || category == QChar::Separator_Line
+        || category == QChar::Separator_Paragraph;
 }
 
 } // namespace
@@ -41,18 +26,25 @@ int columnsOf(const QString& text)
 {
     int columns = 0;
     for (const char32_t character : text.toUcs4())
-        columns += columnsOf(character);
+        columns += utf8proc_charwidth(static_cast<utf8proc_int32_t>(character));
     return columns;
 }
 
 QString printable(const QString& text)
 {
     QString plain = text;
-    for (QChar& character : plain) {
-        const QChar::Category category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line
-            || category == QChar::Separator_Paragraph)
-            character = u' ';
+    std::replace_if(plain.begin(), plain.end(), worksTheTerminal, QChar(u' '));
+    return plain;
+}
+
+QString printableJson(const QString& json)
+{
+    QString plain;
+    for (const QChar character : json) {
+        if (character != u'\n' && worksTheTerminal(character))
+            plain += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            plain += character;
     }
     return plain;
 }

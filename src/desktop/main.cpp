@@ -1,6 +1,7 @@
 #include "desktop/Appearance.h"
 #include "desktop/Application.h"
 #include "desktop/SettingsFile.h"
+#include "desktop/Table.h"
 #include "desktop/dbus/ProgramIdentity.h"
 #include "desktop/dbus/ProgramName.h"
 
@@ -12,6 +13,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -22,17 +24,19 @@ QString activationToken()
     return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
 }
 
-/// The program runs already: its panel comes forward in place of a second one. The exit status.
-int deferTo(const lumeroom::ProgramName& running, const QString& token)
+/// The program runs already: its panel comes forward in place of a second one.
+[[noreturn]] void deferTo(const lumeroom::ProgramName& running, const QString& token)
 {
     const QString wrong = running.showPanelOfHolder(token);
-    if (wrong.isEmpty()) {
+    if (wrong.isEmpty())
         std::puts("lumeroom: already running; its panel has been brought to the front");
-        return 0;
-    }
-    std::fprintf(
-        stderr, "lumeroom: already running, but it does not answer: %s\n", qPrintable(wrong));
-    return 1;
+    else
+        std::fprintf(stderr, "lumeroom: already running, but it does not answer: %s\n",
+            qPrintable(lumeroom::printable(wrong)));
+    // Past the destructors of statics: the bus library's own thread may still take in a message,
+    // and would complain that its types are gone.
+    std::fflush(nullptr);
+    std::_Exit(wrong.isEmpty() ? 0 : 1);
 }
 
 /// Where a standard stream was closed, the next file to be opened would take its place, and get
@@ -55,18 +59,14 @@ int main(int argc, char** argv)
     openStandardStreams();
 
     // Before Qt looks for a display: these need none.
-    const CommandLine commandLine
-        = parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
+    const CommandLine commandLine = parseCommandLine({argv + 1, argv + argc}, LUMEROOM_VERSION);
     if (!commandLine.error.empty()) {
-        std::fprintf(stderr, "lumeroom: %s\nTry 'lumeroom --help'.\n", commandLine.error.c_str());
+        const QString error = printable(QString::fromStdString(commandLine.error));
+        std::fprintf(stderr, "lumeroom: %s\nTry 'lumeroom --help'.\n", qPrintable(error));
         return kBadUsage;
     }
-    if (commandLine.help) {
-        std::fputs(helpText().c_str(), stdout);
-        return 0;
-    }
-    if (commandLine.version) {
-        std::puts("lumeroom " LUMEROOM_VERSION);
+    if (!commandLine.answer.empty()) {
+        std::fputs(commandLine.answer.c_str(), stdout);
         return 0;
     }
 
@@ -85,7 +85,7 @@ int main(int argc, char** argv)
                                commandLine.demo, QString::fromStdString(commandLine.defaultsFile)))
                                                             : QString());
     if (name.isTaken())
-        return deferTo(name, token);
+        deferTo(name, token);
     Application application(commandLine, name);
     return application.run();
 }

@@ -5,13 +5,19 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 export QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME="$folder/config"
 lumeroom=$1
+# Meanwhile another finds no place for its picture.
+"$lumeroom" --demo-lamps 1 --defaults "$folder/astray.plist" --snapshot "$folder/none/panel.png" \
+    >/dev/null 2>"$folder/astray" &
+astray=$!
 "$lumeroom" --demo --snapshot "$folder/panel.png" >"$folder/table"
 cat "$folder/table"
 grep -q '^Desk lamp .* LIFX A19 .* on ' "$folder/table"
 grep -q '^玄関の照明 ' "$folder/table"
 [ "$(wc -l <"$folder/table")" -eq 9 ]
 [ "$(head -c 4 "$folder/panel.png" | tail -c 3)" = PNG ]
-grep -q sortOrder "$folder/config/lumeroom/demo.plist"
+if grep 'sortOrder\|WindowState' "$folder/config/lumeroom/demo.plist"; then exit 1; fi
+if wait $astray; then exit 1; fi
+grep -qx "lumeroom: cannot save the picture to $folder/none/panel.png" "$folder/astray"
 
 # So it works with its standard streams closed, which no file of its own may then replace.
 "$lumeroom" --demo --snapshot "$folder/closed.png" <&- >&- 2>&-
@@ -22,7 +28,10 @@ ends_well() { # the settings file to keep, the signal
     "$lumeroom" --demo --defaults "$1" &
     program=$!
     sleep 2
-    kill -"$2" $program
+    for _ in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20; do
+        kill -"$2" $program 2>/dev/null || true # again and again while it ends
+        sleep 0.005
+    done
     wait $program
     grep -q sortOrder "$1"
 }

@@ -57,11 +57,13 @@ lamp_holds() { # ADDRESS FIELD VALUE
 # Without the program, or without a bus
 expect 3 "Lumeroom is not running" ctl lamps
 expect 3 "no session bus" env DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$client" lamps
-expect 2 "usage: lumeroomctl set NAME" "$client" set Desk brightness
-expect 2 "unknown command 'dance'" "$client" dance
+expect 2 "PROPERTY VALUE: At least 2 required but received 1" "$client" set Desk brightness
+expect 2 "not expected: dance" "$client" dance
+expect 2 "a command is missing" "$client" --json
 expect 2 "brightness is a whole number, not '1.5'" "$client" set Desk brightness 1.5
 expect 2 "'name' cannot be set; these can: brightness, hue, whiteness, state" "$client" set Desk name Other
-expect 2 "unknown option '-5'" "$client" get Desk -5
+expect 2 "not expected: --nope" "$client" get Desk --nope
+! "$client" $'dance\e\u202e' 2>&1 | grep -q $'[\e\u202e]' || fail "a message works the terminal"
 expect 0 "Exit status" "$client" --help
 
 "$lumeroom" --demo --log 2>"$folder/log" &

@@ -139,11 +139,10 @@ TEST(Options, sayWhatIsWrong)
         std::string error;
     } cases[] = {
         {{"--count", "3", "--group", "Kitchen:1-2", "--zones", "1:82"}, ""},
-        {{"--what"}, "unknown option '--what'"},
-        {{"--count"}, "--count needs a value"},
-        {{"--count", "0"}, "'0' is no number from 1 to 2000"},
-        {{"--zones", "1:83"}, "'83' is no number from 1 to 82"},
-        {{"--silent", "1"}, "'1' should read LAMP@SECONDS"},
+        {{"--what"}, "The following argument was not expected: --what"},
+        {{"--count", "0"}, "--count: Value 0 not in range 1 to 2000"},
+        {{"--zones", "1:83"}, "--zones: '83' is no number from 1 to 82"},
+        {{"--silent", "1"}, "--silent: '1' should read LAMP@SECONDS"},
         {{"--silent", "2@1"}, "there is no lamp 2"},
         {{"--address", "10.0.0.1"},
             "10.0.0.1 is not in 127.0.0.0/8; say --any-address to use it all the same"},

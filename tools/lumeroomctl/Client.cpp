@@ -1,7 +1,6 @@
 #include "Client.h"
 
 #include "Failure.h"
-#include "desktop/Table.h"
 #include "desktop/dbus/CallOnceStarted.h"
 #include "desktop/dbus/ManagedObjects.h"
 #include "desktop/dbus/ProgramIdentity.h"
@@ -47,10 +46,10 @@ Thing onlyOneOf(const Things& found, const QString& name)
         throw Failure{kFailed, QStringLiteral("there is nothing named '%1'").arg(name)};
     if (found.size() == 1)
         return found.first();
-    QString text = QStringLiteral("'%1' names more than one; choose by ID:").arg(name);
+    Failure failure{kFailed, QStringLiteral("'%1' names more than one; choose by ID:").arg(name)};
     for (const Thing& thing : found)
-        text += QStringLiteral("\n  %1 %2").arg(thing.kind->name, lumeroom::printable(thing.id()));
-    throw Failure{kFailed, text};
+        failure.more.append(QStringLiteral("  %1 %2").arg(thing.kind->name, thing.id()));
+    throw failure;
 }
 
 } // namespace

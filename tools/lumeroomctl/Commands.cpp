@@ -24,7 +24,7 @@ void print(const QString& text)
 
 void printJson(const QJsonDocument& document)
 {
-    print(QString::fromUtf8(document.toJson()));
+    print(lumeroom::printableJson(QString::fromUtf8(document.toJson())));
 }
 
 /// A value alone is no document, but it is JSON.
@@ -32,7 +32,7 @@ void printJsonValue(const QJsonValue& value)
 {
     QString text
         = QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
-    print(text.mid(1, text.size() - 2) + u'\n');
+    print(lumeroom::printableJson(text.mid(1, text.size() - 2)) + u'\n');
 }
 
 void list(const Client& client, const Options& options, const lumeroom::ObjectKind& kind)

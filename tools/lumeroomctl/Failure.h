@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace lumeroomctl {
 
@@ -10,6 +10,7 @@ enum Status { kDone = 0, kFailed = 1, kBadUsage = 2, kNotRunning = 3 };
 struct Failure {
     Status status;
     QString message;
+    QStringList more = {}; ///< further lines
 };
 
 } // namespace lumeroomctl

@@ -1,127 +1,15 @@
 #include "Options.h"
 
 #include "Failure.h"
+#include "desktop/dbus/ObjectPaths.h"
 
-#include <array>
+#include <CLI/CLI.hpp>
 
 namespace lumeroomctl {
 
 namespace {
 
-struct Command {
-    const char* name;
-    const char* arguments;
-    int least; ///< number of arguments
-    int most; ///< -1: any number
-};
-
-constexpr std::array kCommands{
-    Command{"lamps", "", 0, 0},
-    Command{"zones", "", 0, 0},
-    Command{"groups", "", 0, 0},
-    Command{"locations", "", 0, 0},
-    Command{"tags", "", 0, 0},
-    Command{"get", "NAME [PROPERTY]", 1, 2},
-    Command{"set", "NAME PROPERTY VALUE [PROPERTY VALUE]...", 3, -1},
-    Command{"run", "PRESET", 1, 1},
-    Command{"watch", "", 0, 0},
-};
-
-[[noreturn]] void badUsage(const QString& what)
-{
-    throw Failure{kBadUsage, what + QStringLiteral("\nTry 'lumeroomctl --help'.")};
-}
-
-/// Whether the argument is an option, which is taken in.
-bool takeFlag(Options& options, const QString& argument)
-{
-    if (argument == QLatin1StringView("--json"))
-        options.json = true;
-    else if (argument == QLatin1StringView("--names"))
-        options.names = true;
-    else if (argument == QLatin1StringView("--demo"))
-        options.demo = true;
-    else if (argument == QLatin1StringView("--help") || argument == QLatin1StringView("-h"))
-        options.help = true;
-    else if (argument == QLatin1StringView("--version") || argument == QLatin1StringView("-v"))
-        options.version = true;
-    else
-        return false;
-    return true;
-}
-
-/// What is set may be a number below 0, which is then refused for what it is.
-bool isNegativeNumber(const Options& options, const QString& argument)
-{
-    return options.command == QLatin1StringView("set") && argument.size() > 1 && argument[0] == u'-'
-        && argument[1].isDigit();
-}
-
-void check(const Options& options)
-{
-    if (options.help || options.version)
-        return;
-    if (options.command.isEmpty())
-        badUsage(QStringLiteral("a command is missing"));
-    for (const Command& command : kCommands) {
-        if (options.command != QLatin1StringView(command.name))
-            continue;
-        const auto count = options.arguments.size();
-        const bool tooMany = command.most >= 0 && count > command.most;
-        const bool unpaired = command.most < 0 && count % 2 == 0;
-        if (count < command.least || tooMany || unpaired) {
-            badUsage(QStringLiteral("usage: lumeroomctl %1 %2")
-                         .arg(options.command, QLatin1StringView(command.arguments))
-                         .trimmed());
-        }
-        return;
-    }
-    badUsage(QStringLiteral("unknown command '%1'").arg(options.command));
-}
-
-} // namespace
-
-Options parseOptions(const QStringList& arguments)
-{
-    Options options;
-    bool onlyNames = false; // behind "--", for names that begin with a dash
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const QString& argument = arguments[i];
-        if (!onlyNames && argument == QLatin1StringView("--")) {
-            onlyNames = true;
-        } else if (!onlyNames && argument.startsWith(QLatin1StringView("--defaults"))
-            && (argument.size() == 10 || argument[10] == u'=')) {
-            options.defaultsFile = argument.size() > 10 ? argument.mid(11) : arguments.value(++i);
-            if (options.defaultsFile.isEmpty())
-                badUsage(QStringLiteral("--defaults needs a value"));
-        } else if (onlyNames || !argument.startsWith(u'-') || isNegativeNumber(options, argument)) {
-            if (options.command.isEmpty())
-                options.command = argument;
-            else
-                options.arguments.append(argument);
-        } else if (!takeFlag(options, argument)) {
-            badUsage(QStringLiteral("unknown option '%1'").arg(argument));
-        }
-    }
-    check(options);
-    return options;
-}
-
-QString helpText()
-{
-    return QStringLiteral(R"(Usage: lumeroomctl [options] COMMAND
-
-Controls the lamps through a running Lumeroom.
-
-  lamps, zones, groups, locations, tags
-                       list those that are known
-  get NAME [PROPERTY]  show the properties of a lamp, zone, group, location
-                       or tag, or the value of one
-  set NAME PROPERTY VALUE [PROPERTY VALUE]...
-                       change them, all at once
-  run PRESET           run a preset; "All on" and "All off" always exist
-  watch                print each change as it happens
-
+constexpr const char* kFooter = R"(
 NAME is a label or an ID. A lamp comes before anything else of the same name. To
 name one kind, put it before: lamp:NAME, zone:NAME, group:NAME, location:NAME,
 tag:NAME. The group of all lamps is group:All.
@@ -133,16 +21,93 @@ PROPERTY is one of
   state                on or off
 and to read: name, label, id, kind, and a group's lamps
 
-  --json               output for programs
-  --names              with lamps or groups: names only, one on a line
-  --demo               speak to the demonstration (lumeroom --demo)
-  --defaults FILE      speak to the program with the settings in FILE
-  --help
-  --version
-
 Exit status: 0 done; 1 not found, or it failed; 2 bad usage or value; 3 Lumeroom
-is not running.
-)");
+is not running.)";
+
+/// What the parser takes in.
+struct Typed {
+    bool json = false;
+    bool names = false;
+    bool demo = false;
+    std::string defaultsFile;
+    std::string name;
+    std::string property;
+    std::vector<std::string> changes;
+};
+
+void addOptions(CLI::App& app, Typed& typed)
+{
+    const auto flag = [&app](const char* name, bool& value, const char* description) {
+        app.add_flag(name, value, description)->disable_flag_override();
+    };
+    flag("--json", typed.json, "output for programs");
+    flag("--names", typed.names, "of a list, the names only, one on a line");
+    flag("--demo", typed.demo, "speak to the demonstration (lumeroom --demo)");
+    app.add_option("--defaults", typed.defaultsFile, "speak to the program with these settings")
+        ->option_text("FILE");
+    app.set_version_flag("-v,--version", "lumeroomctl " LUMEROOM_VERSION "\n");
+}
+
+void addCommands(CLI::App& app, Typed& typed)
+{
+    for (const lumeroom::ObjectKind& kind : lumeroom::kObjectKinds) {
+        const std::string list(kind.folder.data());
+        app.add_subcommand(list, "list the " + list);
+    }
+    CLI::App* get = app.add_subcommand("get", "show the properties, or the value of one");
+    get->add_option("NAME", typed.name, "a label or an ID")->required();
+    get->add_option("PROPERTY", typed.property, "one of those below");
+    CLI::App* set = app.add_subcommand("set", "change properties, all at once");
+    set->add_option("NAME", typed.name, "a label or an ID")->required();
+    set->add_option("PROPERTY VALUE", typed.changes, "as many as wanted")->required()->type_size(2);
+    CLI::App* run
+        = app.add_subcommand("run", "run a preset; \"All on\" and \"All off\" always exist");
+    run->add_option("PRESET", typed.name, "its name")->required();
+    app.add_subcommand("watch", "print each change as it happens");
+}
+
+[[noreturn]] void badUsage(const QString& what)
+{
+    throw Failure{kBadUsage, what, {QStringLiteral("Try 'lumeroomctl --help'.")}};
+}
+
+Options optionsFrom(const CLI::App& app, const Typed& typed)
+{
+    const auto commands = app.get_subcommands();
+    if (commands.empty())
+        badUsage(QStringLiteral("a command is missing"));
+    const CLI::App& command = *commands.front();
+    Options options{QString::fromStdString(command.get_name()), {}, typed.json, typed.names,
+        typed.demo, QString::fromStdString(typed.defaultsFile), {}};
+    for (const CLI::Option* argument :
+        command.get_options([](const CLI::Option* option) { return option->get_positional(); })) {
+        for (const std::string& text : argument->results())
+            options.arguments.append(QString::fromStdString(text));
+    }
+    return options;
+}
+
+} // namespace
+
+Options parseOptions(int argc, char** argv)
+{
+    CLI::App app("Controls the lamps through a running Lumeroom.", "lumeroomctl");
+    app.fallthrough()->require_subcommand(0, 1)->footer(kFooter);
+    Typed typed;
+    addOptions(app, typed);
+    addCommands(app, typed);
+    Options options;
+    try {
+        app.parse(argc, argv);
+        return optionsFrom(app, typed);
+    } catch (const CLI::CallForHelp&) {
+        options.answer = QString::fromStdString(app.help());
+    } catch (const CLI::CallForVersion& call) {
+        options.answer = QString::fromUtf8(call.what());
+    } catch (const CLI::ParseError& error) {
+        badUsage(QString::fromUtf8(error.what()));
+    }
+    return options;
 }
 
 } // namespace lumeroomctl

@@ -11,13 +11,10 @@ struct Options {
     bool names = false; ///< in place of the table
     bool demo = false;
     QString defaultsFile; ///< empty: the usual one
-    bool help = false;
-    bool version = false;
+    QString answer; ///< to be printed in place of a command: help, or the version
 };
 
 /// Reads the arguments behind the program's name. Throws a Failure.
-Options parseOptions(const QStringList& arguments);
-
-QString helpText();
+Options parseOptions(int argc, char** argv);
 
 } // namespace lumeroomctl

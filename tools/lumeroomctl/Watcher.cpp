@@ -98,7 +98,8 @@ void Watcher::print(const Thing& thing, const QString& event, const QString& pro
             object.insert(QStringLiteral("property"), property);
             object.insert(QStringLiteral("value"), jsonOf(thing, property, m_things));
         }
-        line = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+        line = lumeroom::printableJson(
+            QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
     } else {
         const bool isLamp = thing.kind->type == lumeroom::StripType::Lamp;
         line = (isLamp ? QString() : thing.kind->name + u':') + lumeroom::printable(thing.label())

@@ -1,6 +1,7 @@
 #include "Commands.h"
 #include "Failure.h"
 #include "Options.h"
+#include "desktop/Table.h"
 
 #include <QCoreApplication>
 
@@ -14,18 +15,18 @@ namespace {
 /// The exit status.
 int run(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
     try {
-        const Options options = parseOptions(QCoreApplication::arguments().sliced(1));
-        if (options.help)
-            std::fputs(helpText().toUtf8().constData(), stdout);
-        else if (options.version)
-            std::puts("lumeroomctl " LUMEROOM_VERSION);
-        else
+        const Options options = parseOptions(argc, argv);
+        const QCoreApplication application(argc, argv);
+        if (options.answer.isEmpty())
             return runCommand(options);
+        std::fputs(options.answer.toUtf8().constData(), stdout);
         return kDone;
     } catch (const Failure& failure) {
-        std::fprintf(stderr, "lumeroomctl: %s\n", failure.message.toUtf8().constData());
+        // What is wrong may be a name from the network, or one that a program was given.
+        for (const QString& line :
+            QStringList(QStringLiteral("lumeroomctl: ") + failure.message) + failure.more)
+            std::fprintf(stderr, "%s\n", lumeroom::printable(line).toUtf8().constData());
         return failure.status;
     }
 }

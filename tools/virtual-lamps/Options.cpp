@@ -1,8 +1,9 @@
 #include "Options.h"
 
-#include <arpa/inet.h>
+#include <CLI/CLI.hpp>
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <charconv>
 
 namespace virtual_lamps {
@@ -75,11 +76,6 @@ Milliseconds secondsFrom(const std::string& text)
     return Milliseconds(static_cast<Milliseconds::rep>(number<double>(text, 0, 1e6) * 1000));
 }
 
-double percent(const std::string& text)
-{
-    return number<double>(text, 0, 100) / 100;
-}
-
 bool isLoopback(const std::string& address)
 {
     return address.starts_with("127.");
@@ -87,66 +83,106 @@ bool isLoopback(const std::string& address)
 
 std::string checkedAddress(const std::string& text)
 {
-    in_addr parsed{};
-    if (::inet_pton(AF_INET, text.c_str(), &parsed) != 1)
+    if (!CLI::ValidIPV4(text).empty())
         throw BadOption{fmt::format("'{}' is no IPv4 address", text)};
     return text;
 }
 
-/// Takes one option; `value` fetches the argument behind it.
-template <typename ValueOf> void take(Options& options, const std::string& name, ValueOf value)
+using Take = std::function<void(const std::string& value)>;
+
+/// An option that may be repeated, each time with one value.
+void addRepeated(CLI::App& app, const std::string& name, const char* value, const char* description,
+    const Take& take)
 {
-    if (name == "--help") {
-        options.help = true;
-    } else if (name == "--count") {
-        options.count = number<unsigned>(value(), 1, kMostLamps);
-    } else if (name == "--first-address") {
-        options.firstAddress = checkedAddress(value());
-    } else if (name == "--address") {
-        options.addresses.push_back(checkedAddress(value()));
-    } else if (name == "--product") {
-        options.products.clear();
-        for (const std::string& product : split(value(), ','))
-            options.products.push_back(number<std::uint32_t>(product, 0, 1000000));
-    } else if (name == "--label") {
-        options.labels.push_back(value());
-    } else if (name == "--group") {
-        options.groups.push_back(assignment(value()));
-    } else if (name == "--location") {
-        options.locations.push_back(assignment(value()));
-    } else if (name == "--tag") {
-        options.tags.push_back(assignment(value()));
-    } else if (name == "--zones") {
-        const auto [lamp, zones] = sides(value(), ':', "LAMP:COUNT");
-        options.zones[lampNumber(lamp)] = number<unsigned>(zones, 1, kMostZones);
-    } else if (name == "--loss") {
-        options.faults.loss = percent(value());
-    } else if (name == "--duplicates") {
-        options.faults.duplicates = percent(value());
-    } else if (name == "--delay") {
-        options.faults.delay = Milliseconds(number<unsigned>(value(), 0, 60000));
-    } else if (name == "--seed") {
-        options.faults.seed = number<unsigned>(value(), 0, 4294967295U);
-    } else if (name == "--silent") {
-        const auto [lamp, after] = sides(value(), '@', "LAMP@SECONDS");
-        options.events.push_back({lampNumber(lamp), {}, secondsFrom(after)});
-    } else if (name == "--move") {
-        const auto [change, after] = sides(value(), '@', "LAMP:ADDRESS@SECONDS");
-        const auto [lamp, address] = sides(change, ':', "LAMP:ADDRESS@SECONDS");
-        options.events.push_back({lampNumber(lamp), checkedAddress(address), secondsFrom(after)});
-    } else if (name == "--port") {
-        options.port = number<std::uint16_t>(value(), 1, 65535);
-    } else if (name == "--log") {
-        options.logFile = value();
-    } else if (name == "--broadcast") {
-        options.broadcast = true;
-    } else if (name == "--any-address") {
-        options.anyAddress = true;
-    } else if (name == "--control") {
-        options.control = true;
-    } else {
-        throw BadOption{fmt::format("unknown option '{}'", name)};
-    }
+    const auto takeAll = [name, take](const std::vector<std::string>& values) {
+        try {
+            std::for_each(values.begin(), values.end(), take);
+        } catch (const BadOption& bad) {
+            throw CLI::ValidationError(name, bad.text);
+        }
+    };
+    app.add_option_function<std::vector<std::string>>(name, takeAll, description)
+        ->option_text(value)
+        ->allow_extra_args(false);
+}
+
+void addLamps(CLI::App& app, Options& options)
+{
+    app.add_option("--count", options.count, "how many lamps (1)")
+        ->option_text("N")
+        ->check(CLI::Range(1U, kMostLamps));
+    app.add_option("--first-address", options.firstAddress,
+           "address of the first, the others follow (127.0.56.1)")
+        ->option_text("A")
+        ->check(CLI::ValidIPV4);
+    app.add_option("--product", options.products, "products, given to the lamps in turn (27)")
+        ->option_text("N[,N...]")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(CLI::Range(0, 1000000));
+    addRepeated(app, "--address", "A", "a lamp at this address; in place of --count",
+        [&options](const std::string& text) { options.addresses.push_back(checkedAddress(text)); });
+    addRepeated(app, "--label", "TEXT", "names, in the order of the lamps",
+        [&options](const std::string& text) { options.labels.push_back(text); });
+    const auto addAssignments = [&app](const char* name, std::vector<Assignment>& assignments) {
+        addRepeated(app, name, "NAME[:LAMPS]", "lamps as in 1-3,5; without them, all",
+            [&assignments](const std::string& text) { assignments.push_back(assignment(text)); });
+    };
+    addAssignments("--group", options.groups);
+    addAssignments("--location", options.locations);
+    addAssignments("--tag", options.tags);
+    addRepeated(app, "--zones", "LAMP:COUNT", "zones of a multizone lamp, 1 to 82 (16)",
+        [&options](const std::string& text) {
+            const auto [lamp, zones] = sides(text, ':', "LAMP:COUNT");
+            options.zones[lampNumber(lamp)] = number<unsigned>(zones, 1, kMostZones);
+        });
+}
+
+void addEvents(CLI::App& app, Options& options)
+{
+    addRepeated(app, "--silent", "LAMP@SECONDS", "the lamp goes silent",
+        [&options](const std::string& text) {
+            const auto [lamp, after] = sides(text, '@', "LAMP@SECONDS");
+            options.events.push_back({lampNumber(lamp), {}, secondsFrom(after)});
+        });
+    addRepeated(app, "--move", "LAMP:ADDRESS@SECONDS", "the lamp changes its address",
+        [&options](const std::string& text) {
+            const auto [change, after] = sides(text, '@', "LAMP:ADDRESS@SECONDS");
+            const auto [lamp, address] = sides(change, ':', "LAMP:ADDRESS@SECONDS");
+            options.events.push_back(
+                {lampNumber(lamp), checkedAddress(address), secondsFrom(after)});
+        });
+}
+
+void addNetwork(CLI::App& app, Options& options)
+{
+    const auto addPercent = [&app](const char* name, double& share, const char* description) {
+        app.add_option_function<double>(
+               name, [&share](double percent) { share = percent / 100; }, description)
+            ->option_text("PERCENT")
+            ->check(CLI::Range(0.0, 100.0));
+    };
+    addPercent("--loss", options.faults.loss, "datagrams that get lost, either way");
+    addPercent("--duplicates", options.faults.duplicates, "answers that arrive twice");
+    app.add_option_function<unsigned>(
+           "--delay", [&options](unsigned ms) { options.faults.delay = Milliseconds(ms); },
+           "answers come later by this")
+        ->option_text("MS")
+        ->check(CLI::Range(0, 60000));
+    app.add_option("--seed", options.faults.seed, "another run of luck")->option_text("N");
+    app.add_option("--port", options.port, "UDP port (56700)")
+        ->option_text("N")
+        ->check(CLI::Range(1, 65535));
+    app.add_option(
+           "--log", options.logFile, "every datagram as a line of JSON; - for standard output")
+        ->option_text("FILE");
+    const auto flag = [&app](const char* name, bool& value, const char* description) {
+        app.add_flag(name, value, description)->disable_flag_override();
+    };
+    flag("--any-address", options.anyAddress, "allow addresses outside 127.0.0.0/8");
+    flag("--broadcast", options.broadcast,
+        "answer 255.255.255.255 too; for use in a network namespace");
+    flag("--control", options.control, "take commands on standard input; \"help\" lists them");
 }
 
 void check(const Options& options)
@@ -169,55 +205,30 @@ void check(const Options& options)
 
 } // namespace
 
-ParsedOptions parseOptions(const std::vector<std::string>& arguments)
+ParsedOptions parseOptions(std::vector<std::string> arguments)
 {
     ParsedOptions parsed;
+    Options& options = parsed.options;
+    CLI::App app(
+        "Lamps made of software that answer the LIFX LAN protocol, for trying and testing.",
+        "virtual-lamps");
+    addLamps(app, options);
+    addEvents(app, options);
+    addNetwork(app, options);
+    std::reverse(arguments.begin(), arguments.end()); // as the parser takes them
     try {
-        for (std::size_t i = 0; i < arguments.size(); ++i) {
-            const std::string name = arguments[i];
-            take(parsed.options, name, [&]() -> const std::string& {
-                if (++i >= arguments.size())
-                    throw BadOption{fmt::format("{} needs a value", name)};
-                return arguments[i];
-            });
-        }
-        if (!parsed.options.addresses.empty())
-            parsed.options.count = static_cast<unsigned>(parsed.options.addresses.size());
-        check(parsed.options);
+        app.parse(std::move(arguments));
+        if (!options.addresses.empty())
+            options.count = static_cast<unsigned>(options.addresses.size());
+        check(options);
+    } catch (const CLI::CallForHelp&) {
+        parsed.help = app.help();
+    } catch (const CLI::ParseError& error) {
+        parsed.error = error.what();
     } catch (const BadOption& bad) {
         parsed.error = bad.text;
     }
     return parsed;
-}
-
-std::string_view helpText()
-{
-    return R"(Usage: virtual-lamps [options]
-
-Lamps made of software that answer the LIFX LAN protocol, for trying and testing.
-
-  --count N                 how many lamps (1)
-  --first-address A         address of the first, the others follow (127.0.56.1)
-  --address A               a lamp at this address; repeat for more, instead of --count
-  --any-address             allow addresses outside 127.0.0.0/8
-  --broadcast               answer 255.255.255.255 too; for use in a network namespace
-  --port N                  UDP port (56700)
-  --product N[,N...]        product numbers, given to the lamps in turn (27)
-  --label TEXT              names, in the order of the lamps; repeat for more
-  --group NAME[:LAMPS]      lamps as in 1-3,5; without them, all
-  --location NAME[:LAMPS]
-  --tag NAME[:LAMPS]
-  --zones LAMP:COUNT        zones of a multizone lamp, 1 to 82 (16)
-  --loss PERCENT            datagrams that get lost, either way
-  --duplicates PERCENT      answers that arrive twice
-  --delay MS                answers come later by this
-  --seed N                  another run of luck
-  --silent LAMP@SECONDS     the lamp goes silent
-  --move LAMP:ADDRESS@SECONDS   the lamp changes its address
-  --log FILE                every datagram as a line of JSON; - for standard output
-  --control                 take commands on standard input; "help" lists them
-  --help
-)";
 }
 
 } // namespace virtual_lamps

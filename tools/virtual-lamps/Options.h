@@ -39,17 +39,14 @@ struct Options {
     bool broadcast = false;
     bool anyAddress = false;
     bool control = false;
-    bool help = false;
 };
 
 /// The options in the arguments, or what is wrong with them.
 struct ParsedOptions {
     Options options;
+    std::string help; ///< to be printed in place of a start; empty unless asked for
     std::string error;
 };
-ParsedOptions parseOptions(const std::vector<std::string>& arguments);
-
-/// The text of `--help`.
-std::string_view helpText();
+ParsedOptions parseOptions(std::vector<std::string> arguments);
 
 } // namespace virtual_lamps

@@ -129,13 +129,14 @@ void serve(LampNetwork& network, bool control, int signals)
 int main(int argc, char** argv)
 {
     std::ios::sync_with_stdio(false);
-    const auto [options, error] = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
+    const auto [options, help, error]
+        = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
     if (!error.empty()) {
         std::cerr << "virtual-lamps: " << error << "\nTry 'virtual-lamps --help'." << std::endl;
         return kBadUsage;
     }
-    if (options.help) {
-        std::cout << helpText();
+    if (!help.empty()) {
+        std::cout << help;
         return 0;
     }
     // Before the network's thread starts, so that it too leaves these signals alone.
