@@ -73,8 +73,9 @@ named() { ctl lamps --names | grep -qx "$1"; }
 wait_for named "Floor lamp"
 knows_addresses() { grep -q '127[0-9.]*' "$folder/config/lumeroom/demo.plist"; }
 wait_for knows_addresses
-first=$(grep -o '127[0-9.]*' "$folder/config/lumeroom/demo.plist" | head -n 1)
-second=${first%.1}.2
+any=$(grep -o '127[0-9.]*' "$folder/config/lumeroom/demo.plist" | head -n 1)
+first=${any%.*}.1
+second=${any%.*}.2
 
 # Lists; wide characters line up
 ctl lamps
