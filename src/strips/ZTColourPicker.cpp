@@ -13,12 +13,7 @@ constexpr Size kWheelSize{200, 200};
 ZTColourPicker::ZTColourPicker()
     : m_mainSlider(kWheelSize)
 {
-    m_mainSlider.setAllowsCenterPoint(true);
-    m_mainSlider.setAllowsNonEdgePositions(true);
-    m_mainSlider.setAppearance(0);
     m_mainSlider.setAction([this] { sliderChanged(); });
-    m_mainSlider.setEnabled(true);
-    m_mainSlider.setAngleUnits(SSCircularSlider::AngleUnits::Degrees);
     handleControl(Control::Whites);
     handleControl(Control::BrightnessSlider);
     m_kelvin = kDefaultKelvin;
@@ -42,13 +37,13 @@ void ZTColourPicker::setColour(const Colour& colour)
 {
     constexpr float kWhitest = 0.01F;
     m_kelvin = usableKelvin(colour).value_or(m_kelvin);
-    // As a press of the button, this takes the kelvin back from the knob of the whites: whoever
-    // picks on from a colour opened so has the temperature of the white picked before it.
+    // Like a press of the button this reads the kelvin from the white knob, over the colour's own:
+    // the colours picked next have the temperature of the white that was picked last.
     if (isPickingWhites() && colour.saturation > kWhitest)
         handleControl(Control::Colours);
     const KnobPlace knob = isPickingWhites() ? knobFromKelvin(m_kelvin) : knobFromColour(colour);
     m_mainSlider.setAngleAndDistance({knob.degrees, knob.distance});
-    m_brightness = std::clamp(colour.brightness, 0.0F, 1.0F);
+    m_brightness = colour.brightness;
     m_mainSlider.setBrightness(m_brightness);
     setNeedsDisplay();
 }

@@ -23,11 +23,6 @@ QPointF qPoint(const Point& point)
     return {point.x, point.y};
 }
 
-bool isShiftHeld(const QInputEvent& event)
-{
-    return event.modifiers().testFlag(Qt::ShiftModifier);
-}
-
 /// The wheel at full brightness, each device pixel with the colour that the knob gives there.
 QImage renderWheel(const SSCircularSlider& slider, double ratio)
 {
@@ -77,12 +72,7 @@ void CircularSliderView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (!m_slider.isEnabled())
-        painter.setOpacity(0.4);
-    if (m_slider.drawsPlainShapes())
-        paintPlainShapes(painter);
-    else
-        paintWheel(painter);
+    paintWheel(painter);
     paintBall(painter);
 }
 
@@ -100,18 +90,10 @@ void CircularSliderView::paintWheel(QPainter& painter)
     painter.drawEllipse(center, radius, radius);
 }
 
-void CircularSliderView::paintPlainShapes(QPainter& painter)
-{
-    const double radius = std::max(0.0F, m_slider.trackRadius());
-    painter.setPen(QPen(palette().color(QPalette::Mid), 1));
-    painter.setBrush(palette().color(QPalette::Button));
-    painter.drawEllipse(qPoint(m_slider.center()), radius, radius);
-}
-
 void CircularSliderView::paintBall(QPainter& painter)
 {
     const QPointF ball = qPoint(m_slider.ballCenter());
-    const double radius = m_slider.ballRadius();
+    const double radius = SSCircularSlider::kBallRadius;
     painter.setPen(QPen(QColor(0, 0, 0, 110), 1));
     painter.setBrush(m_slider.isBallHighlighted() ? QColor(225, 225, 230) : QColor(Qt::white));
     painter.drawEllipse(ball, radius - 0.5, radius - 0.5);
@@ -127,13 +109,13 @@ void CircularSliderView::paintBall(QPainter& painter)
 void CircularSliderView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        m_slider.mouseDown(pointFrom(event->position()), isShiftHeld(*event));
+        m_slider.mouseDown(pointFrom(event->position()));
     update();
 }
 
 void CircularSliderView::mouseMoveEvent(QMouseEvent* event)
 {
-    m_slider.mouseDragged(pointFrom(event->position()), isShiftHeld(*event));
+    m_slider.mouseDragged(pointFrom(event->position()));
     update();
 }
 
@@ -166,8 +148,6 @@ void CircularSliderView::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    if (!m_slider.isEnabled())
-        return;
     m_slider.setXOffsetAndYOffset(offset);
     m_slider.sendAction();
     update();

@@ -23,7 +23,6 @@ protected:
 
 private:
     void paintWheel(QPainter& painter);
-    void paintPlainShapes(QPainter& painter);
     void paintBall(QPainter& painter);
     const QImage& wheel();
 
