@@ -1,39 +1,11 @@
-#include "engine/QVLIFXEngineDelegate.h"
 #include "support/EngineAndLamps.h"
+#include "support/EngineHarness.h"
 #include "support/QtTestInput.h"
 
 namespace lumeroom {
 
 using test::Time;
 using test::VirtualLamp;
-
-namespace {
-
-struct LampChoice : LampReference {
-    explicit LampChoice(std::string id)
-        : m_id(std::move(id))
-    {
-    }
-    bool isGroup() const override { return false; }
-    std::string getID() const override { return m_id; }
-    void imposeTemporaryEmbargo() override { }
-
-private:
-    std::string m_id;
-};
-
-struct Quiet : QVLIFXEngineDelegate {
-    void newLampsAdded() override { }
-    void lampStatesChanged() override { }
-    void lampZoneStatesChanged() override { }
-    void newZoneAdded() override { }
-    void powerOfMultiZoneLampChanged() override { }
-    void engineIsSsearching(bool) override { }
-    void lampCapabilitiesChanged() override { }
-    int runModal(const Alert&) override { return 0; }
-};
-
-} // namespace
 
 /// What lamps hold after the engine has changed a group, a location or a tag, and what they then
 /// report.
@@ -42,107 +14,79 @@ struct GroupingsEndToEnd : test::EngineAndLamps {
     {
         engine.setDelegate(&delegate);
         engine.startHeartbeat();
-        EXPECT_TRUE(test::workUntil([this] {
-            return engine.registry().lampWithID(lampID(1))
-                && engine.registry().lampWithID(lampID(2))
-                && engine.registry().lampWithID(lampID(3));
-        }));
+        for (unsigned n = 1; n <= 3; ++n)
+            EXPECT_TRUE(test::workUntil(
+                [&] { return engine.registry().lampWithID(lampID(n)) != nullptr; }));
     }
-    /// What the three lamps hold, as "a,b,c".
-    template <typename F> std::string held(F look)
+    /// The three lamps come to hold this.
+    template <typename F> void expectHeld(F look, const std::vector<std::string>& expected)
     {
-        std::string text;
-        for (std::size_t i = 0; i < network.count(); ++i)
-            text += (i == 0 ? "" : ",")
-                + onLamp(i, [&](VirtualLamp& lamp, Time) { return look(lamp); });
-        return text;
-    }
-    std::string groups()
-    {
-        return held([](const VirtualLamp& lamp) { return lamp.group.label; });
-    }
-    std::string locations()
-    {
-        return held([](const VirtualLamp& lamp) { return lamp.location.label; });
-    }
-    std::string tags()
-    {
-        return held([](const VirtualLamp& lamp) { return std::to_string(lamp.tags); });
-    }
-    std::string tagLabels(std::uint64_t bit)
-    {
-        return held([bit](const VirtualLamp& lamp) {
-            const auto found = lamp.tagLabels.find(bit);
-            return found == lamp.tagLabels.end() ? std::string("-") : found->second;
-        });
-    }
-    template <typename F> void expectHeld(F look, const std::string& expected)
-    {
-        EXPECT_TRUE(test::workUntil([&] { return look() == expected; })) << look();
+        std::vector<std::string> held;
+        EXPECT_TRUE(test::workUntil([&] {
+            held.clear();
+            for (std::size_t i = 0; i < network.count(); ++i)
+                held.push_back(onLamp(i, [&](VirtualLamp& lamp, Time) { return look(lamp); }));
+            return held == expected;
+        })) << held.at(0)
+            << "," << held.at(1) << "," << held.at(2);
     }
 
-    Quiet delegate;
-    LampChoice first{lampID(1)};
-    LampChoice second{lampID(2)};
-    LampChoice third{lampID(3)};
+    test::RecordingDelegate delegate;
+    test::Reference first{lampID(1)};
+    test::Reference second{lampID(2)};
+    test::Reference third{lampID(3)};
 };
 
-TEST_F(GroupingsEndToEnd, aGroupFromMakingToRemoval)
+TEST_F(GroupingsEndToEnd, fromMakingToRemoval)
 {
-    const auto look = [this] { return groups(); };
+    const auto group = [](const VirtualLamp& lamp) { return lamp.group.label; };
+    const auto location = [](const VirtualLamp& lamp) { return lamp.location.label; };
+    const auto tags = [](const VirtualLamp& lamp) { return std::to_string(lamp.tags); };
+    const auto tagLabel = [](const VirtualLamp& lamp) {
+        const auto found = lamp.tagLabels.find(1);
+        return found == lamp.tagLabels.end() ? std::string("-") : found->second;
+    };
+    const LampRegistry& registry = engine.registry();
     engine.groupings().makeGroupNamed({&first, &second}, "Study 書斎");
-    expectHeld(look, "Study 書斎,Study 書斎,");
-    const auto id = engine.registry().IDForGroupNamed("Study 書斎");
-    ASSERT_TRUE(id);
+    engine.groupings().makeLocationNamed({&first, &third}, "House");
+    engine.tags().makeTagNamed({&first, &second}, "Reading");
+    expectHeld(group, {"Study 書斎", "Study 書斎", ""});
+    expectHeld(location, {"House", "", "House"});
+    expectHeld(tags, {"1", "1", "0"});
+    expectHeld(tagLabel, {"Reading", "Reading", "-"});
 
-    engine.groupings().editGroupLamps(*id, {&second, &third});
-    expectHeld(look, ",Study 書斎,Study 書斎");
-    engine.groupings().renameGroupNewName(*id, "Den");
-    expectHeld(look, ",Den,Den");
-    EXPECT_EQ(engine.registry().lightsArrayForGroup(*id).size(), 2U);
-    engine.groupings().removeGroupWithID(*id);
-    expectHeld(look, ",,");
-    EXPECT_FALSE(engine.registry().IDForGroupNamed("Den"));
+    const auto study = registry.IDForGroupNamed("Study 書斎");
+    const auto house = registry.IDForLocationNamed("House");
+    ASSERT_TRUE(study && house);
+    engine.groupings().editGroupLamps(*study, {&second, &third});
+    engine.groupings().editLocationLamps(*house, {&second, &third});
+    engine.tags().editTagLamps("Reading", {&third});
+    expectHeld(group, {"", "Study 書斎", "Study 書斎"});
+    expectHeld(location, {"", "House", "House"});
+    expectHeld(tags, {"0", "0", "1"});
+
+    engine.groupings().renameGroupNewName(*study, "Den");
+    engine.groupings().renameLocationNewName(*house, "Home");
+    expectHeld(group, {"", "Den", "Den"});
+    expectHeld(location, {"", "Home", "Home"});
+    engine.groupings().removeGroupWithID(*study);
+    engine.tags().removeTag("Reading");
+    expectHeld(group, {"", "", ""});
+    expectHeld(tags, {"0", "0", "0"});
+    expectHeld(tagLabel, {"-", "-", "-"});
+    EXPECT_FALSE(registry.IDForGroupNamed("Den") || registry.tagNamed("Reading"));
 
     // When the 15 seconds are over in which nobody asks, what a lamp reports counts again.
     engine.groupings().makeGroupNamed({&third}, "Hall");
-    expectHeld(look, ",,Hall");
-    const auto hall = engine.registry().lampWithID(lampID(3))->group;
+    expectHeld(group, {"", "", "Hall"});
     network.withLamp(2, [](VirtualLamp& lamp, Time) {
         lamp.group.label = "Corridor";
         lamp.group.updatedAt += 1;
     });
     EXPECT_TRUE(test::workUntil([&] {
-        const auto lamp = engine.registry().lampWithID(lampID(3));
-        return lamp->group && lamp->group->label == "Corridor" && lamp->group->id == hall->id;
+        const auto lamp = registry.lampWithID(lampID(3));
+        return lamp->group && lamp->group->label == "Corridor";
     }));
-}
-
-TEST_F(GroupingsEndToEnd, aLocationFromMakingOn)
-{
-    const auto look = [this] { return locations(); };
-    engine.groupings().makeLocationNamed({&first, &third}, "House");
-    expectHeld(look, "House,,House");
-    const auto id = engine.registry().IDForLocationNamed("House");
-    ASSERT_TRUE(id);
-    engine.groupings().editLocationLamps(*id, {&second, &third});
-    expectHeld(look, ",House,House");
-    engine.groupings().renameLocationNewName(*id, "Home");
-    expectHeld(look, ",Home,Home");
-}
-
-TEST_F(GroupingsEndToEnd, aTagFromMakingToRemoval)
-{
-    const auto look = [this] { return tags(); };
-    engine.tags().makeTagNamed({&first, &second}, "Reading");
-    expectHeld(look, "1,1,0");
-    expectHeld([this] { return tagLabels(1); }, "Reading,Reading,-");
-    engine.tags().editTagLamps("Reading", {&third});
-    expectHeld(look, "0,0,1");
-    engine.tags().removeTag("Reading");
-    expectHeld(look, "0,0,0");
-    expectHeld([this] { return tagLabels(1); }, "-,-,-");
-    EXPECT_FALSE(engine.registry().tagNamed("Reading"));
 }
 
 } // namespace lumeroom
