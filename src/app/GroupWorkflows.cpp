@@ -1,6 +1,6 @@
 #include "app/GroupWorkflows.h"
 
-#include "app/GroupingFamily.h"
+#include "app/WorkflowStage.h"
 #include "base/Log.h"
 
 namespace lumeroom {
@@ -21,18 +21,19 @@ LampReferences referencesTo(const Strips& strips)
 
 } // namespace
 
-GroupWorkflows::GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowPanel& panel)
+GroupWorkflows::GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowStage& stage)
     : m_engineRoom(engineRoom)
     , m_log(log)
-    , m_panel(panel)
+    , m_stage(stage)
 {
 }
 
 bool GroupWorkflows::anotherIsOpen() const
 {
-    if (m_open)
-        m_panel.bringWorkflowPopoverToFront();
-    return m_open.has_value();
+    if (!m_stage.popoverIsOpen())
+        return false;
+    m_stage.bringWorkflowPopoverToFront();
+    return true;
 }
 
 void GroupWorkflows::makeStep1(GroupingKind kind)
@@ -40,26 +41,25 @@ void GroupWorkflows::makeStep1(GroupingKind kind)
     if (anotherIsOpen())
         return;
     const GroupingFamily& family = groupingFamily(kind);
-    m_panel.navigateLampsInTypeID(
-        std::string(family.makeDescription), StripType::None, std::string(kAllLampsId));
-    m_panel.deselectAndShowAllLampSelectionButtons();
-    showPopover({Step::Make, kind},
-        {.title = std::string(family.makeTitle),
-            .name = {},
-            .confirm = std::string(family.makeConfirm),
-            .contentSize = kMakeSize,
-            .pointsAt = {},
-            .close = [this, kind](
-                         int tag, const std::string& name) { makePopoverClose(kind, tag, name); }});
+    m_stage.navigateToAllLamps(std::string(family.makeDescription));
+    m_stage.selection().deselectAndShowAllLampSelectionButtons();
+    m_stage.showWorkflowPopover({.title = std::string(family.makeTitle),
+        .name = {},
+        .confirm = std::string(family.makeConfirm),
+        .contentSize = kMakeSize,
+        .pointsAt = {},
+        .endsWithTheView = false,
+        .close
+        = [this, kind](int tag, const std::string& name) { makePopoverClose(kind, tag, name); }});
 }
 
 void GroupWorkflows::makePopoverClose(GroupingKind kind, int tag, const std::string& name)
 {
-    closePopover();
-    m_panel.hideAllSelectionButtons();
+    m_stage.closeWorkflowPopover();
+    m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag)
-        make(kind, m_panel.getSelectedLampStrips(), name);
-    m_panel.unNavigate();
+        make(kind, m_stage.selection().getSelectedLampStrips(), name);
+    m_stage.unNavigate();
 }
 
 // The name is taken as it is, an empty one too.
@@ -67,10 +67,10 @@ void GroupWorkflows::make(GroupingKind kind, const Strips& strips, const std::st
 {
     if (strips.empty())
         return;
-    m_panel.saveWindowState();
+    m_stage.saveWindowState();
     groupingFamily(kind).make(m_engineRoom, referencesTo(strips), name);
-    if (m_panel.isShown(kind))
-        m_panel.rebuild();
+    if (m_stage.isShown(groupingFamily(kind).type))
+        m_stage.rebuild();
 }
 
 void GroupWorkflows::editStep1(GroupingKind kind, const std::string& name)
@@ -85,61 +85,57 @@ void GroupWorkflows::editStep1(GroupingKind kind, const std::string& name)
         return;
     }
     const Lamps lamps = (m_engineRoom.registry().*family.lamps)(*id);
-    m_panel.navigateLampsInTypeID(
-        std::string(family.editDescription) + name, StripType::None, std::string(kAllLampsId));
-    m_panel.setSelectedLampStripsAndShow(stripsOf(lamps, name));
-    showPopover({Step::Edit, kind},
-        {.title = std::string(family.editTitle),
-            .name = name,
-            .confirm = "Save",
-            .contentSize = kEditSize,
-            .pointsAt = {},
-            .close = [this, kind](
-                         int tag, const std::string& text) { editPopoverClose(kind, tag, text); }});
+    m_stage.navigateToAllLamps(std::string(family.editDescription) + name);
+    select(lamps, name);
+    // One of a tag stays open when the panel goes back by itself.
+    m_stage.showWorkflowPopover({.title = std::string(family.editTitle),
+        .name = name,
+        .confirm = "Save",
+        .contentSize = kEditSize,
+        .pointsAt = {},
+        .endsWithTheView = kind != GroupingKind::Tag,
+        .close
+        = [this, kind](int tag, const std::string& text) { editPopoverClose(kind, tag, text); }});
 }
 
-Strips GroupWorkflows::stripsOf(const Lamps& lamps, const std::string& name) const
+void GroupWorkflows::select(const Lamps& lamps, const std::string& name)
 {
-    const bool details = m_log.shows(2);
-    if (details)
+    if (m_log.shows(2)) {
         m_log.line("lamps inclued in {}:", name);
-    Strips strips;
-    for (const auto& lamp : lamps) {
-        if (details)
+        for (const auto& lamp : lamps)
             m_log.line("{}, {}", lamp->id, lamp->label);
-        if (auto strip = m_panel.getStripWithID(lamp->id))
-            strips.push_back(std::move(strip));
     }
-    return strips;
+    m_stage.selection().setSelectedLampStripsAndShow(m_stage.stripsOfLamps(lamps));
 }
 
 // The name in the field is a key, by which the group is found again, and no new name for it: with
 // another text in it the edit is dropped, or goes to the group that has that name.
 void GroupWorkflows::editPopoverClose(GroupingKind kind, int tag, const std::string& name)
 {
-    closePopover();
-    m_panel.hideAllSelectionButtons();
+    m_stage.closeWorkflowPopover();
+    m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag) {
         const GroupingFamily& family = groupingFamily(kind);
         if (const auto id = family.idForName(m_engineRoom.registry(), name))
-            family.edit(m_engineRoom, *id, referencesTo(m_panel.getSelectedLampStrips()));
+            family.edit(
+                m_engineRoom, *id, referencesTo(m_stage.selection().getSelectedLampStrips()));
         else
             m_log.line("unable to find ID for {}", name);
     }
-    m_panel.unNavigate();
+    m_stage.unNavigate();
 }
 
 void GroupWorkflows::remove(GroupingKind kind, const std::string& name)
 {
     const GroupingFamily& family = groupingFamily(kind);
-    m_panel.saveWindowState();
-    const int pressed = m_panel.runModal(
+    m_stage.saveWindowState();
+    const int pressed = m_stage.runModal(
         {"Are you sure?", std::string(family.deleteText) + name, {"Delete", "Cancel"}});
     if (pressed != 0)
         return;
     if (const auto id = family.idForName(m_engineRoom.registry(), name))
         family.remove(m_engineRoom, *id);
-    m_panel.rebuild();
+    m_stage.rebuild();
 }
 
 void GroupWorkflows::fillMenus(bool withTags)
@@ -174,27 +170,7 @@ void GroupWorkflows::deleteGroupActionButton(const Rectangle& button)
 void GroupWorkflows::popUpOver(const Rectangle& button, MenuModel& menu)
 {
     constexpr float kBelowTheTop = 30;
-    m_panel.popUpMenu(menu, {button.x, button.y + kBelowTheTop});
-}
-
-void GroupWorkflows::closeEditPopovers()
-{
-    if (m_open == Open{Step::Edit, GroupingKind::Group}
-        || m_open == Open{Step::Edit, GroupingKind::Location})
-        closePopover();
-}
-
-void GroupWorkflows::showPopover(Open open, WorkflowPopover popover)
-{
-    popover.pointsAt = m_panel.popoverRectangle();
-    m_open = open;
-    m_panel.showWorkflowPopover(popover);
-}
-
-void GroupWorkflows::closePopover()
-{
-    m_open.reset();
-    m_panel.closeWorkflowPopover();
+    m_stage.popUpMenu(menu, {button.x, button.y + kBelowTheTop});
 }
 
 } // namespace lumeroom

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "app/WorkflowPanel.h"
+#include "app/GroupingFamily.h"
+#include "app/StripCollection.h"
 #include "strips/MenuModel.h"
 
 #include <array>
 
 namespace lumeroom {
 
-class EngineRoom;
 class Log;
+class WorkflowStage;
 
 /// Making, editing and deleting groups, locations and tags: the panel goes over to all lamps, the
 /// user picks some in place and confirms in a popover, and the panel goes back. While one popover
@@ -16,7 +17,7 @@ class Log;
 /// the engine finds is meant.
 class GroupWorkflows {
 public:
-    GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowPanel& panel);
+    GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowStage& stage);
     GroupWorkflows(const GroupWorkflows&) = delete;
     GroupWorkflows& operator=(const GroupWorkflows&) = delete;
 
@@ -43,20 +44,10 @@ public:
     void editGroupActionButton(const Rectangle& button);
     void deleteGroupActionButton(const Rectangle& button);
 
-    /// When the panel goes back by itself, an open edit of a group or location is dropped. One of a
-    /// tag, and whatever is being made, stays open.
-    void closeEditPopovers();
-
 private:
-    /// Brings the popover that is open to the front; it stays until one of its buttons is pressed.
+    /// Brings a popover that is open to the front; it stays until one of its buttons is pressed.
     bool anotherIsOpen() const;
 
-    enum class Step { Make, Edit };
-    struct Open {
-        Step step;
-        GroupingKind kind;
-        bool operator==(const Open&) const = default;
-    };
     struct Menus {
         MenuModel edit;
         MenuModel remove;
@@ -69,17 +60,14 @@ private:
     void editStep1(GroupingKind kind, const std::string& name);
     void editPopoverClose(GroupingKind kind, int tag, const std::string& name);
     void remove(GroupingKind kind, const std::string& name);
-    Strips stripsOf(const Lamps& lamps, const std::string& name) const;
-    void showPopover(Open open, WorkflowPopover popover);
-    void closePopover();
+    void select(const Lamps& lamps, const std::string& name);
     void popUpOver(const Rectangle& button, MenuModel& menu);
     Menus& menus(GroupingKind kind) { return m_menus.at(static_cast<std::size_t>(kind)); }
 
     EngineRoom& m_engineRoom;
     Log& m_log;
-    WorkflowPanel& m_panel;
+    WorkflowStage& m_stage;
     std::array<Menus, 3> m_menus;
-    std::optional<Open> m_open;
 };
 
 } // namespace lumeroom

@@ -1,16 +1,19 @@
 #pragma once
 
-#include "app/WorkflowPanel.h"
 #include "engine/EngineRoom.h"
+#include "strips/StripTarget.h"
 
 namespace lumeroom {
+
+/// What lamps can be gathered in.
+enum class GroupingKind { Group, Location, Tag };
 
 /// What sets one kind of grouping apart from the others in the workflows.
 struct GroupingFamily {
     StripType type; ///< of its strips
 
-    // The member's name follows these
-    std::string_view editDescription;
+    // Texts that end in the name of the group, location or tag
+    std::string_view editDescription; ///< beside the panel
     std::string_view deleteText;
     std::string_view notFound; ///< in the log, with a ":" behind the name
 

@@ -35,7 +35,6 @@ ManualController::ManualController(
     , m_stripFinder({runLoop, defaults, log, engineRoom, m_known, m_panelSetUp.collection(), *this})
     , m_scripting(m_known, m_panelSetUp.collection(), m_stripFinder, log, scriptingActions())
     , m_updateStrips(runLoop, [this] { updateStrips(); })
-    , m_updateLampStrips(runLoop, [this] { updateLampStrips(); })
 {
 }
 
@@ -53,9 +52,10 @@ PanelSetUp::Companions ManualController::companions()
         = [this](const auto& strip) { m_stage.selection().setRightmostSelectionButtonOf(strip); },
         .addToStatusMenu = [this](const auto& strip) { m_statusMenu.addStrip(*strip); },
         .fillEditMenus = [this](bool withTags) { fillEditMenus(withTags); },
-        .finish = [this] { populateLampsPopUp(); },
+        .finish = [this] { m_lampsPopUp.populateLampsPopUp(); },
         .placed = [this] { m_scripting.rebuild(); },
-        .closeEditPopovers = [this] { m_workflows.closeEditPopovers(); },
+        .closeEditPopovers = [this] { m_stage.closeEditPopovers(); },
+        .popoverIsOpen = [this] { return m_stage.popoverIsOpen(); },
     };
 }
 
@@ -92,9 +92,12 @@ Scripting::Actions ManualController::scriptingActions()
 
 void ManualController::awakeFromNib()
 {
+    if (m_log.shows(2))
+        m_log.line("manual window did load");
     m_defaults.setObject(keys::kVeryVerboseAtStartup, false);
     if (m_defaults.integerForKey(keys::kVerbosity) >= 2)
         m_defaults.setObject(keys::kVerbosity, 1); // high levels do not outlive a run
+    m_panelSetUp.restoreWindowSize();
     m_panel.setTitle(fmt::format("{} manual control panel", kBundleName));
     fillEditMenus(false);
     m_panel.setNavigation(m_panelSetUp.navigation().model(), navigationActions());
@@ -127,6 +130,8 @@ void ManualController::defaultsChanged()
 void ManualController::applicationShouldTerminate()
 {
     m_engineRoom.closeUp();
+    if (!m_panelSetUp.isSetUp())
+        return; // no lamp has been seen: the window and the order are those of another time
     m_panelSetUp.layoutManager().saveWindowState();
     m_panelSetUp.collection().saveStripOrder();
 }
@@ -173,7 +178,7 @@ void ManualController::newZoneAdded()
 {
     if (m_panelSetUp.navigation().filterType() == StripType::Zone)
         m_panelSetUp.refreshSoon();
-    lampZoneStatesChanged();
+    lampStatesChanged();
 }
 
 void ManualController::lampStatesChanged()
@@ -184,49 +189,37 @@ void ManualController::lampStatesChanged()
 void ManualController::updateStrips()
 {
     const Navigation& navigation = m_panelSetUp.navigation();
-    if (navigation.shows(StripType::Lamp))
-        m_reports.updateLamps(m_engineRoom.registry().lightsArray());
+    const LampRegistry& registry = m_engineRoom.registry();
+    m_reports.updateLamps(registry.distinctLamps());
+    if (const auto lamp = m_panelSetUp.lampOfZones())
+        m_reports.updateZones(*lamp);
     if (navigation.shows(StripType::Group))
-        m_reports.updateGroups(m_engineRoom.registry().groupsArray());
+        m_reports.updateGroups(registry.groupsArray());
     if (navigation.shows(StripType::Location))
-        m_reports.updateLocations(m_engineRoom.registry().locationssArray());
+        m_reports.updateLocations(registry.locationssArray());
     if (navigation.shows(StripType::Tag))
-        m_reports.updateTags(m_engineRoom.registry().tagsArray());
+        m_reports.updateTags(registry.tagsArray());
     if (navigation.model().all.state())
         m_reports.updateGroupAll();
     m_statusMenu.updateDockIcon();
     m_scripting.invalidate();
 }
 
-// The lamp's own values are the mean of its zones, and so are in the summaries as well.
 void ManualController::lampZoneStatesChanged()
 {
-    m_updateStrips.request();
-    m_updateLampStrips.request();
+    lampStatesChanged();
 }
 
 void ManualController::powerOfMultiZoneLampChanged()
 {
     lampStatesChanged();
-    m_updateLampStrips.request(); // the zones' rows show its power
-}
-
-void ManualController::updateLampStrips()
-{
-    const LampRegistry& registry = m_engineRoom.registry();
-    m_reports.updateLamps(registry.lightsArray());
-    const auto& filter = m_panelSetUp.navigation().filter();
-    const bool showsZones = filter && filter->type == StripType::Zone;
-    if (const auto lamp = showsZones ? registry.lampWithID(filter->id) : nullptr)
-        m_reports.updateZones(*lamp);
-    m_scripting.invalidate();
 }
 
 void ManualController::engineIsSsearching(bool) { }
 
 void ManualController::lampCapabilitiesChanged()
 {
-    m_updateLampStrips.request();
+    lampStatesChanged();
 }
 
 int ManualController::runModal(const Alert& alert)
@@ -258,14 +251,16 @@ Lamps ManualController::lampsOf(const StripTarget& group) const
     }
 }
 
-void ManualController::populateLampsPopUp()
+void ManualController::targetWasRenamed(LampControlStrip& strip)
 {
     m_lampsPopUp.populateLampsPopUp();
+    m_workflows.fillMenus(false); // tags keep their names
+    m_statusMenu.renameStrip(strip);
 }
 
 void ManualController::stripHasMissedReports()
 {
-    lampZoneStatesChanged();
+    lampStatesChanged();
 }
 
 void ManualController::stripHasChanged()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/GroupWorkflows.h"
-#include "app/LampsPopUp.h"
 #include "app/PanelSetUp.h"
 #include "app/Scripting.h"
 #include "app/StatusMenu.h"
@@ -10,6 +9,7 @@
 #include "base/CallSoon.h"
 #include "base/UserDefaults.h"
 #include "engine/QVLIFXEngineDelegate.h"
+#include "strips/LampsPopUp.h"
 
 namespace lumeroom {
 
@@ -63,7 +63,7 @@ public:
     const UserDefaults& userDefaults() const override { return m_defaults; }
     void sendSettingsToStripsInGroup(
         const StripSettings& settings, const StripTarget& group) override;
-    void populateLampsPopUp() override;
+    void targetWasRenamed(LampControlStrip& strip) override;
     void stripHasMissedReports() override;
     void stripHasChanged() override;
     void viewDidBeginDragging() override;
@@ -80,7 +80,6 @@ private:
     void fillEditMenus(bool withTags);
     void defaultsChanged();
     void updateStrips();
-    void updateLampStrips();
     Scripting::Actions scriptingActions();
     Lamps lampsOf(const StripTarget& group) const;
 
@@ -98,9 +97,8 @@ private:
     KnownThings m_known;
     StripFinder m_stripFinder;
     Scripting m_scripting;
-    // Many reports come in a row: the strips are brought up to date once, after all of them.
+    /// Many reports come in a row: the strips are brought up to date once, after all of them.
     CallSoon m_updateStrips;
-    CallSoon m_updateLampStrips;
     std::int64_t m_colourPickerType = 0; ///< that the strips were built with
     std::int64_t m_groupPowerStateBasedOn = 0; ///< that the strips of groups show
     DefaultsObservation m_defaultsObservation;

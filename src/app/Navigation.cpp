@@ -41,11 +41,7 @@ void Navigation::turnSomethingOn()
 void Navigation::navigateLampsInTypeID(
     const std::string& description, StripType type, const std::string& id)
 {
-    m_model.description = description;
-    m_model.isFiltered = true;
-    if (m_model.onChange)
-        m_model.onChange();
-    m_filter = NavigationFilter{type, id};
+    setFilter(NavigationFilter{type, id, description});
     m_actions.saveWindowState();
     m_actions.rebuild();
 }
@@ -76,12 +72,16 @@ void Navigation::navigateToTag(const LampControlStrip& strip)
 
 void Navigation::unNavigate()
 {
-    m_model.isFiltered = false;
+    setFilter({});
+    m_actions.closeEditPopovers();
+    m_actions.rebuild();
+}
+
+void Navigation::setFilter(std::optional<NavigationFilter> filter)
+{
+    m_model.filter = std::move(filter);
     if (m_model.onChange)
         m_model.onChange();
-    m_actions.closeEditPopovers();
-    m_filter.reset();
-    m_actions.rebuild();
 }
 
 } // namespace lumeroom

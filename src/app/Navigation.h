@@ -1,9 +1,6 @@
 #pragma once
 
-#include "app/NavigationFilter.h"
 #include "app/NavigationModel.h"
-
-#include <optional>
 
 namespace lumeroom {
 
@@ -24,9 +21,9 @@ public:
 
     NavigationModel& model() { return m_model; }
     const NavigationModel& model() const { return m_model; }
-    const std::optional<NavigationFilter>& filter() const { return m_filter; }
+    const std::optional<NavigationFilter>& filter() const { return m_model.filter; }
     /// Of the filter; `None` without one.
-    StripType filterType() const { return m_filter ? m_filter->type : StripType::None; }
+    StripType filterType() const { return filter() ? filter()->type : StripType::None; }
     /// Whether strips of this kind show at the main level.
     bool shows(StripType type) const;
     /// With no button on, the panel shows lamps.
@@ -41,9 +38,10 @@ public:
     void unNavigate();
 
 private:
+    void setFilter(std::optional<NavigationFilter> filter);
+
     Actions m_actions;
     NavigationModel m_model;
-    std::optional<NavigationFilter> m_filter;
 };
 
 } // namespace lumeroom

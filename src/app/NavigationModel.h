@@ -2,8 +2,19 @@
 
 #include "base/Geometry.h"
 #include "strips/Controls.h"
+#include "strips/StripTarget.h"
+
+#include <optional>
 
 namespace lumeroom {
+
+/// What the panel is narrowed down to: the lamps of a group, location or tag, or the zones of a
+/// lamp. Type `None` with ID "0" means all lamps and nothing else.
+struct NavigationFilter {
+    StripType type = StripType::None;
+    std::string id;
+    std::string description; ///< for the user
+};
 
 /// The navigation beside the panel: five switches for the kinds of strips to show, and in their
 /// place, while a filter is set, the way back with a description of what is shown.
@@ -18,9 +29,8 @@ struct NavigationModel {
     ButtonModel editGroup{0, ButtonModel::Kind::Momentary};
     ButtonModel deleteGroup{0, ButtonModel::Kind::Momentary};
 
-    bool isFiltered = false;
-    std::string description;
-    /// The view's wish to be told of changes in the last two.
+    std::optional<NavigationFilter> filter;
+    /// The view's wish to be told of a change of the filter.
     std::function<void()> onChange;
 };
 

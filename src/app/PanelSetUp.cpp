@@ -7,6 +7,7 @@
 #include "engine/EngineRoom.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace lumeroom {
@@ -49,6 +50,7 @@ void PanelSetUp::setUp()
     if ((!lamps || lamps->empty()) && m_navigation.filterType() == StripType::None) {
         if (m_environment.log.shows(1))
             m_environment.log.line("No lights found, trying again in 1.5s");
+        hideFormerRows();
         m_environment.panel.startThrobber();
         m_retry = m_environment.runLoop.after(kSetUpRetry, [this] { setUp(); });
         return;
@@ -62,6 +64,7 @@ void PanelSetUp::setUp()
     m_environment.companions.fillEditMenus(showsTags);
 
     m_collection.applySortOrder();
+    hideFormerRows();
     recalculateControlStripPositions();
     m_environment.companions.finish();
     m_setUp = true;
@@ -75,7 +78,7 @@ std::optional<Lamps> PanelSetUp::lampsToShow() const
     const LampRegistry& registry = m_environment.engineRoom.registry();
     switch (m_navigation.filterType()) {
     case StripType::None:
-        return registry.lightsArray();
+        return registry.distinctLamps();
     case StripType::Group:
         return registry.lightsArrayForGroup(filter->id);
     case StripType::Location:
@@ -98,9 +101,8 @@ void PanelSetUp::addLampStrips(const Lamps& lamps)
         return;
     // Narrowed down, the lamps are gone through again. A strip that was on the panel before is
     // given out again and shows once; one that was not shows twice.
-    for (const auto& lamp : lamps) {
+    for (const auto& lamp : lamps)
         addStrip(StripRecord::of(*lamp), StripType::Lamp, std::nullopt);
-    }
 }
 
 void PanelSetUp::addGroupStrips()
@@ -134,11 +136,16 @@ void PanelSetUp::addGroupStrips()
         add(StripRecord::ofAll(summaries.settingsForGroup(kAllLampsId)), StripType::Group, 0);
 }
 
-void PanelSetUp::addZoneStrips()
+std::shared_ptr<Lamp> PanelSetUp::lampOfZones() const
 {
     if (m_navigation.filterType() != StripType::Zone)
-        return;
-    const auto lamp = m_environment.engineRoom.registry().lampWithID(m_navigation.filter()->id);
+        return nullptr;
+    return m_environment.engineRoom.registry().lampWithID(m_navigation.filter()->id);
+}
+
+void PanelSetUp::addZoneStrips()
+{
+    const auto lamp = lampOfZones();
     if (!lamp)
         return;
     for (const Zone& zone : lamp->zonesInOrder())
@@ -154,21 +161,13 @@ void PanelSetUp::addStrip(const StripRecord& record, StripType type, std::option
     m_collection.add(strip);
 }
 
-bool PanelSetUp::popoverIsOpen() const
-{
-    const auto& strips = m_collection.strips();
-    return std::any_of(strips.begin(), strips.end(), [](const auto& strip) {
-        return strip->popoverIsOpen();
-    }) || m_environment.panel.popoverIsOpen();
-}
-
-bool PanelSetUp::rowIsBeingDragged() const
+bool PanelSetUp::isInUse() const
 {
     const auto& strips = m_collection.strips();
     return std::any_of(strips.begin(), strips.end(), [](const auto& strip) {
         const auto* view = strip->getControlStripView();
-        return view && view->isBeingDragged();
-    });
+        return view && view->isInUse();
+    }) || m_environment.companions.popoverIsOpen();
 }
 
 bool PanelSetUp::anActionIsPending() const
@@ -180,7 +179,7 @@ bool PanelSetUp::anActionIsPending() const
 
 void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
 {
-    if (!m_collection.strips().empty() && (popoverIsOpen() || rowIsBeingDragged())) {
+    if (!m_collection.strips().empty() && isInUse()) {
         deferRefresh(kRefreshDeferral, recycling);
         return;
     }
@@ -195,14 +194,27 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
         recycling = false;
     if (!recycling)
         m_factory.forgetRecycled();
-    for (const auto& strip : m_collection.strips()) {
+    m_former = m_collection.strips();
+    for (const auto& strip : m_former) {
         strip->deactivate();
         if (recycling)
             m_factory.recycleStrip(strip);
-        if (auto* view = strip->getControlStripView())
+    }
+    m_environment.panel.keepFocus();
+    setUp();
+}
+
+/// Only the rows that are no longer on the panel: one that goes out of sight, even for a moment,
+/// takes the keyboard's place and the scroll bar's with it.
+void PanelSetUp::hideFormerRows()
+{
+    const auto& strips = m_collection.strips();
+    const std::set<std::shared_ptr<LampControlStrip>> shown(strips.begin(), strips.end());
+    for (const auto& strip : std::exchange(m_former, {})) {
+        auto* view = strip->getControlStripView();
+        if (view && !shown.contains(strip))
             view->setShown(false);
     }
-    setUp();
 }
 
 void PanelSetUp::deferRefresh(Seconds delay, bool recycling)
@@ -253,11 +265,18 @@ void PanelSetUp::recalculateControlStripPositions()
     m_environment.companions.placed();
 }
 
+void PanelSetUp::restoreWindowSize()
+{
+    if (const auto size = m_layoutManager.storedWindowSize())
+        m_environment.panel.setContentSize(*size);
+}
+
 void PanelSetUp::switchTheme(int theme)
 {
     m_layoutManager.saveWindowState();
     m_collection.saveStripOrder();
     m_layoutManager.setTheme(theme);
+    restoreWindowSize();
     m_environment.defaults.setObject(keys::kCurrentTheme, theme);
     refreshSetUpUsingRecycling(false);
 }

@@ -28,6 +28,8 @@ public:
         std::function<void()> placed;
         /// The panel goes back from what it was navigated to.
         std::function<void()> closeEditPopovers;
+        /// While the user edits in a popover over the panel, it is not built anew.
+        std::function<bool()> popoverIsOpen;
     };
     struct Environment {
         RunLoop& runLoop;
@@ -52,22 +54,28 @@ public:
     void refreshSetUpUsingRecycling(bool recycling);
     /// The same, with all that becomes known in the next 1.5 seconds.
     void refreshSoon();
+    /// The lamp whose zones are on the panel; null in other views.
+    std::shared_ptr<Lamp> lampOfZones() const;
     /// Of the container of the strips, which fills what it scrolls in.
     Size containerSize() const;
     /// Places every strip that the user does not hold, and fits the window and its scroll bars.
     void recalculateControlStripPositions();
+    /// Gives the window the size that is stored for the layout, which a grid wraps to.
+    void restoreWindowSize();
+    /// A pass has found lamps: there are rows and an order to remember.
+    bool isSetUp() const { return m_setUp; }
     /// Only strips of this layout come back.
     void switchTheme(int theme);
 
 private:
-    bool popoverIsOpen() const;
-    bool rowIsBeingDragged() const;
+    bool isInUse() const;
     bool anActionIsPending() const;
     void deferRefresh(Seconds delay, bool recycling);
     std::optional<Lamps> lampsToShow() const;
     void addLampStrips(const Lamps& lamps);
     void addGroupStrips();
     void addZoneStrips();
+    void hideFormerRows();
     void addStrip(const StripRecord& record, StripType type, std::optional<int> tag);
 
     Environment m_environment;
@@ -75,6 +83,7 @@ private:
     Navigation m_navigation;
     StripCollection m_collection;
     StripFactory m_factory;
+    Strips m_former; ///< whose rows show until the new ones stand
     bool m_attemptedSetUp = false;
     bool m_setUp = false; ///< a pass has found lamps
     bool m_setUpBuffered = false; ///< a rebuild is coming and takes in whatever is new by then

@@ -20,6 +20,7 @@ struct WorkflowPopover {
     std::string confirm; ///< the title of the second button; the first is "Cancel"
     Size contentSize; ///< the least that it takes
     Rectangle pointsAt; ///< in the container of the strips
+    bool endsWithTheView = false; ///< dropped when the panel goes back by itself
     /// A button was pressed; with its tag and the text of the name field.
     std::function<void(int tag, const std::string& name)> close;
 };
@@ -51,6 +52,8 @@ public:
     virtual void setContentMinSize(Size size) = 0;
     virtual void setContentMaxSize(Size size) = 0;
     virtual void setScrollers(bool horizontal, bool vertical) = 0;
+    /// Before the rows are made anew: the keyboard comes back to where it is now, if it can.
+    virtual void keepFocus() = 0;
     /// The rows in the order in which the keyboard goes through them.
     virtual void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) = 0;
 
@@ -60,8 +63,6 @@ public:
     /// Where a popover is open, its name field has the keyboard again.
     virtual void bringWorkflowPopoverToFront() = 0;
     virtual void closeWorkflowPopover() = 0;
-    /// While the user edits in a popover, the panel must not be rebuilt under it.
-    virtual bool popoverIsOpen() const = 0;
 };
 
 } // namespace lumeroom

@@ -41,9 +41,25 @@ void StatusMenu::addStrip(LampControlStrip& strip)
     m_statusMenu.addItem(std::move(item));
 }
 
+// An entry keeps its title: the views of the menu tell by it what has stayed.
+void StatusMenu::renameStrip(LampControlStrip& strip)
+{
+    const auto entry = strip.statusBarMenuItem();
+    const auto items = m_statusMenu.items();
+    if (!entry)
+        return;
+    m_statusMenu.removeAllItems();
+    for (const auto& item : items) {
+        if (item == entry)
+            addStrip(strip);
+        else
+            m_statusMenu.addItem(item);
+    }
+}
+
 void StatusMenu::countLampsLit()
 {
-    const Lamps& lamps = m_registry.lightsArray();
+    const Lamps& lamps = m_registry.distinctLamps();
     m_lightsOn = static_cast<int>(std::count_if(
         lamps.begin(), lamps.end(), [](const auto& lamp) { return lamp->onoff.value_or(false); }));
 }

@@ -31,6 +31,8 @@ public:
     void begin();
     /// An entry that switches the strip's target over and shows its colour.
     void addStrip(LampControlStrip& strip);
+    /// The strip's entry, where it has one, takes its present name.
+    void renameStrip(LampControlStrip& strip);
 
     void countLampsLit();
     int lightsOn() const { return m_lightsOn; }

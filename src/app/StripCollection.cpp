@@ -71,8 +71,10 @@ std::shared_ptr<LampControlStrip> StripCollection::getGroupStripWithID(std::stri
 Strips StripCollection::stripsOfLamps(const std::vector<std::shared_ptr<Lamp>>& lamps) const
 {
     Strips strips;
+    std::set<const LampControlStrip*> given; // a lamp can have a record for each of two addresses
     for (const auto& lamp : lamps) {
-        if (auto strip = getStripWithID(lamp->id))
+        auto strip = getStripWithID(lamp->id);
+        if (strip && given.insert(strip.get()).second)
             strips.push_back(std::move(strip));
     }
     return strips;

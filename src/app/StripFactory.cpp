@@ -13,21 +13,6 @@
 
 namespace lumeroom {
 
-namespace {
-
-/// The well takes the brightness as the lamp has it, 0 to 255, without scaling it down: until the
-/// lamp's first report, a new row's well is as bright as it can be.
-Colour wellColour(const StripSettings& settings)
-{
-    Colour colour;
-    colour.hue = static_cast<float>(settings.colour.value_or(0) / 65535);
-    colour.saturation = static_cast<float>((255 - settings.saturation.value_or(0)) / 255);
-    colour.brightness = static_cast<float>(settings.brightness.value_or(0));
-    return colour;
-}
-
-} // namespace
-
 StripFactory::StripFactory(const Environment& environment)
     : m_environment(environment)
 {
@@ -44,17 +29,17 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     }
 
     StripSettings shown = record.settings;
-    shown.label = shown.label && !shown.label->empty() ? *shown.label : record.id;
+    shown.label = shown.label.value_or(record.id);
     shown.onoff = shown.onoff.value_or(false);
     for (auto* value : {&shown.brightness, &shown.colour, &shown.saturation, &shown.warmth})
         *value = value->value_or(0);
     strip->setCapabilities(record.capabilities.value_or(kCapabilitiesColourLamp));
-    strip->implementSettingsFromDictionaryWithoutActing(shown);
     // To the last fraction, which a report does not care for.
     strip->brightnessSlider().setValue(static_cast<float>(*shown.brightness));
     strip->colourSlider().setValue(static_cast<float>(*shown.colour));
     strip->satSlider().setValue(static_cast<float>(*shown.saturation));
     strip->warmthSlider().setValue(static_cast<float>(*shown.warmth));
+    strip->implementSettingsFromDictionaryWithoutActing(shown);
     strip->setSelected(false);
     strip->showSelectedButton(false);
     setUpBadge(*strip);
@@ -63,7 +48,6 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
         showZones(*strip, record.zones);
     strip->colourWell().setHidden(
         m_environment.defaults.integerForKey(keys::kColourPickerType) != 0);
-    strip->colourWell().setColour(wellColour(shown));
 
     strip->setOwner(&m_environment.owner);
     if (auto* view = strip->getControlStripView())
@@ -103,8 +87,9 @@ void StripFactory::setUpNavigationButton(LampControlStrip& strip) const
     if (!leadsOn)
         return;
     // Locations and tags are counted as groups: of two things with one ID, the group counts.
-    button.setToolTip(fmt::format("View {} lamps",
-        m_environment.engineRoom.registry().lightsArrayForGroup(strip.getID()).size()));
+    const LampRegistry& registry = m_environment.engineRoom.registry();
+    button.setToolTip(
+        fmt::format("View {} lamps", registry.lightsArrayForGroup(strip.getID()).size()));
     switch (strip.type()) {
     case StripType::Location:
         button.setAction([&navigation, target] { navigation.navigateToLocation(*target); });

@@ -4,12 +4,22 @@
 
 namespace lumeroom {
 
+namespace {
+
+/// A lamp that has no name, or has not told it yet, takes none from its row.
+std::optional<std::string> nameFrom(const std::string& label)
+{
+    return label.empty() ? std::nullopt : std::optional(label);
+}
+
+} // namespace
+
 StripRecord StripRecord::of(const Lamp& lamp)
 {
     StripRecord record{lamp.id, {}, lamp.capabilities, lamp.zones ? lamp.zones->size() : 0};
     record.settings.adopt(lamp);
     record.settings.onoff = lamp.onoff;
-    record.settings.label = lamp.label;
+    record.settings.label = nameFrom(lamp.label);
     record.settings.reports = lamp.reports;
     return record;
 }
@@ -20,7 +30,7 @@ StripRecord StripRecord::of(
     StripRecord record{id, {}, {}, 0};
     record.settings.adopt(summary);
     record.settings.onoff = summary.onoff;
-    record.settings.label = label;
+    record.settings.label = nameFrom(label);
     return record;
 }
 

@@ -1,6 +1,5 @@
 #include "app/WorkflowStage.h"
 
-#include "app/GroupingFamily.h"
 #include "app/PanelSetUp.h"
 
 namespace lumeroom {
@@ -12,10 +11,10 @@ WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel)
 {
 }
 
-void WorkflowStage::navigateLampsInTypeID(
-    const std::string& description, StripType type, const std::string& id)
+void WorkflowStage::navigateToAllLamps(const std::string& description)
 {
-    m_panelSetUp.navigation().navigateLampsInTypeID(description, type, id);
+    m_panelSetUp.navigation().navigateLampsInTypeID(
+        description, StripType::None, std::string(kAllLampsId));
 }
 
 void WorkflowStage::unNavigate()
@@ -33,34 +32,14 @@ void WorkflowStage::saveWindowState()
     m_panelSetUp.layoutManager().saveWindowState();
 }
 
-bool WorkflowStage::isShown(GroupingKind kind) const
+bool WorkflowStage::isShown(StripType type) const
 {
-    return m_panelSetUp.navigation().shows(groupingFamily(kind).type);
+    return m_panelSetUp.navigation().shows(type);
 }
 
-std::shared_ptr<LampControlStrip> WorkflowStage::getStripWithID(std::string_view id) const
+Strips WorkflowStage::stripsOfLamps(const Lamps& lamps) const
 {
-    return m_panelSetUp.collection().getStripWithID(id);
-}
-
-void WorkflowStage::deselectAndShowAllLampSelectionButtons()
-{
-    m_selection.deselectAndShowAllLampSelectionButtons();
-}
-
-void WorkflowStage::setSelectedLampStripsAndShow(const Strips& strips)
-{
-    m_selection.setSelectedLampStripsAndShow(strips);
-}
-
-void WorkflowStage::hideAllSelectionButtons()
-{
-    m_selection.hideAllSelectionButtons();
-}
-
-Strips WorkflowStage::getSelectedLampStrips() const
-{
-    return m_selection.getSelectedLampStrips();
+    return m_panelSetUp.collection().stripsOfLamps(lamps);
 }
 
 Rectangle WorkflowStage::popoverRectangle() const
@@ -73,9 +52,11 @@ Rectangle WorkflowStage::popoverRectangle() const
     return rectangle;
 }
 
-void WorkflowStage::showWorkflowPopover(const WorkflowPopover& popover)
+void WorkflowStage::showWorkflowPopover(WorkflowPopover popover)
 {
-    m_panel.showWorkflowPopover(popover);
+    popover.pointsAt = popoverRectangle();
+    m_popover = std::move(popover);
+    m_panel.showWorkflowPopover(*m_popover);
 }
 
 void WorkflowStage::bringWorkflowPopoverToFront()
@@ -85,7 +66,14 @@ void WorkflowStage::bringWorkflowPopoverToFront()
 
 void WorkflowStage::closeWorkflowPopover()
 {
+    m_popover.reset();
     m_panel.closeWorkflowPopover();
+}
+
+void WorkflowStage::closeEditPopovers()
+{
+    if (m_popover && m_popover->endsWithTheView)
+        closeWorkflowPopover();
 }
 
 int WorkflowStage::runModal(const Alert& alert)

@@ -1,41 +1,52 @@
 #pragma once
 
+#include "app/PanelView.h"
 #include "app/StripSelection.h"
-#include "app/WorkflowPanel.h"
+
+#include <optional>
 
 namespace lumeroom {
 
+class MenuModel;
 class PanelSetUp;
 
-/// The panel as the workflows use it.
-class WorkflowStage : public WorkflowPanel {
+/// The panel as the workflows use it that pick lamps in place, and the one popover that can be open
+/// over it.
+class WorkflowStage {
 public:
     WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel);
 
     StripSelection& selection() { return m_selection; }
 
-    void navigateLampsInTypeID(
-        const std::string& description, StripType type, const std::string& id) override;
-    void unNavigate() override;
-    void rebuild() override;
-    void saveWindowState() override;
-    bool isShown(GroupingKind kind) const override;
-    std::shared_ptr<LampControlStrip> getStripWithID(std::string_view id) const override;
-    void deselectAndShowAllLampSelectionButtons() override;
-    void setSelectedLampStripsAndShow(const Strips& strips) override;
-    void hideAllSelectionButtons() override;
-    Strips getSelectedLampStrips() const override;
-    Rectangle popoverRectangle() const override;
-    void showWorkflowPopover(const WorkflowPopover& popover) override;
-    void bringWorkflowPopoverToFront() override;
-    void closeWorkflowPopover() override;
-    int runModal(const Alert& alert) override;
-    void popUpMenu(MenuModel& menu, Point at) override;
+    /// Narrows the panel down to all lamps, under a description.
+    void navigateToAllLamps(const std::string& description);
+    void unNavigate();
+    /// Builds the panel anew, with the strips that there are.
+    void rebuild();
+    void saveWindowState();
+    /// Whether the navigation's switch for strips of this kind is on.
+    bool isShown(StripType type) const;
+    /// The strips of these lamps, as far as they are on the panel.
+    Strips stripsOfLamps(const Lamps& lamps) const;
+
+    bool popoverIsOpen() const { return m_popover.has_value(); }
+    /// Shows it beside the strips; the place that it points at is filled in.
+    void showWorkflowPopover(WorkflowPopover popover);
+    void bringWorkflowPopoverToFront();
+    void closeWorkflowPopover();
+    /// The panel goes back by itself: what may end with that is dropped.
+    void closeEditPopovers();
+    int runModal(const Alert& alert);
+    /// Pops the menu up as a context menu at this point of the window.
+    void popUpMenu(MenuModel& menu, Point at);
 
 private:
+    Rectangle popoverRectangle() const;
+
     PanelSetUp& m_panelSetUp;
     PanelView& m_panel;
     StripSelection m_selection;
+    std::optional<WorkflowPopover> m_popover;
 };
 
 } // namespace lumeroom

@@ -9,12 +9,11 @@ namespace lumeroom {
 
 Rgba rgbaFrom(const Colour& colour)
 {
-    const float brightness = std::clamp(colour.brightness, 0.0F, 1.0F);
     // One of six ramps for each component, each a third of a turn from the next.
-    const auto component = [&colour, brightness](float turn) {
+    const auto component = [&colour](float turn) {
         const float place = std::fmod(colour.hue * 6.0F + turn, 6.0F);
         const float ramp = std::clamp(std::min(place, 4.0F - place), 0.0F, 1.0F);
-        return brightness * (1.0F - colour.saturation * ramp);
+        return colour.brightness * (1.0F - colour.saturation * ramp);
     };
     return {component(5), component(3), component(1), colour.alpha};
 }

@@ -28,8 +28,7 @@ struct Rgba {
     bool operator==(const Rgba&) const = default;
 };
 
-/// The usual hexcone conversion. A brightness beyond 1, as a well may hold it in lamp units, counts
-/// as 1.
+/// The usual hexcone conversion.
 Rgba rgbaFrom(const Colour& colour);
 
 /// The kelvin if it lies in the range that the warmth slider and the picker can show.

@@ -52,7 +52,7 @@ Value::Data archivedColour(Colour& colour)
     return keyedArchiveOf({
         {std::string(kHue), static_cast<double>(colour.hue)},
         {std::string(kSaturation), static_cast<double>(colour.saturation)},
-        {std::string(kBrightness), std::clamp(static_cast<double>(colour.brightness), 0.0, 1.0)},
+        {std::string(kBrightness), static_cast<double>(colour.brightness)},
         {std::string(kKelvin), *colour.kelvin},
     });
 }

@@ -14,11 +14,25 @@ LampControlStrip::LampControlStrip(std::string id, StripType type, RunLoop& runL
     , m_controls(runLoop, *this)
     , m_embargo(runLoop, [this] { embargoHasLifted(); })
 {
+    setUpNamesAndPower();
 }
 
 LampControlStrip::~LampControlStrip()
 {
     releaseStatusBarMenuItem();
+}
+
+/// Not every target has a name and a power of its own.
+void LampControlStrip::setUpNamesAndPower()
+{
+    m_controls.renameButton.setAction([this] { showReNamePopover(); });
+    m_controls.renameButton.setHidden(m_target.id == kAllLampsId && isGroup());
+    if (type() != StripType::Zone)
+        return;
+    m_controls.onOffButton.setEnabled(false);
+    m_controls.onOffButton.setToolTip("A zone goes on and off with its lamp");
+    m_controls.renameButton.setEnabled(false);
+    m_controls.renameButton.setToolTip("A zone is named by its number");
 }
 
 void LampControlStrip::setCapabilities(int capabilities)
@@ -279,7 +293,7 @@ void LampControlStrip::reName(const std::string& name)
     if (m_engineRoom)
         m_target.rename(*m_engineRoom, name);
     if (m_owner)
-        m_owner->populateLampsPopUp();
+        m_owner->targetWasRenamed(*this);
     tellOwnerOfChange();
 }
 

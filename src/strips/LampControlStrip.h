@@ -29,6 +29,7 @@ public:
     const TextModel& label() const { return m_controls.label; }
     ButtonModel& onOffButton() { return m_controls.onOffButton; }
     ButtonModel& getSelectedButton() { return m_controls.selectedButton; }
+    ButtonModel& renameButton() { return m_controls.renameButton; }
     ButtonModel& effectButton() { return m_controls.effectButton; }
     BadgeModel& kindBadge() { return m_controls.kindBadge; }
     /// Leads to the strips of the lamps or zones behind this one. Hidden where there are none.
@@ -50,8 +51,8 @@ public:
     int tag() const { return m_tag; }
     void setTag(int tag) { m_tag = tag; }
     int capabilities() const { return m_capabilities; }
-    /// Without colour the saturation slider is disabled and the well shows greys; without variable
-    /// white the warmth slider is disabled.
+    /// Without colour the sliders of hue and saturation are disabled and the well shows greys;
+    /// without variable white the warmth slider is disabled.
     void setCapabilities(int capabilities);
     void showSelectedButton(bool shown) { m_controls.selectedButton.setHidden(!shown); }
     void setSelected(bool selected) { m_controls.selectedButton.setState(selected); }
@@ -94,7 +95,6 @@ public:
     void showReNamePopover();
     /// What the user did within the last tenth of a second is yet to be sent.
     bool hasPendingAction() const { return m_controls.hasPendingAction(); }
-    bool popoverIsOpen() const { return m_view && m_view->popoverIsOpen(); }
     /// The rename popover closes with this text in its field.
     void popoverShouldClose(const std::string& fieldText);
     void reName(const std::string& name);
@@ -108,6 +108,7 @@ public:
 
     /// Choosing the item switches the target over; its picture follows the strip.
     void setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item);
+    const std::shared_ptr<MenuItemModel>& statusBarMenuItem() const { return m_statusBarMenuItem; }
 
     // The view is dragged to another place
     void viewDidBeginDragging();
@@ -115,6 +116,7 @@ public:
     void viewDidFinishDragging();
 
 private:
+    void setUpNamesAndPower();
     void actForGroup(const ControlModel& sender, const Settings& full);
     void actForGroupOnOff(const Settings& full);
     void actForLamp(const ControlModel& sender, const Settings& full);

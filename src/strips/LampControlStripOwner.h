@@ -33,7 +33,8 @@ public:
     virtual void sendSettingsToStripsInGroup(
         const StripSettings& settings, const StripTarget& group)
         = 0;
-    virtual void populateLampsPopUp() = 0;
+    /// The strip has given its target another name.
+    virtual void targetWasRenamed(LampControlStrip& strip) = 0;
     /// An embargo is over that kept reports from a strip. The engine tells a change only once, so
     /// the records have to be shown again.
     virtual void stripHasMissedReports() = 0;
@@ -69,12 +70,14 @@ public:
     virtual void setShown(bool shown) = 0;
     /// The user has it by its handle.
     virtual bool isBeingDragged() const = 0;
+    /// The user has the row or one of its controls in hand, or its popover or menu open: it must
+    /// not be taken away.
+    virtual bool isInUse() const = 0;
     /// Whether the row lies at this point of the container.
     virtual bool hitTest(Point point) const = 0;
 
     /// Opens the popover under the label, with the present name in its field.
     virtual void showReNamePopover(const std::string& name) = 0;
-    virtual bool popoverIsOpen() const = 0;
     /// Pops the menu up at the effect button; what is chosen goes to `chooseFromEffectMenu`.
     virtual void popUpEffectMenu(const std::vector<EffectMenuItem>& menu) = 0;
 };

@@ -203,6 +203,14 @@ float LayoutManager::storedLength(std::string_view key, float computed) const
     return computed;
 }
 
+std::optional<Size> LayoutManager::storedWindowSize() const
+{
+    if (!hasPreviousForCurrentTheme())
+        return {};
+    const Size size{storedLength(kWidth, 0), storedLength(kHeight, 0)};
+    return size.width > 0 && size.height > 0 ? std::optional(size) : std::nullopt;
+}
+
 // The height for rows is a product of two lengths, and so reaches far beyond the panel.
 Rectangle LayoutManager::getRectFormakeGroupPopover(float containerWidth) const
 {

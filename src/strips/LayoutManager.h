@@ -3,6 +3,7 @@
 #include "base/Geometry.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace lumeroom {
@@ -69,6 +70,8 @@ public:
     /// Stores the window's size for the theme, and the theme.
     void saveWindowState();
     bool hasPreviousForCurrentTheme() const;
+    /// What is stored for the theme; nothing if that is no usable size.
+    std::optional<Size> storedWindowSize() const;
 
 private:
     std::string_view windowStateKey() const;

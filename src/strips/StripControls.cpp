@@ -50,7 +50,9 @@ bool StripControls::hasPendingAction() const
 
 void StripControls::setCapabilities(int capabilities)
 {
-    satSlider.setEnabled((capabilities & kCapabilityColour) != 0);
+    const bool hasColour = (capabilities & kCapabilityColour) != 0;
+    colourSlider.setEnabled(hasColour);
+    satSlider.setEnabled(hasColour);
     warmthSlider.setEnabled((capabilities & kCapabilityVariableWhite) != 0);
     colourWell.setCapabilities(capabilities);
 }

@@ -17,6 +17,7 @@ struct StripControls {
     ButtonModel selectedButton{controltag::kSelectionButton};
     ButtonModel effectButton{controltag::kEffectButton, ButtonModel::Kind::Momentary};
     BadgeModel kindBadge{controltag::kKindBadge};
+    ButtonModel renameButton{controltag::kRenameButton, ButtonModel::Kind::Momentary};
     ButtonModel navigationButton{controltag::kNavigationButton, ButtonModel::Kind::Momentary};
     ZTSlider brightnessSlider;
     SliderModel colourSlider;

@@ -19,7 +19,8 @@ void StripEmbargo::imposeTemporaryEmbargo()
     m_timer = m_runLoop.after(kFirstLook, [this] { removeEmbargo(); });
 }
 
-// Whoever else has set the flag since is not asked: a strip that fell out of use hears no reports.
+// It lifts the flag whoever set it last, also that of a strip which has gone out of use since: no
+// report is brought to such a strip.
 void StripEmbargo::removeEmbargo()
 {
     if (m_runLoop.elapsed() <= m_until) {

@@ -8,6 +8,15 @@ namespace lumeroom::test {
 
 using Names = std::vector<std::string>;
 
+/// The menu's entries as a reader sees them; "-" for a line between them.
+inline Names titles(const MenuModel& menu)
+{
+    Names list;
+    for (const auto& item : menu.items())
+        list.push_back(item->isSeparator() ? "-" : item->title());
+    return list;
+}
+
 /// The controller over an engine with fake sockets and a panel without a window.
 struct Controller : EngineHarness {
     void launch()

@@ -16,7 +16,11 @@ public:
     Size size() const override { return m_size; }
     Point origin() const override { return m_origin; }
     void setOrigin(Point origin, bool) override { m_origin = origin; }
-    void setShown(bool now) override { shown = now; }
+    void setShown(bool now) override
+    {
+        shown = now;
+        timesHidden += now ? 0 : 1;
+    }
     bool isBeingDragged() const override { return dragged; }
     bool hitTest(Point point) const override
     {
@@ -24,11 +28,12 @@ public:
             && point.y < m_origin.y + m_size.height;
     }
     void showReNamePopover(const std::string&) override { popover = true; }
-    bool popoverIsOpen() const override { return popover; }
+    bool isInUse() const override { return popover || dragged; }
     void popUpEffectMenu(const std::vector<EffectMenuItem>&) override { }
 
     LampControlStrip& strip;
     bool shown = false;
+    int timesHidden = 0;
     bool dragged = false;
     bool popover = false;
 
@@ -72,6 +77,7 @@ public:
     {
         scrollers = {horizontal, vertical};
     }
+    void keepFocus() override { }
     void setKeyboardOrder(const std::vector<LampControlStripView*>& now) override
     {
         ++builds;
@@ -79,11 +85,14 @@ public:
         for (auto* row : now)
             rows.push_back(static_cast<FakeRow*>(row));
     }
-    void popUpMenu(MenuModel& menu, Point) override { poppedUp = &menu; }
+    void popUpMenu(MenuModel& menu, Point at) override
+    {
+        poppedUp = &menu;
+        poppedUpAt = at;
+    }
     void showWorkflowPopover(const WorkflowPopover& shown) override { workflow = shown; }
-    void bringWorkflowPopoverToFront() override { }
+    void bringWorkflowPopoverToFront() override { ++broughtToFront; }
     void closeWorkflowPopover() override { workflow.reset(); }
-    bool popoverIsOpen() const override { return workflow.has_value(); }
 
     LampControlStrip& strip(std::size_t index) const { return rows.at(index)->strip; }
     std::vector<std::string> names() const
@@ -109,7 +118,9 @@ public:
     std::pair<bool, bool> scrollers;
     std::vector<FakeRow*> rows; ///< as they show, from the first
     std::optional<WorkflowPopover> workflow;
+    int broughtToFront = 0;
     MenuModel* poppedUp = nullptr;
+    Point poppedUpAt;
     std::vector<Alert> alerts;
 };
 

@@ -164,16 +164,64 @@ TEST_F(Controller, theOrderIsKeptOverRuns)
     EXPECT_EQ(linesWith("saving sortOrder to defaults. It has 5 items"), 1);
 }
 
+TEST_F(Controller, theWindowBeginsAsItWasLeftAndAQuitWithoutLampsChangesNothing)
+{
+    const Value order = Value::Array{Value::Dictionary{{"ID", lampID(2)}, {"group", false}}};
+    const Value state = Value::Dictionary{{"width", 955.0}, {"height", 640.0}};
+    defaults.setObject("sortOrder", order);
+    defaults.setObject("boxWindowState", state);
+    defaults.setObject("currentTheme", 2);
+    defaults.setObject("verbosity", 2);
+    panel.rowSize = {200, 100};
+    ManualController again(loop, defaults, log, engine(), panel); // of the layout stored
+    again.awakeFromNib();
+    EXPECT_EQ(linesWith("manual window did load"), 1);
+    EXPECT_EQ(panel.content, (Size{955, 640})); // before there is any lamp
+    again.applicationDidFinishLaunching();
+    again.applicationShouldTerminate();
+    panel.content = {300, 300};
+    EXPECT_EQ(defaults.objectForKey("sortOrder"), order);
+    EXPECT_EQ(defaults.objectForKey("boxWindowState"), state);
+    panel.content = {955, 640};
+    for (unsigned n = 1; n <= 5; ++n)
+        addNamed(n, "Lamp");
+    loop.advance(Seconds(2));
+    EXPECT_EQ(panel.content, (Size{955, 640}));
+    EXPECT_EQ(panel.rows.at(4)->origin(), (Point{0, 100})); // four abreast
+
+    again.switchTheme(3);
+    panel.content = {1000, 700};
+    again.switchTheme(2);
+    EXPECT_EQ(panel.content, (Size{955, 640}));
+}
+
 TEST_F(Controller, allOnAndOffAndAlerts)
 {
     addNamed(1, "One");
     addNamed(2, "Two");
     launch();
-    sockets.take();
-    controller.allOff();
-    EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
-    controller.allOn();
-    EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
+    auto& presets = controller.statusMenu().statusPeresetSubMenu();
+    const struct {
+        std::function<void()> press;
+        bool on;
+    } cases[] = {
+        {[&] { controller.allOff(); }, false},
+        {[&] { controller.allOn(); }, true},
+        {panel.actions.allOff, false},
+        {panel.actions.allOn, true},
+        {[&] { presets.items().at(1)->choose(); }, false},
+        {[&] { presets.items().at(0)->choose(); }, true},
+        {[&] { controller.scripting().allOff(); }, false},
+        {[&] { controller.scripting().allOn(); }, true},
+    };
+    for (const auto& c : cases) {
+        sockets.take();
+        c.press();
+        const auto sent = sockets.takeOfType(117);
+        EXPECT_EQ(sent.size(), 2U);
+        for (const auto& datagram : sent)
+            EXPECT_EQ(datagram.data.at(36) != 0, c.on);
+    }
     engine().groupings().removeGroupWithID("nobody");
     EXPECT_EQ(panel.alerts.at(0).title, "Edit Group Successful");
 }

@@ -45,6 +45,88 @@ struct Panel : Controller {
     }
 };
 
+TEST_F(Panel, afterABuildEveryRowShowsItsRecordInItsWell)
+{
+    furnish();
+    const auto check = [&] {
+        for (const FakeRow* each : panel.rows) {
+            const Colour& colour = each->strip.colourWell().colour();
+            EXPECT_FLOAT_EQ(colour.brightness, each->strip.brightnessSlider().value() / 255);
+            EXPECT_EQ(colour.kelvin, 3500) << each->strip.label().text();
+        }
+    };
+    showEverything();
+    EXPECT_EQ(panel.rows.size(), 7U);
+    EXPECT_EQ(row("Desk").strip.brightnessSlider().integerValue(), 194);
+    check();
+    navigation().groups.press();
+    navigation().groups.press();
+    check();
+    sockets.take();
+    row("Desk").strip.colourWell().scrollWheel(-3);
+    loop.advance(Seconds(0.1));
+    const auto sent = sockets.takeOfType(102);
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_NEAR(sent[0].data.at(41) + 256 * sent[0].data.at(42), 188 * 255, 510); // a bit darker
+}
+
+TEST_F(Panel, aLampAtANewAddressIsOneLamp)
+{
+    furnish();
+    defaults.setObject("badgeIcon", true);
+    std::optional<int> badge;
+    controller.statusMenu().setBadgeLabel = [&](std::optional<int> number) { badge = number; };
+    receive(stateService(1), "127.0.9.99");
+    ASSERT_EQ(engine().registry().lightsArray().size(), 4U);
+    receive(lightState(1, {.brightness = 25700, .label = "Table"}));
+    engine().registry().lightsArray().back()->onoff = true;
+    engine().registry().lightsArray().back()->brightness = 3;
+    for (const bool rebuilt : {true, false}) {
+        loop.advance(Seconds(rebuilt ? 2 : 0));
+        EXPECT_EQ(panel.names(), (Names{"Table", "Ceiling", "Shelf"}));
+        EXPECT_EQ(row("Table").strip.brightnessSlider().integerValue(), rebuilt ? 100 : 50);
+        receive(lightState(1, {.brightness = 12850, .label = "Table"}));
+        loop.runPosted();
+    }
+    EXPECT_EQ(badge, 3);
+    EXPECT_EQ(titles(controller.statusMenu().statusMenu()),
+        (Names{"Show manual control", "-", "Presets", "-", "Table", "Ceiling", "Shelf"}));
+    showEverything();
+    EXPECT_EQ(row("Study").strip.navigationButton().toolTip(), "View 2 lamps");
+    row("Study").strip.navigationButton().press();
+    EXPECT_EQ(panel.names(), (Names{"Table", "Ceiling"}));
+}
+
+TEST_F(Panel, aNewNameShowsEverywhereAtOnceAndNoNameKeepsTheRows)
+{
+    furnish();
+    showEverything();
+    GroupWorkflows& workflows = controller.workflows();
+    row("Study").strip.reName("Den");
+    row("Home").strip.reName("House");
+    for (const MenuModel* menu : {&workflows.editGroupMenu(), &workflows.deleteGroupMenu()})
+        EXPECT_EQ(titles(*menu), Names{"Den"});
+    for (const MenuModel* menu : {&workflows.editLocationMenu(), &workflows.deleteLocationMenu()})
+        EXPECT_EQ(titles(*menu), Names{"House"});
+    const auto status = titles(controller.statusMenu().statusMenu());
+    EXPECT_EQ(Names(status.begin() + 4, status.end()),
+        (Names{"Desk", "Ceiling", "Shelf", "Den", "House", "Reading", "All"}));
+    sockets.take();
+    controller.statusMenu().statusMenu().itemWithTitle("Den")->choose();
+    EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
+    workflows.editLocationMenu().items().front()->choose();
+    EXPECT_EQ(panel.workflow.value().name, "House");
+    const auto popover = *panel.workflow;
+    popover.close(WorkflowPopover::kCancelTag, "");
+    EXPECT_EQ(panel.names().at(4), "House");
+
+    receive(lightState(1, {.brightness = 50000, .label = ""}));
+    loop.advance(Seconds(0.1));
+    EXPECT_EQ(panel.names().at(0), "Desk");
+    loop.advance(Seconds(2)); // a row built anew has no other name than this
+    EXPECT_TRUE(panel.names().at(0) == "Desk" || panel.names().at(0) == lampID(1));
+}
+
 TEST_F(Panel, theColourWellsFollowTheirSettingAtOnce)
 {
     furnish();
@@ -131,6 +213,8 @@ TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
     EXPECT_EQ(row("Study").strip.navigationButton().toolTip(), "View 2 lamps");
     EXPECT_EQ(row("Home").strip.navigationButton().toolTip(), "View 2 lamps");
     EXPECT_TRUE(row("All").strip.navigationButton().isHidden());
+    EXPECT_TRUE(row("All").strip.renameButton().isHidden());
+    EXPECT_FALSE(row("Study").strip.renameButton().isHidden());
     EXPECT_TRUE(row("Desk").strip.kindBadge().isHidden());
     EXPECT_EQ(row("Shelf").strip.navigationButton().toolTip(), "View 8 zones");
 
@@ -139,6 +223,8 @@ TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
     EXPECT_EQ(panel.names(), (Names{"Study", "Home", "Reading", "All"}));
     navigation().lights.press();
     EXPECT_EQ(panel.rowsMade, made); // the rows came back
+    EXPECT_EQ(row("Desk").timesHidden, 1); // while it was not on the panel
+    EXPECT_EQ(row("Study").timesHidden, 0); // a rebuild is not seen
     for (auto* button :
         {&navigation().lights, &navigation().groups, &navigation().locations, &navigation().tags})
         button->press();
@@ -152,15 +238,14 @@ TEST_F(Panel, drillingDownAndBack)
     showEverything();
     row("Study").strip.navigationButton().press();
     EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling"}));
-    EXPECT_TRUE(navigation().isFiltered);
-    EXPECT_EQ(navigation().description, "viewing lamps in group Study");
+    EXPECT_EQ(navigation().filter.value().description, "viewing lamps in group Study");
     EXPECT_TRUE(defaults.objectForKey("classicWindowState"));
     navigation().back.press();
-    EXPECT_FALSE(navigation().isFiltered);
+    EXPECT_FALSE(navigation().filter);
     EXPECT_EQ(panel.rows.size(), 7U);
 
     row("Shelf").strip.navigationButton().press();
-    EXPECT_EQ(navigation().description, "viewing zones for multizone lamp Shelf");
+    EXPECT_EQ(navigation().filter->description, "viewing zones for multizone lamp Shelf");
     EXPECT_EQ(panel.rows.size(), 8U);
     EXPECT_EQ(panel.names().at(7), "zone 7");
     EXPECT_EQ(panel.strip(7).getID(), lampID(3) + "-7");
@@ -168,6 +253,14 @@ TEST_F(Panel, drillingDownAndBack)
     panel.strip(2).brightnessSlider().moveTo(100);
     loop.advance(Seconds(0.2));
     EXPECT_EQ(sockets.takeOfType(501).size(), 1U);
+    LampControlStrip& zone = row("zone 7").strip;
+    for (ButtonModel* button : {&zone.onOffButton(), &zone.renameButton()}) {
+        EXPECT_FALSE(button->isEnabled());
+        EXPECT_FALSE(button->toolTip().empty()); // says why
+    }
+    receive(stateMultizone(3, 8, 0, 900));
+    loop.runPosted();
+    EXPECT_EQ(zone.colourSlider().value(), 907);
     navigation().back.press();
 
     row("Home").strip.navigationButton().press();
@@ -175,7 +268,8 @@ TEST_F(Panel, drillingDownAndBack)
     navigation().back.press();
     row("Reading").strip.navigationButton().press();
     EXPECT_EQ(panel.names(), Names{"Desk"});
-    EXPECT_EQ(navigation().description, "viewing lamps tagged Reading");
+    EXPECT_EQ(navigation().filter->description, "viewing lamps tagged Reading");
+    EXPECT_TRUE(row("Desk").shown);
 }
 
 // Lamps that have not been on the panel yet show twice when the user drills down to them.
@@ -204,6 +298,11 @@ TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
     receive(stateMultizone(3, 8, 0, 100));
     loop.advance(Seconds(2));
     EXPECT_EQ(panel.rows.size(), 8U);
+    navigation().back.press();
+    EXPECT_TRUE(row("Desk").strip.navigationButton().isHidden());
+    receive(stateZone(1, 8, 0, 100)); // a lamp that turns out to have zones
+    loop.runPosted();
+    EXPECT_FALSE(row("Desk").strip.navigationButton().isHidden());
 }
 
 TEST_F(Panel, aGroupsChangeShowsOnItsMembersAndIsSentOnce)
@@ -232,6 +331,7 @@ TEST_F(Panel, summariesFollowTheLamps)
     loop.runPosted();
     EXPECT_EQ(row("Study").strip.brightnessSlider().integerValue(), 100);
     EXPECT_EQ(row("Home").strip.brightnessSlider().integerValue(), 100);
+    EXPECT_EQ(row("Reading").strip.brightnessSlider().integerValue(), 100);
     EXPECT_NE(row("All").strip.brightnessSlider().integerValue(), 100);
 }
 

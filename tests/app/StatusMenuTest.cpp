@@ -1,22 +1,10 @@
 #include "app/StatusMenu.h"
-#include "app/LampsPopUp.h"
-#include "support/EngineHarness.h"
+#include "ControllerHarness.h"
+#include "strips/LampsPopUp.h"
 
 namespace lumeroom::test {
 
-namespace {
-
-using Lines = std::vector<std::string>;
-
-Lines titles(const MenuModel& menu)
-{
-    Lines list;
-    for (const auto& item : menu.items())
-        list.push_back(item->isSeparator() ? "-" : item->title());
-    return list;
-}
-
-} // namespace
+using Lines = Names;
 
 struct StatusItem : EngineHarness {
     StatusItem()

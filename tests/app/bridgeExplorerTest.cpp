@@ -59,7 +59,7 @@ TEST_F(EngineHarness, theExplorerShowsTheLampsByTheirNames)
     const keyValPair lights = explorer.childOfItem(0, nullptr);
     EXPECT_EQ(bridgeExplorer::objectValueByItem(lights), "Lights");
     ASSERT_EQ(explorer.numberOfChildrenOfItem(&lights), 2U);
-    const keyValPair desk = explorer.childOfItem(1, &lights);
+    const keyValPair desk = explorer.childOfItem(0, &lights);
     EXPECT_EQ(bridgeExplorer::objectValueByItem(desk), "Desk");
     const keyValPair address = explorer.childOfItem(0, &desk);
     EXPECT_EQ(address.key, "address");

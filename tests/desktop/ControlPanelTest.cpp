@@ -1,12 +1,23 @@
-#include "app/NavigationModel.h"
+#include "app/ManualController.h"
 #include "app/ui/ControlPanelWindow.h"
 #include "app/ui/LayoutSwitch.h"
-#include "strips/LayoutManager.h"
+#include "app/ui/WorkflowPopoverView.h"
+#include "strips/ui/Painting.h"
+#include "strips/ui/RenamePopover.h"
+#include "strips/ui/SliderView.h"
+#include "support/EngineHarness.h"
 #include "support/QtTestInput.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
 #include <QResizeEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
 #include <QTimer>
 #include <QtTest/qtestspontaneevent.h>
 
@@ -85,6 +96,26 @@ TEST(ControlPanel, takesASizeOutsideOfItsLimits)
         QCoreApplication::processEvents();
         EXPECT_EQ(panel.contentSize(), c.size);
     }
+    panel.setContentSize({600, 350});
+    const QRect room = panel.screen()->availableGeometry();
+    panel.move(room.right() - 650, room.top() + 5);
+    panel.setContentSize({700, 350}); // grows over the edge, and goes back from it
+    EXPECT_LE(panel.frameGeometry().right(), room.right());
+    panel.setWindowState(Qt::WindowMaximized);
+    QCoreApplication::processEvents();
+    const QSize full = panel.size();
+    panel.setContentSize({500, 350});
+    EXPECT_EQ(panel.size(), full);
+}
+
+TEST(ControlPanel, opensAtTheSizeAskedForWhateverComesBeforeIt)
+{
+    ControlPanelWindow panel;
+    panel.setContentSize({640, 420});
+    panel.menuBar()->addMenu("File");
+    panel.show();
+    EXPECT_EQ(panel.contentSize(), (Size{640, 420}));
+    EXPECT_EQ(panel.centralWidget()->size(), QSize(640, 420));
 }
 
 TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
@@ -94,9 +125,10 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     model.deleteGroup.setEnabled(false);
     int made = 0;
     Rectangle frame;
+    std::string switched;
     panel.setNavigation(model,
-        {.allOn = {},
-            .allOff = {},
+        {.allOn = [&] { switched += "on "; },
+            .allOff = [&] { switched += "off "; },
             .makeGroup = [&] { ++made; },
             .editGroup = [&](const Rectangle& button) { frame = button; },
             .deleteGroup = [&](const Rectangle&) { ADD_FAILURE(); }});
@@ -105,6 +137,9 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     QCoreApplication::processEvents();
     EXPECT_EQ(panel.focusWidget(), named(panel, "Lights"));
 
+    named(panel, "All on")->click();
+    named(panel, "All off")->click();
+    EXPECT_EQ(switched, "on off ");
     named(panel, "Make group...")->click();
     EXPECT_EQ(made, 1);
     auto* edit = named(panel, "Edit group");
@@ -121,6 +156,151 @@ TEST(ControlPanel, anAlertThatEndsWithoutAButtonIsDismissed)
     ControlPanelWindow panel;
     QTimer::singleShot(0, [] { QApplication::activeModalWidget()->hide(); });
     EXPECT_EQ(panel.runModal({"Are you sure?", "", {"Delete", "Cancel"}}), 1);
+}
+
+/// The panel's window over an engine with the clock in hand, with twenty slim rows, of which the
+/// first two are in the group "Den".
+struct PanelWindow : test::EngineHarness {
+    PanelWindow()
+    {
+        defaults.setObject("currentTheme", 3);
+        for (unsigned n = 1; n <= 20; ++n)
+            addLamp(n, {.brightness = 30000, .label = "Lamp " + std::to_string(n)});
+        for (unsigned n = 1; n <= 2; ++n)
+            receive(test::stateGrouping(53, n, 0xA1, "Den"));
+        controller = std::make_unique<ManualController>(loop, defaults, log, engine(), panel);
+        controller->awakeFromNib();
+        panel.show();
+        controller->applicationDidFinishLaunching();
+        panel.activateWindow();
+        QCoreApplication::processEvents();
+    }
+    template <typename View = QWidget> View* control(const QString& name)
+    {
+        for (View* view : panel.findChildren<View*>()) {
+            if (view->accessibleName() == name)
+                return view;
+        }
+        return nullptr;
+    }
+    QString focused() const
+    {
+        return panel.focusWidget() ? panel.focusWidget()->accessibleName() : QString();
+    }
+    void rebuild() { controller->panelSetUp().refreshSetUpUsingRecycling(true); }
+    WorkflowPopoverView* popover() const
+    {
+        for (auto* view : panel.findChildren<WorkflowPopoverView*>()) {
+            if (view->isVisible())
+                return view;
+        }
+        return nullptr;
+    }
+
+    ControlPanelWindow panel;
+    std::unique_ptr<ManualController> controller;
+};
+
+TEST_F(PanelWindow, aRebuildDisturbsNothingThatAPersonIsDoing)
+{
+    resizeFromOutside(panel, {960, 400});
+    controller->panelSetUp().layoutManager().saveWindowState();
+    rebuild();
+    QScrollBar& bar = *panel.findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 100);
+    auto* slider = control<SliderView>("Lamp 7, brightness");
+    slider->setFocus();
+    bar.setValue(77);
+    rebuild();
+    EXPECT_EQ(bar.value(), 77);
+    EXPECT_EQ(panel.focusWidget(), slider);
+
+    // A slider in hand: the rebuild waits.
+    const int told = slider->value();
+    test::mouse(*slider, QEvent::MouseButtonPress, 0);
+    controller->switchTheme(1);
+    EXPECT_EQ(control<SliderView>("Lamp 7, brightness"), slider);
+    test::mouse(*slider, QEvent::MouseButtonRelease, 0);
+    EXPECT_NE(slider->value(), told);
+    loop.advance(Seconds(6));
+    auto* anew = control<SliderView>("Lamp 7, brightness");
+    EXPECT_NE(anew, slider);
+    EXPECT_EQ(panel.focusWidget(), anew); // of another layout, but the same control
+
+    // Down to a group, and back to where the keyboard was.
+    control("Groups")->setFocus();
+    control<QAbstractButton>("Groups")->click();
+    EXPECT_EQ(focused(), "Groups");
+    auto* into = control<QAbstractButton>("Den, view contents");
+    into->setFocus();
+    into->click();
+    EXPECT_EQ(focused(), "Back");
+    control<QAbstractButton>("Back")->click();
+    EXPECT_EQ(focused(), "Den, view contents");
+}
+
+TEST_F(PanelWindow, aWorkflowPopoverHearsTheKeyboardAndGivesItBack)
+{
+    ASSERT_TRUE(test::workUntil([&] { return panel.isActiveWindow(); }));
+    auto* slider = control<SliderView>("Lamp 1, brightness");
+    const auto begin = [&] {
+        slider->setFocus();
+        control<QAbstractButton>("Make group...")->click();
+        ASSERT_TRUE(popover());
+        EXPECT_TRUE(popover()->isAncestorOf(panel.focusWidget()));
+        control<QAbstractButton>("Lamp 3, selected")->click();
+    };
+    begin();
+    QTest::keyClick(&panel, Qt::Key_Escape);
+    EXPECT_FALSE(popover());
+    EXPECT_EQ(panel.focusWidget(), slider);
+    EXPECT_EQ(engine().registry().groupsArray().size(), 1U);
+    begin();
+    const QString family = QString::fromUtf8("\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7");
+    popover()->findChild<QLineEdit*>()->insert("Twenty-two bytes long.");
+    popover()->findChild<QLineEdit*>()->insert(family); // one character, one byte too many
+    QTest::keyClick(&panel, Qt::Key_Return);
+    EXPECT_FALSE(popover());
+    EXPECT_TRUE(engine().registry().IDForGroupNamed("Twenty-two bytes long."));
+}
+
+TEST_F(PanelWindow, aWorkflowPopoverKeepsOutOfTheWay)
+{
+    for (const Rectangle& pointsAt :
+        {Rectangle{675, 0, 25, 45000}, Rectangle{0, 0, 700, 25}, Rectangle{0, 0, 25, 900}}) {
+        panel.showWorkflowPopover({"Pick lamps", "Den", "Save", {220, 133}, pointsAt, false, {}});
+        const QRect room = popover()->parentWidget()->rect();
+        EXPECT_TRUE(room.contains(popover()->geometry()));
+        EXPECT_FALSE(qRect(pointsAt).toRect().intersects(popover()->geometry()));
+    }
+    panel.setMinimumSize(0, 0);
+    panel.resize(500, 300); // it follows the window inwards
+    EXPECT_TRUE(popover()->parentWidget()->rect().contains(popover()->geometry()));
+}
+
+TEST(RenamePopover, takesWholeCharactersThatALampHasRoomForUnlessItIsCancelled)
+{
+    const QString umlauts(20, QChar(0xE4));
+    const struct {
+        QString before, typed, name; ///< no name where it is cancelled
+        Qt::Key last;
+    } cases[] = {
+        {"Desk", "Shelf", "Shelf", Qt::Key_Return}, {"Desk", "Shelf", {}, Qt::Key_Escape},
+        {"Desk", umlauts, umlauts.first(16), Qt::Key_Return},
+        {"Desk", "x" + umlauts, "x" + umlauts.first(15), Qt::Key_Return},
+        {umlauts, "", umlauts, Qt::Key_Return}, // not touched
+    };
+    for (const auto& c : cases) {
+        QString name;
+        auto* popover = new RenamePopover(c.before, [&](const QString& text) { name = text; }, {});
+        popover->show();
+        auto* field = popover->findChild<QLineEdit*>();
+        if (!c.typed.isEmpty())
+            field->insert(c.typed); // as pasted over what is selected
+        QTest::keyClick(field, c.last);
+        EXPECT_EQ(name, c.name);
+        QCoreApplication::processEvents();
+    }
 }
 
 TEST(LayoutSwitch, followsTheLayoutAndAsksForIt)

@@ -183,45 +183,6 @@ TEST(LifeInTheTray, keepsTheProgramRunningWhileThereIsATray)
     EXPECT_EQ(closeTheWindow(), 1);
 }
 
-TEST(WorkflowPopover, staysUntilAButtonIsPressedOutOfTheWayOfTheSelectionButtons)
-{
-    ControlPanelWindow panel;
-    panel.resize(700, 400);
-    panel.show();
-    panel.setContainerSize({700, 900});
-    std::vector<std::string> closed;
-    const auto show = [&](const Rectangle& pointsAt) {
-        panel.showWorkflowPopover({"Pick lamps", "Den", "Save", {220, 133}, pointsAt,
-            [&](int tag, const std::string& name) {
-                closed.push_back(std::to_string(tag) + " " + name);
-                panel.closeWorkflowPopover(); // goes with the button that was pressed
-            }});
-        return panel.findChildren<WorkflowPopoverView*>().back();
-    };
-    const struct {
-        Rectangle pointsAt;
-    } cases[] = {{{675, 0, 25, 45000}}, {{0, 0, 700, 25}}, {{0, 0, 25, 900}}};
-    for (const auto& c : cases) {
-        const auto* popover = show(c.pointsAt);
-        EXPECT_TRUE(panel.popoverIsOpen());
-        EXPECT_TRUE(popover->parentWidget()->rect().contains(popover->geometry()));
-        EXPECT_FALSE(qRect(c.pointsAt).toRect().intersects(popover->geometry()));
-    }
-    auto* popover = show({675, 0, 25, 45000});
-    panel.resize(500, 300); // it follows the window inwards
-    EXPECT_TRUE(popover->parentWidget()->rect().contains(popover->geometry()));
-
-    popover->findChild<QLineEdit*>()->setText("Attic");
-    auto buttons = popover->findChildren<QPushButton*>();
-    ASSERT_EQ(buttons.size(), 2);
-    EXPECT_EQ(buttons[1]->text(), "Save");
-    buttons[1]->click();
-    EXPECT_FALSE(panel.popoverIsOpen());
-    buttons[1]->click(); // it is on its way out
-    show({0, 0, 25, 25})->findChildren<QPushButton*>()[0]->click();
-    EXPECT_EQ(closed, (std::vector<std::string>{"1 Attic", "0 Den"}));
-}
-
 TEST(ConsoleWindow, findsForwardBackwardAndAround)
 {
     ConsoleWindow console;

@@ -14,7 +14,7 @@ class RowOwner : public LampControlStripOwner {
 public:
     const UserDefaults& userDefaults() const override { return m_defaults; }
     void sendSettingsToStripsInGroup(const StripSettings&, const StripTarget&) override { }
-    void populateLampsPopUp() override { }
+    void targetWasRenamed(LampControlStrip&) override { }
     int runModal(const Alert&) override { return 0; }
     void stripHasMissedReports() override { }
     void stripHasChanged() override { }

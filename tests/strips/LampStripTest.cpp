@@ -194,6 +194,7 @@ TEST_F(LampStrip, theWellMovesTheWarmthSliderOnlyWithinItsRange)
     for (const auto& c : cases) {
         strip->setCapabilities(c.capabilities);
         EXPECT_EQ(strip->satSlider().isEnabled(), c.capabilities != 2);
+        EXPECT_EQ(strip->colourSlider().isEnabled(), c.capabilities != 2);
         EXPECT_EQ(strip->warmthSlider().isEnabled(), (c.capabilities & 4) != 0);
         strip->setObjectForKey(1000, "warmth");
         strip->colourWell().userHasPickedColour({0.5F, 1, 0.5F, 1, c.kelvin});

@@ -28,7 +28,10 @@ public:
     }
     void stripHasMissedReports() override { calls.emplace_back("missed"); }
     void stripHasChanged() override { ++changes; }
-    void populateLampsPopUp() override { calls.emplace_back("populateLampsPopUp"); }
+    void targetWasRenamed(LampControlStrip& strip) override
+    {
+        calls.push_back("renamed " + strip.getID());
+    }
     int runModal(const Alert& alert) override
     {
         calls.push_back("alert " + alert.title);
@@ -98,7 +101,7 @@ public:
     {
         m_owner.calls.push_back("name? " + name);
     }
-    bool popoverIsOpen() const override { return false; }
+    bool isInUse() const override { return false; }
     void popUpEffectMenu(const std::vector<EffectMenuItem>& shown) override
     {
         m_owner.menu = shown;

@@ -103,9 +103,9 @@ TEST_F(Targets, aZoneTakesColourButNoPower)
     EXPECT_FALSE(strip->isGroup());
     strip->colourSlider().moveTo(500);
     EXPECT_EQ(sent(), (Lines{"zone 5/3: 500 65025 0 9000"}));
+    EXPECT_TRUE(strip->embargo());
     strip->onOffButton().press();
     EXPECT_EQ(sent(), Lines());
-    EXPECT_TRUE(strip->embargo());
 }
 
 TEST_F(Targets, renaming)
@@ -126,7 +126,7 @@ TEST_F(Targets, renaming)
         strip->popoverShouldClose("New name");
         loop.advance(Seconds(10));
         EXPECT_FALSE(sockets.takeOfType(c.message).empty()) << c.message;
-        EXPECT_EQ(owner.takeCalls(), (Lines{"populateLampsPopUp"}));
+        EXPECT_EQ(owner.takeCalls(), (Lines{"renamed " + c.id}));
         EXPECT_EQ(strip->label().text(), "New name");
     }
     makeStrip("Old", StripType::Tag)->showReNamePopover();

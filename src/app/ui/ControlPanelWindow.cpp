@@ -74,6 +74,7 @@ void ControlPanelWindow::setTitle(const std::string& title)
 
 void ControlPanelWindow::startThrobber()
 {
+    settleFocus();
     placeThrobber();
     m_mainWindowThrobber->start();
 }
@@ -97,6 +98,14 @@ void ControlPanelWindow::resizeEvent(QResizeEvent* event)
         m_resizeRest->start();
     if (m_workflowPopover)
         m_workflowPopover->keepInside();
+}
+
+/// What was asked for before the window showed was for its content, and the menu bar came since.
+void ControlPanelWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!std::exchange(m_shownBefore, true) && m_askedSize.isValid())
+        setContentSize(sizeFrom(m_askedSize));
 }
 
 /// The desktop has no message for the end of a resize: it has ended once the size rests and no
@@ -125,6 +134,7 @@ void ControlPanelWindow::setNavigation(NavigationModel& navigation, NavigationAc
     view->setFixedWidth(
         LayoutManager::kBesideTheStrips - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     m_row->insertWidget(0, view);
+    m_navigation = view;
     view->setFocus();
 }
 
@@ -139,7 +149,7 @@ std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
 
 Size ControlPanelWindow::contentSize() const
 {
-    return sizeFrom(centralWidget()->size());
+    return sizeFrom(QMainWindow::size() - around());
 }
 
 Size ControlPanelWindow::screenSize() const
@@ -212,9 +222,34 @@ void ControlPanelWindow::setScrollers(bool horizontal, bool vertical)
     m_scrollView->setVerticalScrollBarPolicy(policy(vertical));
 }
 
+void ControlPanelWindow::keepFocus()
+{
+    const QWidget* focus = focusWidget();
+    if (focus && m_contentView->isAncestorOf(focus))
+        m_focusedControl = focus->accessibleName();
+}
+
+void ControlPanelWindow::settleFocus()
+{
+    const auto isUsable = [](const QWidget* widget) {
+        return widget && widget->isEnabled() && !widget->isHidden();
+    };
+    if (isUsable(focusWidget()))
+        return;
+    QWidget* place = m_navigation;
+    for (QWidget* control : m_contentView->findChildren<QWidget*>()) {
+        if (!m_focusedControl.isEmpty() && control->accessibleName() == m_focusedControl
+            && isUsable(control) && !control->parentWidget()->isHidden())
+            place = control;
+    }
+    if (place)
+        place->setFocus();
+}
+
 // The keyboard goes through the rows as the eye does.
 void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView*>& rows)
 {
+    settleFocus();
     if (std::exchange(m_keyboardOrder, rows) == rows)
         return;
     QWidget* last = nullptr;
@@ -263,14 +298,12 @@ void ControlPanelWindow::bringWorkflowPopoverToFront()
 void ControlPanelWindow::closeWorkflowPopover()
 {
     if (auto* popover = std::exchange(m_workflowPopover, nullptr)) {
+        if (QWidget* focus = focusWidget(); focus && popover->isAncestorOf(focus))
+            focus->clearFocus();
         popover->hide();
         popover->deleteLater();
+        settleFocus();
     }
-}
-
-bool ControlPanelWindow::popoverIsOpen() const
-{
-    return m_workflowPopover != nullptr;
 }
 
 void ControlPanelWindow::makeKeyAndFront()

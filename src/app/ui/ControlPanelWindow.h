@@ -41,16 +41,17 @@ public:
     void setContentMinSize(Size size) override;
     void setContentMaxSize(Size size) override;
     void setScrollers(bool horizontal, bool vertical) override;
+    void keepFocus() override;
     void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) override;
 
     void popUpMenu(MenuModel& menu, Point at) override;
     void showWorkflowPopover(const WorkflowPopover& popover) override;
     void bringWorkflowPopoverToFront() override;
     void closeWorkflowPopover() override;
-    bool popoverIsOpen() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void placeThrobber();
@@ -58,8 +59,12 @@ private:
     /// What the window has around its content: the menu bar.
     QSize around() const;
     void keepOnScreen();
+    /// A keyboard whose place is gone comes back to the control it was on in the rows, or to the
+    /// navigation.
+    void settleFocus();
 
     QHBoxLayout* m_row;
+    QWidget* m_navigation = nullptr;
     QScrollArea* m_scrollView;
     QWidget* m_contentView;
     Throbber* m_mainWindowThrobber;
@@ -67,6 +72,8 @@ private:
     QTimer* m_resizeRest; ///< runs out when the window has kept its size for a moment
     QSize m_endedSize; ///< what was told last, unless another size was asked for since
     QSize m_askedSize; ///< of the content
+    bool m_shownBefore = false;
+    QString m_focusedControl; ///< in a row, by its accessible name
     std::vector<LampControlStripView*> m_keyboardOrder;
     WorkflowPopoverView* m_workflowPopover = nullptr;
 };

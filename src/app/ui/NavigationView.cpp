@@ -61,8 +61,8 @@ QWidget* NavigationView::makeSwitches()
         auto* view = new NavigationButton(button, text, icon, page);
         view->setToolTip(tip);
         column->addWidget(view);
-        if (!focusProxy())
-            setFocusProxy(view);
+        if (!m_firstSwitch)
+            m_firstSwitch = view;
     };
     add(m_model.lights, Icon::NavLights, tr("Lights"), tr("Show a strip for each lamp"));
     add(m_model.groups, Icon::NavGroups, tr("Groups"), tr("Show a strip for each group"));
@@ -81,6 +81,7 @@ QWidget* NavigationView::makeWayBack()
     auto* back = new NavigationButton(tr("Back"), Icon::NavBack, page);
     connect(back, &QAbstractButton::clicked, this, [this] { m_model.back.press(); });
     column->addWidget(back);
+    m_back = back;
     m_description->setTextFormat(Qt::PlainText);
     m_description->setWordWrap(true);
     m_description->setContentsMargins(kMargin, kMargin, 0, 0);
@@ -127,12 +128,14 @@ QLayout* NavigationView::makeGroupButtons(const NavigationActions& actions, QWid
 
 void NavigationView::mirror(bool gliding)
 {
-    const bool filtered = m_model.isFiltered;
-    m_description->setText(QString::fromStdString(m_model.description));
+    const bool filtered = m_model.filter.has_value();
+    if (filtered) // else it glides away as it is
+        m_description->setText(QString::fromStdString(m_model.filter->description));
     place(m_switches, filtered ? -width() : 0, gliding);
     place(m_wayBack, filtered ? kShownAt : width() + kAside, gliding);
     m_switches->setEnabled(!filtered); // what is out of sight is out of the keyboard's reach
     m_wayBack->setEnabled(filtered);
+    setFocusProxy(filtered ? m_back : m_firstSwitch);
 }
 
 void NavigationView::place(QWidget* page, int x, bool gliding) const

@@ -32,6 +32,8 @@ private:
 
     NavigationModel& m_model;
     QLabel* m_description;
+    QWidget* m_firstSwitch = nullptr;
+    QWidget* m_back = nullptr;
     QWidget* m_switches;
     QWidget* m_wayBack;
     QWidget* m_allButtons;

@@ -1,5 +1,7 @@
 #include "app/ui/WorkflowPopoverView.h"
 
+#include "strips/ui/NameLimit.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -32,6 +34,7 @@ WorkflowPopoverView::WorkflowPopoverView(const WorkflowPopover& popover, QWidget
     title->setWordWrap(true);
     title->setBuddy(m_name);
     m_name->setAccessibleName(tr("name"));
+    m_name->setValidator(new NameLimit(m_name));
     m_name->selectAll();
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include <cmath>
 
@@ -59,7 +60,7 @@ void ColourWellView::mirror()
     setAccessibleDescription(tr("hue %1 degrees, saturation %2 percent, brightness %3 percent")
                                  .arg(std::lround(colour.hue * 360))
                                  .arg(std::lround(colour.saturation * 100))
-                                 .arg(std::lround(std::min(colour.brightness, 1.0F) * 100)));
+                                 .arg(std::lround(colour.brightness * 100)));
     const std::string& toolTip = m_model.toolTip();
     setToolTip(
         toolTip.empty() ? tr("Choose a colour; scroll to dim") : QString::fromStdString(toolTip));
@@ -93,7 +94,11 @@ void ColourWellView::mouseMoveEvent(QMouseEvent* event)
     if (!m_press || (place - *m_press).manhattanLength() < QApplication::startDragDistance())
         return;
     m_model.mouseExited(); // a drag is no click
+    m_dragged = true;
+    const QPointer here(this);
     startDrag(*std::exchange(m_press, std::nullopt));
+    if (here)
+        m_dragged = false;
 }
 
 void ColourWellView::mouseReleaseEvent(QMouseEvent* event)

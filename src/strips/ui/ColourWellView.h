@@ -16,6 +16,8 @@ public:
     ~ColourWellView() override;
 
     QSize sizeHint() const override;
+    /// Its colour is being dragged to somewhere.
+    bool isInUse() const { return m_dragged; }
 
 protected:
     /// Waits until the drag is over. The well may be gone then.
@@ -38,6 +40,7 @@ private:
     ColourWellModel& m_model;
     std::optional<QPoint>
         m_pointedAt; ///< where the well was on the screen when the mouse moved on it
+    bool m_dragged = false;
     std::optional<QPoint> m_press; ///< where the left button went down, while it may become a drag
 };
 

@@ -1,6 +1,7 @@
 #include "strips/ui/ControlStripView.h"
 
 #include "strips/LayoutManager.h"
+#include "strips/ui/ColourWellView.h"
 #include "strips/ui/DragHandle.h"
 #include "strips/ui/EdgeScroller.h"
 #include "strips/ui/ElidedLabel.h"
@@ -9,6 +10,7 @@
 #include "strips/ui/MenuEntry.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/RenamePopover.h"
+#include "strips/ui/SliderView.h"
 #include "strips/ui/StripLayouts.h"
 #include "strips/ui/StripNeighbours.h"
 
@@ -18,6 +20,8 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
+
+#include <algorithm>
 
 namespace lumeroom {
 
@@ -61,7 +65,6 @@ ControlStripView::ControlStripView(LampControlStrip& strip, int theme, QWidget* 
 {
     layOut(theme, *this, m_widgets);
     m_glide.setEasingCurve(QEasingCurve::OutCubic);
-    connect(m_widgets.rename, &IconButton::clicked, this, [this] { m_strip.showReNamePopover(); });
     connect(m_widgets.handle, &DragHandle::arrowPressed, this, &ControlStripView::moveOnePlace);
     connect(m_widgets.label, &ElidedLabel::nameChanged, this, &ControlStripView::nameControls);
     nameControls();
@@ -117,7 +120,19 @@ int ControlStripView::glideMilliseconds() const
 
 void ControlStripView::setShown(bool shown)
 {
+    // Qt would hand the keyboard on to the next row, and scroll there.
+    QWidget* focus = window()->focusWidget();
+    if (!shown && focus && isAncestorOf(focus))
+        focus->clearFocus();
     setVisible(shown);
+}
+
+bool ControlStripView::isInUse() const
+{
+    const auto sliders = m_widgets.sliders();
+    return m_popover || isBeingDragged() || m_widgets.well->isInUse()
+        || std::any_of(sliders.begin(), sliders.end(),
+            [](const SliderView* slider) { return slider->isSliderDown(); });
 }
 
 // Rows that still glide out of the way of a dragged one no longer lie under it.
@@ -146,6 +161,7 @@ void ControlStripView::moveOnePlace(Qt::Key arrow)
 void ControlStripView::popUpEffectMenu(const std::vector<EffectMenuItem>& menu)
 {
     auto* popUp = new QMenu(this);
+    m_popover = popUp;
     popUp->setAttribute(Qt::WA_DeleteOnClose);
     for (const EffectMenuItem& item : menu) {
         if (item.kind == EffectMenuItem::Kind::Separator) {

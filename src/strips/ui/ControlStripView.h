@@ -24,9 +24,9 @@ public:
     void setOrigin(Point origin, bool gliding) override;
     void setShown(bool shown) override;
     bool isBeingDragged() const override { return m_drag.isOn(); }
+    bool isInUse() const override;
     bool hitTest(Point point) const override;
     void showReNamePopover(const std::string& name) override;
-    bool popoverIsOpen() const override { return m_popover != nullptr; }
     void popUpEffectMenu(const std::vector<EffectMenuItem>& menu) override;
 
 protected:
@@ -47,7 +47,7 @@ private:
     StripDrag m_drag;
     QPropertyAnimation m_glide;
     bool m_placed = false;
-    QPointer<QWidget> m_popover;
+    QPointer<QWidget> m_popover; ///< or menu
 };
 
 } // namespace lumeroom

@@ -57,6 +57,8 @@ void OnOffButtonView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled())
+        painter.setOpacity(0.4);
     const bool dark = isDark(*this);
     const OnOffButtonPaint paint = onOffButtonPaint(
         rectangleFrom(QRectF(rect())), {m_model.state(), isDown(), dark, m_well.colour()});

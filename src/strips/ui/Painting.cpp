@@ -5,15 +5,11 @@
 #include <QRadialGradient>
 #include <QWidget>
 
-#include <algorithm>
-
 namespace lumeroom {
 
 QColor qColor(const Rgba& rgba)
 {
-    // A well may be brighter than full, and its brightness is what the alpha is made of.
-    const auto part = [](float value) { return std::clamp(value, 0.0F, 1.0F); };
-    return QColor::fromRgbF(part(rgba.red), part(rgba.green), part(rgba.blue), part(rgba.alpha));
+    return QColor::fromRgbF(rgba.red, rgba.green, rgba.blue, rgba.alpha);
 }
 
 QRectF qRect(const Rectangle& rectangle)

@@ -1,5 +1,7 @@
 #include "strips/ui/RenamePopover.h"
 
+#include "strips/ui/NameLimit.h"
+
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,6 +24,7 @@ RenamePopover::RenamePopover(const QString& name, ShouldClose shouldClose, QWidg
     layout->addWidget(new QLabel(tr("New name"), this));
     layout->addWidget(m_field);
     m_field->setAccessibleName(tr("new name"));
+    m_field->setValidator(new NameLimit(m_field));
     setMinimumSize(kLeastSize);
     m_field->selectAll();
     setFocusProxy(m_field);

@@ -1,6 +1,7 @@
 #include "strips/ui/RowLayout.h"
 
 #include "strips/ui/BadgeView.h"
+#include "strips/ui/ColourWellView.h"
 #include "strips/ui/DragHandle.h"
 #include "strips/ui/ElidedLabel.h"
 #include "strips/ui/IconButton.h"

@@ -46,6 +46,8 @@ void SliderView::mirror()
 {
     m_mirroring = true;
     mirrorControl(*this, m_model);
+    if (!m_model.isEnabled())
+        setSliderDown(false); // nobody tells a disabled widget that the button was let go
     if (!isSliderDown())
         setValue(m_model.integerValue());
     const double percent = 100.0 * m_model.value() / m_model.maximum();
@@ -120,8 +122,12 @@ void SliderView::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     setSliderDown(true);
+    const QPointF mouse = event->position();
+    const bool onKnob = QLineF(mouse, knobCentre()).length() <= kKnobRadius;
+    m_grip = onKnob ? placeOf(mouse) - placeOf(knobCentre()) : 0;
     const int before = value();
-    follow(event->position());
+    if (!onKnob)
+        follow(mouse);
     if (value() == before) // to take hold of it is an action too, which holds reports off
         m_model.moveTo(m_model.value());
 }
@@ -141,13 +147,23 @@ void SliderView::mouseReleaseEvent(QMouseEvent* event)
     mirror(); // the lamp may have reported meanwhile, to a knob held still
 }
 
+void SliderView::hideEvent(QHideEvent* event)
+{
+    setSliderDown(false);
+    QAbstractSlider::hideEvent(event);
+}
+
 void SliderView::follow(QPointF mouse)
 {
+    setValue(
+        static_cast<int>(std::lround(std::clamp(placeOf(mouse) - m_grip, 0.0, 1.0) * maximum())));
+}
+
+double SliderView::placeOf(QPointF point) const
+{
     const QRectF room = barRoom();
-    const double place = orientation() == Qt::Horizontal
-        ? (mouse.x() - room.left()) / room.width()
-        : (room.bottom() - mouse.y()) / room.height();
-    setValue(static_cast<int>(std::lround(std::clamp(place, 0.0, 1.0) * maximum())));
+    return orientation() == Qt::Horizontal ? (point.x() - room.left()) / room.width()
+                                           : (room.bottom() - point.y()) / room.height();
 }
 
 /// The wheel scrolls the panel, whatever slider comes under the mouse.

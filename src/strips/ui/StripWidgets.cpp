@@ -46,7 +46,8 @@ StripWidgets::StripWidgets(LampControlStrip& strip, QWidget* row)
         ct::kOnOffButton, new OnOffButtonView(strip.onOffButton(), strip.colourWell(), row));
     kindBadge = keepingItsRoom(tagged(ct::kKindBadge, new BadgeView(strip.kindBadge(), row)));
     label = tagged(ct::kLabel, new ElidedLabel(strip.label(), row));
-    rename = tagged(ct::kRenameButton, new IconButton(Icon::Rename, text("rename"), row));
+    rename = keepingItsRoom(tagged(ct::kRenameButton,
+        new IconButton(Icon::Rename, text("rename"), strip.renameButton(), row)));
 
     const auto slider = [row](SliderModel& model, const char* name, SliderView::MakeBar bar) {
         return tagged(model.tag(), new SliderView(model, std::move(bar), text(name), row));

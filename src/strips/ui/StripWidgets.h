@@ -7,6 +7,7 @@ class QWidget;
 namespace lumeroom {
 
 class BadgeView;
+class ColourWellView;
 class DragHandle;
 class ElidedLabel;
 class IconButton;
@@ -31,7 +32,7 @@ struct StripWidgets {
     SliderView* colour;
     SliderView* saturation;
     SliderView* warmth;
-    QWidget* well;
+    ColourWellView* well;
     IconButton* effect;
     IconButton* navigation;
 

@@ -1,4 +1,4 @@
-#include "app/LampsPopUp.h"
+#include "strips/LampsPopUp.h"
 
 #include "base/DefaultsKeys.h"
 #include "base/UserDefaults.h"
@@ -33,7 +33,7 @@ LampsPopUp::LampsPopUp(const LampRegistry& registry, const UserDefaults& default
 void LampsPopUp::populateLampsPopUp()
 {
     m_menu.removeAllItems();
-    for (const auto& lamp : m_registry.lightsArray())
+    for (const auto& lamp : m_registry.distinctLamps())
         add("lamp", lamp->label, m_registry.integerTagForLamp(*lamp));
     for (const auto& group : m_registry.groupsArray())
         add("group", group->label, integerTagForGroup(*group));
