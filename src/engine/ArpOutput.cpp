@@ -15,7 +15,7 @@ std::vector<std::string> lifxAddresses(std::string_view output)
         const std::size_t open = line.find('(');
         const std::size_t close = line.find(')');
         const bool hasAddress
-            = open != std::string_view::npos && close != std::string_view::npos && open < close;
+            = open != std::string_view::npos && close != std::string_view::npos && open + 1 < close;
         if (hasAddress && line.find("lifx") != std::string_view::npos)
             addresses.emplace_back(line.substr(open + 1, close - open - 1));
     }

@@ -45,7 +45,7 @@ void Discovery::broadcastGetService()
         for (const auto& address : manual)
             m_polls.sendGetServiceToAddress(address, Expecting::Answer);
     } else if (noBroadcastSupport()) {
-        sendToKnownIPs(&Polls::sendGetServiceToAddress);
+        sendGetServiceToKnownIPs();
     } else {
         m_polls.sendGetServiceToAddress(std::string(wire::kBroadcastAddress), Expecting::Answer);
     }
@@ -62,12 +62,15 @@ void Discovery::broadcastGetInfoToLamps()
     askForDetails(&Polls::sendGetInfoToLamp);
 }
 
-// Without broadcasts the details come from every address that ever answered, even where the user
+// Without broadcasts the details come from every known address that answers, even where the user
 // has listed some: a listed lamp is among them as soon as it has answered.
 void Discovery::askForDetails(SendToAddress send)
 {
     if (noBroadcastSupport()) {
-        sendToKnownIPs(send);
+        for (const auto& address : m_knownIPs) {
+            if (m_polls.lampAnswersAt(address))
+                (m_polls.*send)(address, Expecting::Answer);
+        }
         return;
     }
     const auto manual = getManualIPs();
@@ -79,11 +82,11 @@ void Discovery::askForDetails(SendToAddress send)
         (m_polls.*send)(address, Expecting::Answer);
 }
 
-void Discovery::sendToKnownIPs(SendToAddress send)
+void Discovery::sendGetServiceToKnownIPs()
 {
     for (const auto& address : m_knownIPs) {
         const bool answers = m_polls.lampAnswersAt(address);
-        (m_polls.*send)(address, answers ? Expecting::Answer : Expecting::Silence);
+        m_polls.sendGetServiceToAddress(address, answers ? Expecting::Answer : Expecting::Silence);
     }
 }
 

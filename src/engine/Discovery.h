@@ -43,7 +43,7 @@ private:
     using SendToAddress = void (Polls::*)(const std::string& address, Expecting expecting);
 
     void askForDetails(SendToAddress send);
-    void sendToKnownIPs(SendToAddress send);
+    void sendGetServiceToKnownIPs();
     void readCompleted(const std::string& output);
 
     UserDefaults& m_defaults;

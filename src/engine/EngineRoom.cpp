@@ -29,7 +29,7 @@ struct EngineRoom::Machinery {
         , queue(with.pacer, with.log)
         , polls(registry, sockets, queue, with.runLoop, with.log)
         , discovery(with.defaults, with.log, notifier, polls, with.arpTable)
-        , liveness(registry, discovery, with.runLoop)
+        , liveness(registry, discovery, queue, with.runLoop)
         , intake(registry, notifier, liveness, polls, catalogue, with.log)
         , dispatcher({with.runLoop, with.log, notifier, registry, liveness, intake, polls, embargo})
         , summaries(registry, with.defaults)

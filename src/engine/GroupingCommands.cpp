@@ -207,7 +207,7 @@ template <typename Kind>
 void GroupingCommands::send(const typename Kind::Record& record, Lamp& lamp)
 {
     Kind::send(m_environment.polls, record, lamp);
-    for (const auto& further : lamp.elsewhere)
+    for (const auto& further : lamp.answeringElsewhere())
         Kind::send(m_environment.polls, record, *further);
 }
 

@@ -176,7 +176,7 @@ void LampCommands::sendPower(bool on, const Lamps& lamps)
 
 void LampCommands::sendDirect(std::string_view message, Lamp& lamp, Datagram data)
 {
-    for (const auto& record : lamp.elsewhere)
+    for (const auto& record : lamp.answeringElsewhere())
         sendDirect(message, *record, data);
     if (lamp.address.empty())
         return;

@@ -78,7 +78,8 @@ void LampRegistry::remove(const std::shared_ptr<Lamp>& lamp)
         m_byID.erase(lamp->id);
     } else {
         first = lamp->elsewhere.front();
-        first->elsewhere.assign(lamp->elsewhere.begin() + 1, lamp->elsewhere.end());
+        first->inherit(*lamp);
+        first->elsewhere.erase(first->elsewhere.begin());
         std::replace(m_distinct.begin(), m_distinct.end(), lamp, first);
         m_firstByTarget.insert_or_assign(integerOf(*lamp->mac), first.get());
     }

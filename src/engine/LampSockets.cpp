@@ -2,6 +2,8 @@
 
 #include "engine/WireFormat.h"
 
+#include <utility>
+
 namespace lumeroom {
 
 LampSockets::LampSockets(SocketFactory makeSocket, UdpSocketDelegate& delegate)
@@ -46,8 +48,10 @@ void LampSockets::closeUp(const Lamps& lamps)
 void LampSockets::invalidate(const Lamps& lamps)
 {
     m_broadcastSocket.reset();
-    for (const auto& lamp : lamps)
-        lamp->socket.reset();
+    for (const auto& lamp : lamps) {
+        if (lamp->socket)
+            lamp->previousSocket = std::exchange(lamp->socket, nullptr);
+    }
 }
 
 } // namespace lumeroom

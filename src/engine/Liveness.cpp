@@ -1,8 +1,10 @@
 #include "engine/Liveness.h"
 
 #include "base/RunLoop.h"
+#include "engine/AsyncUdpSocket.h"
 #include "engine/Discovery.h"
 #include "engine/LampRegistry.h"
+#include "engine/SendQueue.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,11 +13,19 @@ namespace lumeroom {
 
 namespace {
 constexpr std::size_t kMostThatNeverAnswered = 300;
+
+/// A reply may still come in by the socket that the record had before a rebuild of the panel.
+bool cameBy(const UdpSocket& socket, const Lamp& lamp)
+{
+    return lamp.socket.get() == &socket || lamp.previousSocket.lock().get() == &socket;
 }
 
-Liveness::Liveness(LampRegistry& registry, Discovery& discovery, RunLoop& runLoop)
+} // namespace
+
+Liveness::Liveness(LampRegistry& registry, Discovery& discovery, SendQueue& queue, RunLoop& runLoop)
     : m_registry(registry)
     , m_discovery(discovery)
+    , m_queue(queue)
     , m_runLoop(runLoop)
 {
 }
@@ -45,22 +55,22 @@ void Liveness::announced(Lamp& lamp)
         heard(lamp);
 }
 
-void Liveness::received(const Target& target, const UdpSocket& socket)
+void Liveness::received(const Target& target, const UdpSocket& socket, const SocketAddress& from)
 {
     Lamp* lamp = m_registry.lampWithTarget(target);
     if (!lamp)
         return;
-    if (lamp->socket.get() == &socket) {
+    if (cameBy(socket, *lamp)) {
         answered(*lamp);
         return;
     }
     // A lamp that has moved has a record for each address.
     const auto found = std::find_if(lamp->elsewhere.begin(), lamp->elsewhere.end(),
-        [&socket](const auto& record) { return record->socket.get() == &socket; });
+        [&socket](const auto& record) { return cameBy(socket, *record); });
     if (found != lamp->elsewhere.end())
         answered(**found);
-    else
-        announced(*lamp);
+    else if (Lamp* there = m_registry.lampAtAddress(AsyncUdpSocket::hostFromAddress(from), target))
+        announced(*there);
 }
 
 void Liveness::heard(Lamp& lamp)
@@ -77,6 +87,7 @@ void Liveness::answered(Lamp& lamp)
         return;
     std::erase_if(m_neverAnswered, [&lamp](const auto& other) { return other.get() == &lamp; });
     m_discovery.addIPsToKnownIPs({lamp.address});
+    m_queue.probeWasAnswered();
 }
 
 } // namespace lumeroom

@@ -1,19 +1,21 @@
 #pragma once
 
 #include "engine/Records.h"
+#include "engine/UdpSocket.h"
 
 namespace lumeroom {
 
 class Discovery;
 class LampRegistry;
 class RunLoop;
+class SendQueue;
 
 /// Tells the lamps that answer from those that only say that they are there. An announcement is
 /// easily forged, by the thousand; an answer on the lamp's own socket, whose port is known to
 /// nobody else, is not.
 class Liveness {
 public:
-    Liveness(LampRegistry& registry, Discovery& discovery, RunLoop& runLoop);
+    Liveness(LampRegistry& registry, Discovery& discovery, SendQueue& queue, RunLoop& runLoop);
 
     /// Whether one more lamp may have a record. Some hundred that never answered have one; beyond
     /// that, one that was asked in vain loses its own.
@@ -22,8 +24,8 @@ public:
     void added(const std::shared_ptr<Lamp>& lamp);
     /// A lamp said that it is there.
     void announced(Lamp& lamp);
-    /// A lamp's report came in by `socket`.
-    void received(const Target& target, const UdpSocket& socket);
+    /// A lamp's report came in by `socket`, from an address.
+    void received(const Target& target, const UdpSocket& socket, const SocketAddress& from);
 
 private:
     void heard(Lamp& lamp);
@@ -31,6 +33,7 @@ private:
 
     LampRegistry& m_registry;
     Discovery& m_discovery;
+    SendQueue& m_queue;
     RunLoop& m_runLoop;
     Lamps m_neverAnswered; ///< oldest first
 };

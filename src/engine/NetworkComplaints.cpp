@@ -7,6 +7,10 @@
 
 namespace lumeroom {
 
+namespace {
+constexpr std::size_t kMostRemembered = 1000; // destinations
+}
+
 void NetworkComplaints::readFailed(int error)
 {
     m_log.line("Error in recvfrom() function: {}", std::strerror(error));
@@ -17,6 +21,8 @@ void NetworkComplaints::failed(const std::string& what, const std::string& reaso
     const std::lock_guard lock(m_mutex);
     if (!isKnown(reason))
         m_log.line("cannot send to {}: {} (said once; the program goes on trying)", what, reason);
+    if (m_failing.size() >= kMostRemembered)
+        m_failing.erase(m_failing.begin());
     m_failing[what] = reason;
     m_any = true;
 }

@@ -92,10 +92,17 @@ void Polls::sendGetStateToLamp(Lamp& lamp)
 
 void Polls::sendGetColorZonesToLamp(Lamp& lamp)
 {
+    const auto lastZone = static_cast<std::uint8_t>(lamp.zonecount ? *lamp.zonecount - 1 : 0);
+    pollZones(lamp, lastZone);
+    for (const auto& record : lamp.answeringElsewhere())
+        pollZones(*record, lastZone);
+}
+
+void Polls::pollZones(Lamp& lamp, std::uint8_t lastZone)
+{
     if (lamp.address.empty())
         return;
     logQueueing(Message::MultizoneGetColorZones, lamp.address);
-    const auto lastZone = static_cast<std::uint8_t>(lamp.zonecount ? *lamp.zonecount - 1 : 0);
     enqueue(
         {m_sockets.socketFor(lamp), lamp.address, wire::multizoneGetColorZones(lamp.mac, lastZone)},
         expectationOf(lamp));
@@ -158,7 +165,7 @@ bool Polls::pollLamp(Message message, Lamp& lamp)
 void Polls::pollSpeakingLamps(Message message)
 {
     for (const auto& lamp : m_registry.lightsArray()) {
-        if (!lamp->polling.isSilent())
+        if (lamp->polling.isAnswering())
             pollLamp(message, *lamp);
     }
 }

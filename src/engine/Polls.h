@@ -34,6 +34,7 @@ public:
     void sendGetLocationToLamp(Lamp& lamp);
     void sendGetGroupToLamp(Lamp& lamp);
     void sendGetStateToLamp(Lamp& lamp);
+    /// At every address that it answers at.
     void sendGetColorZonesToLamp(Lamp& lamp);
 
     // To every lamp heard from. One that has fallen silent is asked for its state only, and ever
@@ -52,6 +53,7 @@ public:
 private:
     void pollAddress(wire::Message message, const std::string& address, Expecting expecting);
     bool pollLamp(wire::Message message, Lamp& lamp);
+    void pollZones(Lamp& lamp, std::uint8_t lastZone);
     void pollSpeakingLamps(wire::Message message);
     bool enqueue(QueueEntry entry, Expecting expecting);
     void setGrouping(wire::Message message, const Grouping& grouping, Lamp& lamp);

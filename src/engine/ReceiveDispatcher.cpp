@@ -103,7 +103,7 @@ void ReceiveDispatcher::udpSocketDidReceiveData(
         return;
     }
     if (message != Message::DeviceStateService) // which says that it is there, no more
-        m_environment.liveness.received(frame->target, socket);
+        m_environment.liveness.received(frame->target, socket, from);
     dispatch(message, frame->target, ByteReader(frame->payload), from);
 }
 
@@ -184,7 +184,7 @@ void ReceiveDispatcher::lampAnsweredFrom(const SocketAddress& from, const Target
 void ReceiveDispatcher::didReceiveStateLabel(const Target& target, const ByteReader& payload)
 {
     Log& log = m_environment.log;
-    const auto label = stringFromData(payload.bytes(0, payload.size()));
+    const auto label = stringFromData(payload.bytes(0, wire::kLabelSize));
     if (!label) {
         log.line("Unable to make label from response: {}", description(bytesForLog(payload)));
         return;

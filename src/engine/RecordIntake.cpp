@@ -9,6 +9,7 @@
 #include "engine/Summaries.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lumeroom {
 
@@ -121,7 +122,8 @@ std::shared_ptr<Lamp> RecordIntake::addLampToRespondingLamps(
 void RecordIntake::addLabelForLamp(const std::string& label, const Target& target)
 {
     Lamp* lamp = lampFor(target);
-    if (!lamp || lamp->label == label)
+    // Its first label shows a lamp, even one that has no name.
+    if (!lamp || (std::exchange(lamp->labelIsKnown, true) && lamp->label == label))
         return;
     lamp->label = label;
     m_notifier.sendNewLampsNotificationToDelegate();

@@ -223,6 +223,25 @@ std::optional<Value> Lamp::valueForKey(std::string_view key) const
     return entry(*this, key);
 }
 
+std::vector<std::shared_ptr<Lamp>> Lamp::answeringElsewhere() const
+{
+    std::vector<std::shared_ptr<Lamp>> answering;
+    std::copy_if(elsewhere.begin(), elsewhere.end(), std::back_inserter(answering),
+        [](const auto& record) { return record->polling.hasAnswered; });
+    return answering;
+}
+
+void Lamp::inherit(const Lamp& other)
+{
+    Lamp heir = other;
+    heir.address = address;
+    heir.socket = socket;
+    heir.previousSocket = previousSocket;
+    heir.service = service;
+    heir.polling = polling;
+    *this = std::move(heir);
+}
+
 std::vector<Zone> Lamp::zonesInOrder() const
 {
     std::vector<Zone> ordered = zones.value_or(std::vector<Zone>());

@@ -148,10 +148,12 @@ struct Lamp : LampColour {
     std::string label;
     std::optional<Target> mac;
     std::shared_ptr<UdpSocket> socket;
+    std::weak_ptr<UdpSocket> previousSocket; ///< replies to what left by it may still come
     /// Further records of the same lamp, at other addresses that it was heard at.
     std::vector<std::shared_ptr<Lamp>> elsewhere;
     std::optional<LampService> service;
     LampPolling polling;
+    bool labelIsKnown = false; ///< the lamp has told its label, if only an empty one
     std::optional<bool> onoff;
     std::uint64_t reports = 0; ///< of colour and power that were news, counted
     std::shared_ptr<Group> group;
@@ -164,9 +166,14 @@ struct Lamp : LampColour {
     std::optional<int> zonecount; ///< 0 to 255
     std::optional<std::vector<Zone>> zones; ///< in order of arrival
 
+    /// Takes on what was told of the lamp. What belongs to the record's own address stays.
+    void inherit(const Lamp& other);
     /// The colour, power and label as one dictionary entry each, with every other key that is set.
     Value::Dictionary toDictionary() const;
     std::optional<Value> valueForKey(std::string_view key) const;
+    /// Those of its further records at whose addresses it has answered. What only claims to be the
+    /// lamp is not sent what the lamp is.
+    std::vector<std::shared_ptr<Lamp>> answeringElsewhere() const;
     /// The record's zones by ascending number; empty without zones.
     std::vector<Zone> zonesInOrder() const;
 };

@@ -3,6 +3,8 @@
 #include "base/Log.h"
 #include "engine/WireFormat.h"
 
+#include <algorithm>
+
 namespace lumeroom {
 
 namespace {
@@ -11,6 +13,9 @@ constexpr Seconds kPause(0.1);
 constexpr std::size_t kRepeatedPollsAllowedBelow = 30;
 constexpr std::size_t kSocketsAwaitingReply = 10;
 constexpr int kProbeEvery = 10;
+constexpr int kPromptProbesAtFirst = 10;
+constexpr int kPromptProbesForAnAnswer = 3; // enough to find the next lamp and to hear it
+constexpr int kMostPromptProbes = 20;
 
 std::string keyOf(const QueueEntry& poll)
 {
@@ -53,6 +58,7 @@ QueueEntry SendQueue::Line::takeFirst()
 SendQueue::SendQueue(Pacer& pacer, Log& log)
     : m_pacer(pacer)
     , m_log(log)
+    , m_promptProbes(kPromptProbesAtFirst)
 {
 }
 
@@ -88,6 +94,12 @@ bool SendQueue::appendProbe(QueueEntry entry)
     return true;
 }
 
+void SendQueue::probeWasAnswered()
+{
+    const std::lock_guard lock(m_arrayLock);
+    m_promptProbes = std::min(m_promptProbes + kPromptProbesForAnAnswer, kMostPromptProbes);
+}
+
 std::size_t SendQueue::size() const
 {
     const std::lock_guard lock(m_arrayLock);
@@ -109,10 +121,11 @@ SendQueue::Line& SendQueue::nextLine()
 {
     if (m_probes.empty())
         return m_queue;
-    const bool probesTurn = m_queue.empty() || ++m_sinceProbe >= kProbeEvery;
+    const bool probesTurn = m_queue.empty() || m_promptProbes > 0 || ++m_sinceProbe >= kProbeEvery;
     if (!probesTurn)
         return m_queue;
     m_sinceProbe = 0;
+    m_promptProbes = std::max(m_promptProbes - 1, 0);
     return m_probes;
 }
 

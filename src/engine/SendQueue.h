@@ -39,6 +39,9 @@ public:
     /// else does, but every tenth datagram is such a poll, so that none waits for ever. None is
     /// asked twice; false if it was not needed.
     bool appendProbe(QueueEntry entry);
+    /// A probe found a lamp: the next few go out at once, since there may be more. So a house full
+    /// of lamps is found at full pace, and forged senders still get a tenth of it.
+    void probeWasAnswered();
 
     /// What waits, of both kinds.
     std::size_t size() const;
@@ -72,6 +75,7 @@ private:
     Line m_queue;
     Line m_probes;
     int m_sinceProbe = 0; ///< datagrams
+    int m_promptProbes; ///< that go out at once
     /// The sockets of the last second's sends, so that one that nobody else holds any more can
     /// still take in the reply.
     std::deque<std::shared_ptr<UdpSocket>> m_awaitingReply;

@@ -138,7 +138,7 @@ void TagCommands::sendSetTagLabelForTagToLamp(
 
 void TagCommands::sendDirect(std::string_view message, Lamp& lamp, std::vector<std::uint8_t> data)
 {
-    for (const auto& record : lamp.elsewhere)
+    for (const auto& record : lamp.answeringElsewhere())
         sendDirect(message, *record, data);
     if (lamp.address.empty())
         return;

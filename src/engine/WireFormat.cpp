@@ -162,7 +162,7 @@ Datagram deviceSetTagLabels(const OptionalTarget& target, std::uint64_t tag, std
 {
     Datagram frame = makeFrame({Message::DeviceSetTagLabels}, target, 8 + kLabelSize);
     put(frame, 36, tag);
-    putLabel(frame, 44, firstCharacters(label, kLabelSize));
+    putLabel(frame, 44, label);
     return frame;
 }
 
@@ -222,17 +222,6 @@ std::optional<Frame> parseFrame(std::span<const std::uint8_t> datagram)
     const ByteReader reader(datagram);
     return Frame{
         reader.u16(kTypeOffset), reader.array<8>(kTargetOffset), datagram.subspan(kHeaderSize)};
-}
-
-std::string_view firstCharacters(std::string_view text, std::size_t count)
-{
-    std::size_t end = 0;
-    for (std::size_t characters = 0; end < text.size(); ++end) {
-        const bool continues = (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U;
-        if (!continues && characters++ == count)
-            break;
-    }
-    return text.substr(0, end);
 }
 
 } // namespace lumeroom::wire

@@ -79,7 +79,4 @@ struct Frame {
 /// Nothing for a datagram that is too short for a header.
 std::optional<Frame> parseFrame(std::span<const std::uint8_t> datagram);
 
-/// The first `count` characters of UTF-8 text.
-std::string_view firstCharacters(std::string_view text, std::size_t count);
-
 } // namespace lumeroom::wire

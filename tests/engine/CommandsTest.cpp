@@ -124,10 +124,15 @@ TEST_F(Commands, aLampHeardAtTwoAddressesIsToldAtBoth)
     for (const unsigned n : {1U, 2U}) {
         receive(stateGrouping(53, n, 0xAA, "Den"));
         receive(stateService(n), lampAddress(80 + n));
+        receive(stateGrouping(53, n, 0xAA, "Den"), lampAddress(80 + n));
+        receive(stateService(n), lampAddress(90 + n)); // which is told nothing until it answers
     }
     receive(stateTagLabels(1, 1, "Night"));
     receive(stateTags(1, 1));
     drainQueue();
+    receive(stateVersion(2, 31));
+    loop.advance(Seconds(1));
+    EXPECT_EQ(sockets.takeOfType(502).size(), 2U); // its zones are asked for at both
     for (const std::string& id : {lampID(1), std::string("d073d5000001")}) {
         engine().commands().sendSettingsToLamp(settings({{"brightness", 9}}), id);
         const auto both = sockets.take();

@@ -21,8 +21,9 @@ TEST_F(Dispatcher, whatCannotBeReadIsToldAndDropped)
             "payload of DEVICE_STATEGROUP has length less than 56",
             "messageType 999 received and not understood",
             "message is (null)"})); // its target is no valid text
-    receive(reply(25, 1, Bytes().text("Other", 32)));
-    EXPECT_EQ(engine().registry().lampWithID(lampID(1))->label, "Other");
+    const std::string longest(32, 'n');
+    receive(reply(25, 1, Bytes().text(longest, 32).text("tail", 9000)));
+    EXPECT_EQ(engine().registry().lampWithID(lampID(1))->label, longest);
     EXPECT_EQ(delegate.newLamps, 2);
     receive(reply(25, 1, Bytes().text("\xff", 32)));
     EXPECT_EQ(linesWith("Unable to make label from response: "), 1);
@@ -48,12 +49,14 @@ TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
     loop.advance(Seconds(0.95));
     EXPECT_EQ(sockets.takeOfType(101).size(), 1U);
 
+    receive(lightState(1, {.label = ""}));
+    EXPECT_EQ(delegate.newLamps, 1); // even an empty one
     receive(lightState(1, {.label = "Desk"}));
     EXPECT_EQ(defaults.arrayForKey("knownIPs"), (Value::Array{"127.0.9.1"}));
-    EXPECT_EQ(delegate.newLamps, 1);
+    EXPECT_EQ(delegate.newLamps, 2);
     EXPECT_EQ(delegate.states, 1);
     receive(lightState(1, {.label = "Desk"})); // nothing new
-    EXPECT_EQ(delegate.newLamps, 1);
+    EXPECT_EQ(delegate.newLamps, 2);
     EXPECT_EQ(delegate.states, 1);
 }
 

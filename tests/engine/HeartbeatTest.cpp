@@ -30,7 +30,8 @@ struct Heartbeat : EngineHarness {
                     result.push_back(datagram);
                 const auto lamp = answering.find(datagram.host);
                 if (datagram.type() == 101 && lamp != answering.end())
-                    receive(lightState(lamp->second, {}), lamp->first);
+                    engine().udpSocketDidReceiveData(*datagram.socket, lightState(lamp->second, {}),
+                        socketAddress(lamp->first, 56700));
             }
         }
         return result;
@@ -138,6 +139,25 @@ TEST_F(Heartbeat, theQueueSendsTenASecondAndKeepsRepeats)
     EXPECT_EQ(sockets.takeOfType(26).size(), 10U); // twenty identical polls in all
 }
 
+// Every lamp is found and shown at once, though the first to answer fill the queue, and though the
+// panel is rebuilt for each few of them.
+TEST_F(Heartbeat, aHouseFullOfLampsIsFoundAtFullPace)
+{
+    engine().startHeartbeat();
+    run(0.5);
+    for (unsigned n = 1; n <= 30; ++n) {
+        answering[lampAddress(n)] = n;
+        receive(stateService(n), lampAddress(n));
+    }
+    for (int tenth = 0; tenth < 45; ++tenth) {
+        if (tenth % 15 == 14)
+            engine().invalidateSockets();
+        run(0.1);
+    }
+    for (const auto& lamp : engine().registry().lightsArray())
+        EXPECT_TRUE(lamp->onoff && lamp->polling.hasAnswered) << lamp->address;
+}
+
 TEST_F(Heartbeat, neitherManyLampsNorRebuildsHoldUpAChange)
 {
     addAnsweringLamps(30);
@@ -169,6 +189,10 @@ TEST_F(Heartbeat, neitherManyLampsNorRebuildsHoldUpAChange)
 TEST_F(Heartbeat, aFloodOfAnnouncementsTakesNothingFromLampsThatAnswer)
 {
     addAnsweringLamps(3);
+    // One that is announced elsewhere before it answers where it is.
+    receive(stateService(7), lampAddress(70));
+    receive(stateService(7), lampAddress(7));
+    receive(lightState(7, {.label = "Hall"}), lampAddress(7));
     engine().startHeartbeat();
     std::size_t asked = 0;
     for (unsigned second = 0; second < 20; ++second) {
@@ -178,24 +202,33 @@ TEST_F(Heartbeat, aFloodOfAnnouncementsTakesNothingFromLampsThatAnswer)
             asked += answering.count(datagram.host);
     }
     EXPECT_GE(asked, 18U); // of 21
-    EXPECT_LE(engine().registry().lightsArray().size(), 303U);
-    EXPECT_EQ(defaults.arrayForKey("knownIPs")->size(), 3U);
+    EXPECT_LE(engine().registry().lightsArray().size(), 304U);
+    EXPECT_EQ(defaults.arrayForKey("knownIPs")->size(), 4U);
 
     // Those that never answered are asked ever more rarely, and make room for a lamp.
-    const std::size_t atFirst = run(60).size();
+    const auto askedInVain = [this](double seconds) {
+        const auto requests = run(seconds, 101);
+        return std::count_if(requests.begin(), requests.end(),
+            [this](const auto& datagram) { return !answering.count(datagram.host); });
+    };
+    const auto atFirst = askedInVain(60);
     std::size_t askedOne = 0; // that goes on announcing itself
     for (int beat = 0; beat < 400; ++beat) {
         receive(stateService(1000), lampAddress(1000));
         askedOne += run(3, 101, lampAddress(1000)).size();
     }
     EXPECT_LE(askedOne, 20U);
-    EXPECT_LT(run(60).size() * 2, atFirst);
+    EXPECT_LT(askedInVain(180), atFirst);
     answering[lampAddress(4)] = 4;
     receive(stateService(4), lampAddress(4));
     run(60);
-    receive(stateService(5), lampAddress(5));
+    for (const unsigned n : {5U, 6U})
+        receive(stateService(n), lampAddress(n));
     EXPECT_EQ(run(60, 101, lampAddress(4)).size(), 20U);
-    EXPECT_EQ(engine().registry().lightsArray().size(), 303U + 1U);
+    EXPECT_EQ(engine().registry().lightsArray().size(), 304U + 1U);
+    const auto hall = engine().registry().lampWithID(lampID(7));
+    EXPECT_EQ(hall->address, lampAddress(7)); // and has kept what it told
+    EXPECT_EQ(hall->label, "Hall");
     EXPECT_TRUE(engine().registry().lampWithID(lampID(5)));
     EXPECT_FALSE(engine().registry().lampWithTarget(target(1000)));
     receive(stateService(1000), lampAddress(1000));
@@ -207,7 +240,10 @@ TEST_F(Heartbeat, aSilentLampIsAskedEverMoreRarelyUntilItSpeaks)
     addAnsweringLamps(2);
     answering.erase(lampAddress(1));
     engine().startHeartbeat();
-    EXPECT_EQ(run(12, 101, lampAddress(1)).size(), 4U);
+    EXPECT_EQ(run(11.5, 101, lampAddress(1)).size(), 4U);
+    receive(stateService(1), lampAddress(81)); // where it now is, and answers
+    receive(lightState(1, {}), lampAddress(81));
+    answering[lampAddress(81)] = 1;
     std::vector<int> pauses{0};
     for (int beat = 0; beat < 300; ++beat) {
         const auto sent = run(3, 0, lampAddress(1));
@@ -216,15 +252,18 @@ TEST_F(Heartbeat, aSilentLampIsAskedEverMoreRarelyUntilItSpeaks)
         else
             pauses.push_back(0);
         EXPECT_LE(sent.size(), 1U); // and not for its group
+        // What it says to everybody is no answer from its old address.
+        engine().udpSocketDidReceiveData(*sockets.factory()(engine()), stateVersion(1, 1),
+            socketAddress(lampAddress(81), 56700));
     }
     EXPECT_EQ(pauses, (std::vector<int>{0, 2, 4, 8, 16, 32, 64, 64, 64, 37}));
-    EXPECT_EQ(run(3, 51).size(), 1U); // the other lamp's
+    EXPECT_EQ(run(3, 51).size(), 2U); // the other addresses'
     engine().commands().lampOn(lampID(1), true); // commands go to it all the same
-    EXPECT_EQ(sockets.takeOfType(117).size(), 1U);
+    EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
 
     receive(stateService(1), lampAddress(1));
-    EXPECT_EQ(run(7, 101, lampAddress(1)).size(), 2U);
-    EXPECT_EQ(run(3, 51).size(), 2U);
+    EXPECT_EQ(run(6, 101, lampAddress(1)).size(), 2U);
+    EXPECT_EQ(run(3, 51).size(), 3U);
 }
 
 TEST_F(Heartbeat, manyStoredAddressesDoNotHoldUpTheLampsThatAnswer)
@@ -327,6 +366,7 @@ TEST_F(Heartbeat, addressesFollowTheSettings)
         defaults.setObject("manualIPAddresses", c.manual);
         loop.advance(untilCycleEnds);
         untilCycleEnds = Seconds(3);
+        receive(lightState(1, {}));
         std::map<unsigned, std::vector<std::string>> hosts;
         for (const auto& datagram : sockets.take())
             hosts[datagram.type()].push_back(datagram.host);

@@ -8,7 +8,7 @@
 namespace lumeroom::test {
 
 struct SentDatagram {
-    const UdpSocket* socket = nullptr;
+    UdpSocket* socket = nullptr;
     Datagram data;
     std::string host;
     std::uint16_t port = 0;
