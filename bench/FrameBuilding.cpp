@@ -1,7 +1,6 @@
 #include "Baseline.h"
 
 #include "base/Log.h"
-#include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
@@ -79,7 +78,6 @@ void sendSettingsToLamp(benchmark::State& state)
     ManualRunLoop loop;
     RunLoopPacer pacer(loop);
     UserDefaults defaults;
-    defaults.registerDefaults(registeredDefaults());
     NoArpTable arp;
     EngineRoom engine({loop, pacer, defaults, log,
         [](UdpSocketDelegate&) { return std::make_shared<SilentSocket>(); }, {}, arp});

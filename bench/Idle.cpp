@@ -27,7 +27,6 @@ public:
     explicit IdleEngine(unsigned lamps)
         : m_lamps(lamps)
     {
-        m_defaults.registerDefaults(registeredDefaults());
         std::string addresses;
         for (unsigned n = 1; n <= lamps; ++n)
             addresses += test::lampAddress(n) + " ";

@@ -4,7 +4,6 @@
 #include "app/ui/ControlPanelWindow.h"
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
-#include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "desktop/QtRunLoop.h"
 #include "engine/ArpTable.h"
@@ -58,7 +57,6 @@ constexpr unsigned kLampsPerGroup = 10;
 struct PanelOfLamps {
     PanelOfLamps(int theme, unsigned lamps)
     {
-        defaults.registerDefaults(registeredDefaults());
         defaults.setObject(keys::kCurrentTheme, theme);
         const auto socket = sockets.factory()(engine);
         for (unsigned n = 0; n < lamps; ++n) {

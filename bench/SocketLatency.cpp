@@ -1,7 +1,6 @@
 #include "Baseline.h"
 
 #include "base/Log.h"
-#include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/AsyncUdpSocket.h"
@@ -58,7 +57,6 @@ struct NoArpTable : ArpTable {
 struct EngineWithLamp {
     EngineWithLamp()
     {
-        defaults.registerDefaults(registeredDefaults());
         lampSocket = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
         address.sin_family = AF_INET;
         address.sin_port = htons(56700);

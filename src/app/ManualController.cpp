@@ -3,7 +3,6 @@
 #include "app/PanelView.h"
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
-#include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/EngineRoom.h"
 
@@ -95,36 +94,33 @@ void ManualController::awakeFromNib()
     if (m_log.shows(2))
         m_log.line("manual window did load");
     m_defaults.setObject(keys::kVeryVerboseAtStartup, false);
-    if (m_defaults.integerForKey(keys::kVerbosity) >= 2)
+    if (m_defaults.get(keys::kVerbosity) >= 2)
         m_defaults.setObject(keys::kVerbosity, 1); // high levels do not outlive a run
     m_panelSetUp.restoreWindowSize();
     m_panel.setTitle(fmt::format("{} manual control panel", kBundleName));
     fillEditMenus(false);
     m_panel.setNavigation(m_panelSetUp.navigation().model(), navigationActions());
     m_panel.setDidEndLiveResize([this] { windowDidEndLiveResize(); });
-    m_defaults.registerDefaults(registeredDefaults());
 }
 
 void ManualController::applicationDidFinishLaunching()
 {
     m_engineRoom.setDelegate(this);
     m_engineRoom.startHeartbeat();
-    m_colourPickerType = m_defaults.integerForKey(keys::kColourPickerType);
-    m_groupPowerStateBasedOn = m_defaults.integerForKey(keys::kGroupPowerStateBasedOn);
-    m_defaultsObservation = m_defaults.observe(m_runLoop, [this] { defaultsChanged(); });
+    observeSettings();
     m_panelSetUp.setUp();
 }
 
 /// Most settings are read when they are needed; these show.
-void ManualController::defaultsChanged()
+void ManualController::observeSettings()
 {
-    const auto type = m_defaults.integerForKey(keys::kColourPickerType);
-    if (std::exchange(m_colourPickerType, type) != type)
-        m_panelSetUp.refreshSetUpUsingRecycling(true);
-    const auto basedOn = m_defaults.integerForKey(keys::kGroupPowerStateBasedOn);
-    if (std::exchange(m_groupPowerStateBasedOn, basedOn) != basedOn)
-        lampStatesChanged();
-    m_statusMenu.updateDockIcon(); // with or without its badge
+    const auto observe = [this](std::string_view name, std::function<void()> changed) {
+        m_observations.push_back(m_defaults.observe(m_runLoop, {name}, std::move(changed)));
+    };
+    observe(keys::kColourPickerType, [this] { m_panelSetUp.refreshSetUpUsingRecycling(true); });
+    observe(keys::kGroupPowerStateBasedOn, [this] { lampStatesChanged(); });
+    observe(keys::kBadgeIcon, [this] { m_statusMenu.updateDockIcon(); });
+    observe(keys::kPresets, [this] { m_lampsPopUp.populateLampsPopUp(); });
 }
 
 void ManualController::applicationShouldTerminate()

@@ -78,7 +78,7 @@ private:
     PanelSetUp::Companions companions();
     NavigationActions navigationActions();
     void fillEditMenus(bool withTags);
-    void defaultsChanged();
+    void observeSettings();
     void updateStrips();
     Scripting::Actions scriptingActions();
     Lamps lampsOf(const StripTarget& group) const;
@@ -99,9 +99,7 @@ private:
     Scripting m_scripting;
     /// Many reports come in a row: the strips are brought up to date once, after all of them.
     CallSoon m_updateStrips;
-    std::int64_t m_colourPickerType = 0; ///< that the strips were built with
-    std::int64_t m_groupPowerStateBasedOn = 0; ///< that the strips of groups show
-    DefaultsObservation m_defaultsObservation;
+    std::vector<Subscription> m_observations;
     Lifeline m_lifeline;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/DefaultsKeys.h"
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,8 +14,7 @@ class UserDefaults;
 /// One user default that a person sets, and how it is shown. Texts carry the mnemonic as "&x".
 struct Setting {
     enum class Kind { Switch, Number, Choice, Addresses };
-    /// What is stored.
-    enum class Form { Boolean, Integer, Real, Text };
+    using Key = std::variant<keys::Switch, keys::Integer, keys::Number, keys::Text>;
     struct Choice {
         int value = 0;
         std::string_view title;
@@ -28,17 +29,21 @@ struct Setting {
     };
 
     std::string_view page;
-    std::string_view key;
+    Key key;
     Kind kind = Kind::Switch;
-    Form form = Form::Boolean;
     std::string_view label;
     std::string_view help{}; ///< empty where the label says it all
     Range range{};
     std::vector<Choice> choices{};
     /// What a stored number that is none of the choices amounts to; empty if none can be.
     std::string_view otherTitle{};
-    /// What the program makes of a stored number; null where it takes it as it is.
-    double (*meaning)(double stored) = nullptr;
+    /// What becomes of the number behind the key; null where it is taken as it is.
+    double (*meaning)(double number) = nullptr;
+
+    std::string_view name() const
+    {
+        return std::visit([](const auto& declared) { return declared.name; }, key);
+    }
 };
 
 /// All of them, page by page, in the order in which they are shown.
@@ -51,7 +56,7 @@ bool switchFor(const Setting& setting, const UserDefaults& defaults);
 int choiceFor(const Setting& setting, const UserDefaults& defaults);
 std::string textFor(const Setting& setting, const UserDefaults& defaults);
 
-// Store what the user set, in the setting's form. A number is rounded to the range's decimals.
+// Store what the user set, in the form of the key. A number is rounded to the range's decimals.
 void storeNumber(const Setting& setting, double number, UserDefaults& defaults);
 void storeText(const Setting& setting, const std::string& text, UserDefaults& defaults);
 

@@ -67,7 +67,7 @@ void StatusMenu::countLampsLit()
 void StatusMenu::updateDockIcon()
 {
     countLampsLit();
-    const bool badge = m_defaults.boolForKey(keys::kBadgeIcon) && m_lightsOn > 0;
+    const bool badge = m_defaults.get(keys::kBadgeIcon) && m_lightsOn > 0;
     if (setBadgeLabel)
         setBadgeLabel(badge ? std::optional(m_lightsOn) : std::nullopt);
 }

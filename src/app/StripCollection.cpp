@@ -1,8 +1,7 @@
 #include "app/StripCollection.h"
 
-#include "base/DefaultsKeys.h"
 #include "base/Log.h"
-#include "base/UserDefaults.h"
+#include "base/StoredList.h"
 
 #include <algorithm>
 #include <set>
@@ -11,11 +10,6 @@ namespace lumeroom {
 
 namespace {
 
-// An entry of the stored order.
-constexpr std::string_view kEntryID = "ID";
-constexpr std::string_view kEntryGroup = "group";
-constexpr std::string_view kEntrySortOrder = "sortOrder";
-
 template <typename ByID> typename ByID::mapped_type find(const ByID& strips, std::string_view id)
 {
     const auto found = strips.find(id);
@@ -23,6 +17,34 @@ template <typename ByID> typename ByID::mapped_type find(const ByID& strips, std
 }
 
 } // namespace
+
+/// An entry of the stored order.
+struct StripCollection::Place {
+    std::string id;
+    bool isGroup = false;
+    std::int64_t index = 0;
+
+    static constexpr std::string_view kID = "ID";
+    static constexpr std::string_view kGroup = "group";
+    static constexpr std::string_view kSortOrder = "sortOrder";
+
+    static std::optional<Place> read(const Value::Dictionary& stored)
+    {
+        const auto id = stored.find(kID);
+        const auto group = stored.find(kGroup);
+        auto text = id == stored.end() ? std::nullopt : shownText(&id->second);
+        if (!text)
+            return {};
+        return Place{std::move(*text), group != stored.end() && group->second.boolValue()};
+    }
+    void write(Value::Dictionary& stored) const
+    {
+        stored.insert_or_assign(std::string(kID), id);
+        stored.insert_or_assign(std::string(kGroup), isGroup);
+        stored.insert_or_assign(std::string(kSortOrder), index);
+    }
+    std::pair<bool, std::string> identity() const { return {isGroup, id}; }
+};
 
 StripCollection::StripCollection(UserDefaults& defaults, Log& log)
     : m_defaults(defaults)
@@ -109,7 +131,9 @@ void StripCollection::insertStripIntoPosition(const LampControlStrip& strip, int
 
 void StripCollection::applySortOrder()
 {
-    const auto order = m_defaults.arrayForKey(keys::kSortOrder).value_or(Value::Array());
+    std::vector<Place> order;
+    for (auto& item : StoredList<Place>::read(m_defaults, keys::kSortOrder))
+        order.push_back(std::move(item.entry));
     Strips sorted;
     sorted.reserve(m_strips.size());
     std::set<const LampControlStrip*> placed;
@@ -130,7 +154,7 @@ void StripCollection::applySortOrder()
 }
 
 std::shared_ptr<LampControlStrip> StripCollection::getStripAtSortedPosition(
-    const Value::Array& order, std::size_t position) const
+    const std::vector<Place>& order, std::size_t position) const
 {
     if (position >= order.size()) {
         m_log.line("getStripAtSortedPosition: returning nil because requested position {} is "
@@ -138,28 +162,21 @@ std::shared_ptr<LampControlStrip> StripCollection::getStripAtSortedPosition(
             position);
         return nullptr;
     }
-    const Value* id = order[position].find(kEntryID);
-    const Value* group = order[position].find(kEntryGroup);
-    const std::string wanted = id ? id->stringValue() : std::string();
-    const bool isGroup = group && group->boolValue();
-    if (auto strip = find(isGroup ? m_groups : m_lampsAndZones, wanted))
+    const Place& place = order[position];
+    if (auto strip = find(place.isGroup ? m_groups : m_lampsAndZones, place.id))
         return strip;
-    m_log.line("unable to find strip with ID '{}' in sortedArray", wanted);
+    m_log.line("unable to find strip with ID '{}' in sortedArray", place.id);
     return nullptr;
 }
 
 void StripCollection::saveStripOrder()
 {
-    Value::Array order;
-    for (const auto& strip : m_strips) {
-        order.emplace_back(Value::Dictionary{
-            {std::string(kEntryID), strip->getID()},
-            {std::string(kEntryGroup), strip->isGroup()},
-            {std::string(kEntrySortOrder), static_cast<std::int64_t>(order.size())},
-        });
-    }
+    std::vector<Place> order;
+    for (const auto& strip : m_strips)
+        order.push_back(
+            {strip->getID(), strip->isGroup(), static_cast<std::int64_t>(order.size())});
     m_log.line("saving sortOrder to defaults. It has {} items", order.size());
-    m_defaults.setObject(keys::kSortOrder, std::move(order));
+    StoredList<Place>(m_defaults, keys::kSortOrder).assign(order);
 }
 
 } // namespace lumeroom

@@ -42,10 +42,12 @@ public:
 private:
     using ByID = std::map<std::string, std::shared_ptr<LampControlStrip>, std::less<>>;
 
+    struct Place;
+
     void indexStrip(const std::shared_ptr<LampControlStrip>& strip);
     void indexAnew();
     std::shared_ptr<LampControlStrip> getStripAtSortedPosition(
-        const Value::Array& order, std::size_t position) const;
+        const std::vector<Place>& order, std::size_t position) const;
 
     UserDefaults& m_defaults;
     Log& m_log;

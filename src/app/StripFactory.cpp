@@ -46,8 +46,7 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     setUpNavigationButton(*strip);
     if (type == StripType::Lamp && record.zones > 0)
         showZones(*strip, record.zones);
-    strip->colourWell().setHidden(
-        m_environment.defaults.integerForKey(keys::kColourPickerType) != 0);
+    strip->colourWell().setHidden(m_environment.defaults.get(keys::kColourPickerType) != 0);
 
     strip->setOwner(&m_environment.owner);
     if (auto* view = strip->getControlStripView())

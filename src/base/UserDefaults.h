@@ -1,8 +1,11 @@
 #pragma once
 
-#include "base/Value.h"
+#include "base/CallSoon.h"
+#include "base/DefaultsKeys.h"
+#include "base/Listeners.h"
 
 #include <filesystem>
+#include <list>
 #include <mutex>
 
 namespace lumeroom {
@@ -10,27 +13,8 @@ namespace lumeroom {
 class DefaultsFile;
 class Log;
 
-/// Someone's wish to hear of changes to the defaults. Dropping it, on the main thread, ends it.
-class DefaultsObservation {
-public:
-    DefaultsObservation() = default;
-    DefaultsObservation(DefaultsObservation&& other) noexcept = default;
-    DefaultsObservation& operator=(DefaultsObservation&& other) noexcept;
-    ~DefaultsObservation() { end(); }
-
-private:
-    friend class UserDefaults;
-    struct Observer;
-    explicit DefaultsObservation(std::shared_ptr<Observer> observer)
-        : m_observer(std::move(observer))
-    {
-    }
-    void end();
-
-    std::shared_ptr<Observer> m_observer;
-};
-
-/// All settings and stored data: one property-list file, over registered fallbacks.
+/// All settings and stored data: one property-list file. Nobody keeps copies of what is in it: who
+/// depends on a value reads it when it is needed, or observes it.
 /// Any thread may read and write it; the file is written on the main thread shortly after a change.
 class UserDefaults {
 public:
@@ -45,51 +29,54 @@ public:
     UserDefaults(const UserDefaults&) = delete;
     UserDefaults& operator=(const UserDefaults&) = delete;
 
-    /// Fallbacks under the stored values, never written to the file.
-    void registerDefaults(Value::Dictionary fallbacks);
+    /// What the program goes by: the overriding value, else the stored one, else the one that the
+    /// key registers, in its form (see Value for the coercions) and with its meaning. Without any
+    /// of them false, 0, or empty.
+    template <typename T> T get(const DefaultsKey<T>& key) const;
+    /// The overriding value, else the stored one, as it stands; else nothing.
+    std::optional<Value> objectForKey(std::string_view name) const;
+
+    void setObject(std::string_view name, Value value);
+    void removeObject(std::string_view name);
 
     /// Values over the stored ones for as long as this object lives. They are never written, and
-    /// what is set or removed under their keys is dropped.
+    /// what is set or removed under their names is dropped.
     void overrideDefaults(Value::Dictionary values);
-    bool isOverridden(std::string_view key) const;
+    bool isOverridden(std::string_view name) const;
 
-    /// The overriding value, else the stored one, else the registered one, else nothing.
-    std::optional<Value> objectForKey(std::string_view key) const;
-    // Absent keys read as false, 0 and "" (see Value for the coercions).
-    bool boolForKey(std::string_view key) const;
-    std::int64_t integerForKey(std::string_view key) const;
-    float floatForKey(std::string_view key) const;
-    std::string stringForKey(std::string_view key) const;
-    /// Nothing unless the value is an array.
-    std::optional<Value::Array> arrayForKey(std::string_view key) const;
-
-    void setObject(std::string_view key, Value value);
-    void removeObject(std::string_view key);
-
-    /// Calls `changed` on the main thread soon after any value has changed, by whichever thread; a
-    /// burst of changes makes one call.
-    [[nodiscard]] DefaultsObservation observe(RunLoop& runLoop, std::function<void()> changed);
+    /// Calls `changed` on the main thread soon after one of these has changed, by whichever thread;
+    /// a burst of changes makes one call. The subscription is to be dropped on the main thread.
+    [[nodiscard]] Subscription observe(RunLoop& runLoop, const std::vector<std::string_view>& names,
+        std::function<void()> changed);
 
     /// Writes pending changes now. False if that failed: they are tried again with the next change.
     bool synchronize();
 
 private:
-    const Value* find(std::string_view key) const;
-    bool refusesChange(std::string_view key);
-    void changed();
-    void tellObservers();
+    struct Observer {
+        std::weak_ptr<const std::function<void()>> changed;
+        std::vector<std::string> names;
+        CallSoon tell;
+    };
+    const Value* find(std::string_view name) const;
+    bool refusesChange(std::string_view name);
+    void changed(std::string_view name);
+    void tellObservers(std::string_view name);
 
     mutable std::mutex m_mutex;
     Value::Dictionary m_stored;
-    Value::Dictionary m_registered;
     Value::Dictionary m_overriding;
-    std::vector<std::weak_ptr<DefaultsObservation::Observer>> m_observers;
+    std::list<Observer> m_observers;
     bool m_pending = false;
-    bool m_writeScheduled = false;
-    RunLoop* m_runLoop = nullptr;
     std::unique_ptr<DefaultsFile> m_file;
-    Timer m_writeTimer;
-    Lifeline m_lifeline;
+    std::optional<CallSoon> m_writeSoon;
 };
+
+template <typename T> T UserDefaults::get(const DefaultsKey<T>& key) const
+{
+    const std::optional<Value> value = objectForKey(key.name);
+    T result = value ? coerced<T>(*value) : key.registeredValue();
+    return key.meaning ? key.meaning(std::move(result)) : result;
+}
 
 } // namespace lumeroom

@@ -103,6 +103,22 @@ private:
         m_value;
 };
 
+/// The value as a T: by the coercions where T is a Boolean, number or text; else as it is if it is
+/// of this type, or empty.
+template <typename T> T coerced(const Value& value)
+{
+    if constexpr (std::is_same_v<T, bool>)
+        return value.boolValue();
+    else if constexpr (std::is_same_v<T, std::int64_t>)
+        return value.integerValue();
+    else if constexpr (std::is_same_v<T, double>)
+        return value.doubleValue();
+    else if constexpr (std::is_same_v<T, std::string>)
+        return value.stringValue();
+    else
+        return value.as<T>() ? *value.as<T>() : T();
+}
+
 /// One line of text for the log, nested values included.
 std::string description(const Value& value);
 

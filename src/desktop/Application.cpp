@@ -55,7 +55,7 @@ Application::VerbosityFromDefaults::VerbosityFromDefaults(Log& log, const UserDe
     : m_log(log)
 {
     m_log.setVerbositySource(
-        [&defaults] { return static_cast<int>(defaults.integerForKey(keys::kVerbosity)); });
+        [&defaults] { return static_cast<int>(defaults.get(keys::kVerbosity)); });
 }
 
 Application::VerbosityFromDefaults::~VerbosityFromDefaults()
@@ -119,7 +119,7 @@ void Application::makeStatusItem()
     m_trayIcon = std::make_unique<TrayIcon>(m_controller.statusMenu(), m_runLoop);
     m_lifeInTheTray = std::make_unique<LifeInTheTray>(
         [this] { return m_trayIcon->isThere(); }, [this] { quit(); });
-    if (!m_defaults.boolForKey(keys::kHideDockIcon))
+    if (!m_defaults.get(keys::kHideDockIcon))
         return;
     m_hiddenDockIcon = std::make_unique<HiddenDockIcon>(m_log);
     if (m_trayIcon->isThere())

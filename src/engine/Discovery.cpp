@@ -30,12 +30,12 @@ Discovery::Discovery(UserDefaults& defaults, Log& log, const EngineNotifier& not
 
 std::set<std::string> Discovery::getManualIPs() const
 {
-    return addressesInList(m_defaults.stringForKey(keys::kManualIPAddresses));
+    return addressesInList(m_defaults.get(keys::kManualIPAddresses));
 }
 
 bool Discovery::noBroadcastSupport() const
 {
-    return m_defaults.boolForKey(keys::kNoBroadcastSupport);
+    return m_defaults.get(keys::kNoBroadcastSupport);
 }
 
 void Discovery::broadcastGetService()
@@ -132,7 +132,7 @@ void Discovery::addIPsToKnownIPs(const std::vector<std::string>& addresses)
     };
     std::for_each(addresses.begin(), addresses.end(), add);
     std::for_each(m_knownIPs.begin(), m_knownIPs.end(), add);
-    for (const auto& stored : m_defaults.arrayForKey(keys::kKnownIPs).value_or(Value::Array())) {
+    for (const auto& stored : m_defaults.get(keys::kKnownIPs)) {
         if (const auto* address = stored.as<std::string>())
             add(*address);
     }

@@ -58,7 +58,7 @@ struct EngineRoom::Machinery {
     GroupingCommands groupings;
     TagCommands tags;
     Heartbeat heartbeat;
-    DefaultsObservation defaultsObservation;
+    Subscription observation;
 };
 
 EngineRoom::EngineRoom(const EngineEnvironment& environment)
@@ -66,8 +66,9 @@ EngineRoom::EngineRoom(const EngineEnvironment& environment)
 {
     m->queue.startQueingSystem();
     m->discovery.findLIFXDevicesIfNeeded();
-    m->defaultsObservation = environment.defaults.observe(
-        environment.runLoop, [this] { m->discovery.findLIFXDevicesIfNeeded(); });
+    m->observation = environment.defaults.observe(environment.runLoop,
+        {keys::kNoBroadcastSupport, keys::kManualIPAddresses},
+        [this] { m->discovery.findLIFXDevicesIfNeeded(); });
 }
 
 EngineRoom::~EngineRoom() = default;

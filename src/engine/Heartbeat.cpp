@@ -9,7 +9,6 @@
 #include "engine/Polls.h"
 
 #include <array>
-#include <cmath>
 
 namespace lumeroom {
 
@@ -75,13 +74,7 @@ void Heartbeat::perform(std::size_t step)
 /// A speed of 0 makes the first pause endless, which stops the polling.
 double Heartbeat::speed() const
 {
-    if (!m_environment.defaults.objectForKey(keys::kHeartbeatSpeed))
-        return 1.0;
-    const double speed = m_environment.defaults.floatForKey(keys::kHeartbeatSpeed);
-    if (speed >= 0)
-        return std::abs(speed); // not -0, which would make the pauses short
-    m_environment.log.line("heartbeatSpeed {} is not a speed, using 1.0", speed);
-    return 1.0;
+    return m_environment.defaults.get(keys::kHeartbeatSpeed);
 }
 
 } // namespace lumeroom

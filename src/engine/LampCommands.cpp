@@ -16,8 +16,7 @@ namespace lumeroom {
 namespace {
 
 constexpr Settings kFallbacks
-    = {{.colour = 21845, .saturation = 255, .brightness = 255, .warmth = 3500}, {}, 0.1};
-constexpr std::uint32_t kPowerDurationMilliseconds = 100;
+    = {{.colour = 21845, .saturation = 255, .brightness = 255, .warmth = 3500}, {}, {}};
 
 } // namespace
 
@@ -112,9 +111,8 @@ void LampCommands::renameLampNewName(std::string_view id, const std::string& nam
 
 void LampCommands::sendPowerToLamp(bool on, Lamp& lamp)
 {
-    std::uint32_t duration = kPowerDurationMilliseconds;
-    if (const auto transition = m_defaults.objectForKey(keys::kDefaultTransition))
-        duration = millisecondsFromSeconds(transition->floatValue());
+    const auto seconds = static_cast<float>(m_defaults.get(keys::kDefaultTransition));
+    const std::uint32_t duration = millisecondsFromSeconds(seconds);
     sendDirect("LIGHT_SETPOWER", lamp, wire::lightSetPower(lamp.mac, on, duration));
 }
 
@@ -197,8 +195,7 @@ Settings LampCommands::merged(const Settings& settings, const LampColour& presen
 {
     Settings working = kFallbacks;
     working.adopt(present);
-    if (const auto transition = m_defaults.objectForKey(keys::kDefaultTransition))
-        working.duration = transition->doubleValue();
+    working.duration = m_defaults.get(keys::kDefaultTransition);
     working.adopt(settings);
     if (settings.duration)
         working.duration = settings.duration;

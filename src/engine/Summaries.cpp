@@ -93,7 +93,7 @@ Settings Summaries::settingsForGroup(std::string_view id) const
 Settings Summaries::settingsForLampsOfGroup(const Lamps& lamps) const
 {
     Settings summary = settingsForLamps(lamps);
-    summary.onoff = groupIsOn(lamps, m_defaults.integerForKey(keys::kGroupPowerStateBasedOn));
+    summary.onoff = groupIsOn(lamps, m_defaults.get(keys::kGroupPowerStateBasedOn));
     return summary;
 }
 

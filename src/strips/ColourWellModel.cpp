@@ -19,9 +19,8 @@ constexpr int kLogLevelOfDrops = 2;
 float scrollSpeed(const UserDefaults* defaults)
 {
     constexpr float kUnlessSet = 1.5F;
-    const auto speed = defaults ? defaults->objectForKey(keys::kScrollToDimTrackingSpeed)
-                                : std::optional<Value>();
-    return speed ? speed->floatValue() : kUnlessSet;
+    return defaults ? static_cast<float>(defaults->get(keys::kScrollToDimTrackingSpeed))
+                    : kUnlessSet;
 }
 
 } // namespace

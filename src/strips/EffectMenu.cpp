@@ -1,12 +1,34 @@
 #include "strips/EffectMenu.h"
 
+#include "base/StoredList.h"
+
 namespace lumeroom {
 
 namespace {
-constexpr std::string_view kEffectName = "name";
+
+struct EffectName {
+    std::string name;
+    static std::optional<EffectName> read(const Value::Dictionary& effect)
+    {
+        constexpr std::string_view kName = "name";
+        const auto found = effect.find(kName);
+        auto name = shownText(found == effect.end() ? nullptr : &found->second);
+        return name ? std::optional(EffectName{std::move(*name)}) : std::nullopt;
+    }
+};
+
+} // namespace
+
+std::vector<std::string> storedEffects(const UserDefaults& defaults)
+{
+    std::vector<std::string> names;
+    for (auto& item : StoredList<EffectName>::read(defaults, keys::kEffects))
+        names.push_back(std::move(item.entry.name));
+    return names;
 }
 
-std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playing, bool hasManager)
+std::vector<EffectMenuItem> effectMenuOf(
+    const std::vector<std::string>& effects, bool playing, bool hasManager)
 {
     using Kind = EffectMenuItem::Kind;
     std::vector<EffectMenuItem> menu;
@@ -14,10 +36,8 @@ std::vector<EffectMenuItem> effectMenuOf(const Value::Array& effects, bool playi
         menu.push_back({Kind::StopEffect, "Stop effect"});
         menu.push_back({});
     }
-    for (const Value& effect : effects) {
-        const Value* name = effect.find(kEffectName);
-        menu.push_back({Kind::Effect, name ? name->stringValue() : std::string(), hasManager});
-    }
+    for (const std::string& name : effects)
+        menu.push_back({Kind::Effect, name, hasManager});
     menu.push_back({});
     menu.push_back({Kind::EditEffects, "Add / edit effects...", hasManager});
     return menu;

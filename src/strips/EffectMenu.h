@@ -1,8 +1,11 @@
 #pragma once
 
-#include "base/Value.h"
+#include <string>
+#include <vector>
 
 namespace lumeroom {
+
+class UserDefaults;
 
 /// One entry of the effect button's menu.
 struct EffectMenuItem {
@@ -14,9 +17,12 @@ struct EffectMenuItem {
     bool operator==(const EffectMenuItem&) const = default;
 };
 
-/// The stored effects by name, under the means to stop one that plays and over that to edit them.
-/// Without an effects manager they can neither play nor be edited.
+/// The names of the stored effects.
+std::vector<std::string> storedEffects(const UserDefaults& defaults);
+
+/// The effects by name, under the means to stop one that plays and over that to edit them. Without
+/// an effects manager they can neither play nor be edited.
 std::vector<EffectMenuItem> effectMenuOf(
-    const Value::Array& effects, bool playing, bool hasManager);
+    const std::vector<std::string>& effects, bool playing, bool hasManager);
 
 } // namespace lumeroom

@@ -117,7 +117,7 @@ void LampControlStrip::actForGroupOnOff(const Settings& full)
         stopEffect();
     m_target.groupOn(m_engineRoom->commands(), on);
     // Whatever the kind, the ID goes to the engine's group routine, which knows all of them.
-    if (on && m_owner && m_owner->userDefaults().boolForKey(keys::kGroupOnOffChangesSettings))
+    if (on && m_owner && m_owner->userDefaults().get(keys::kGroupOnOffChangesSettings))
         m_engineRoom->commands().sendSettingsToGroup(full, m_target.id);
     sendSettingsToStripsInGroup(StripSettings::power(on));
 }
@@ -300,10 +300,10 @@ void LampControlStrip::reName(const std::string& name)
 std::vector<EffectMenuItem> LampControlStrip::effectMenu() const
 {
     const bool playing = m_runner && m_runner->isRunning();
-    const auto effects
-        = m_owner ? m_owner->userDefaults().arrayForKey(keys::kEffects) : std::nullopt;
-    const bool hasManager = m_owner && m_owner->hasEffectsManager();
-    return effectMenuOf(effects.value_or(Value::Array()), playing, hasManager);
+    if (!m_owner)
+        return effectMenuOf({}, playing, false);
+    return effectMenuOf(
+        storedEffects(m_owner->userDefaults()), playing, m_owner->hasEffectsManager());
 }
 
 void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)

@@ -42,7 +42,7 @@ void LampsPopUp::populateLampsPopUp()
     for (const auto& tag : m_registry.tagsArray())
         add("tag", tag->label, integerTagForTag(*tag));
     add("group", "All", 0);
-    for (const Value& preset : m_defaults.arrayForKey(keys::kPresets).value_or(Value::Array())) {
+    for (const Value& preset : m_defaults.get(keys::kPresets)) {
         const Value* name = preset.find(kPresetName);
         add("preset", name ? name->stringValue() : std::string(), integerTagForPreset(preset));
     }

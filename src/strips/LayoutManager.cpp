@@ -37,10 +37,10 @@ LayoutManager::LayoutManager(UserDefaults& defaults, Log& log, const PanelGeomet
     , m_log(log)
     , m_panel(panel)
     , m_theme(static_cast<int>(
-          std::clamp<std::int64_t>(defaults.integerForKey(keys::kCurrentTheme), -1, theme::kCount)))
+          std::clamp<std::int64_t>(defaults.get(keys::kCurrentTheme), -1, theme::kCount)))
 {
     if (!themeExists())
-        m_log.line("{} {} is no layout, ignored", keys::kCurrentTheme, m_theme);
+        m_log.line("{} {} is no layout, ignored", keys::kCurrentTheme.name, m_theme);
 }
 
 void LayoutManager::setTheme(int theme)

@@ -6,7 +6,7 @@ TEST_F(Controller, launchWaitsForLamps)
 {
     defaults.setObject("verbosity", 3);
     launch();
-    EXPECT_EQ(defaults.integerForKey("verbosity"), 1);
+    EXPECT_EQ(defaults.get(keys::kVerbosity), 1);
     EXPECT_EQ(panel.title, "Lumeroom manual control panel");
     EXPECT_TRUE(panel.throbbing);
     EXPECT_EQ(linesWith("No lights found, trying again in 1.5s"), 1);
@@ -157,7 +157,7 @@ TEST_F(Controller, theOrderIsKeptOverRuns)
     EXPECT_EQ(linesWith("unable to find strip with ID 'gone' in sortedArray"), 1);
     EXPECT_EQ(linesWith("requested position 4 is greater"), 1);
     controller.applicationShouldTerminate();
-    const auto saved = *defaults.arrayForKey("sortOrder");
+    const auto saved = defaults.get(keys::kSortOrder);
     ASSERT_EQ(saved.size(), 5U);
     EXPECT_EQ(
         saved[1], Value(Value::Dictionary{{"ID", lampID(1)}, {"group", false}, {"sortOrder", 1}}));

@@ -382,7 +382,7 @@ TEST_F(Panel, draggingReordersAndIsKept)
     desk.dragged = false;
     desk.strip.viewDidFinishDragging();
     EXPECT_EQ(desk.origin(), (Point{0, 100}));
-    EXPECT_EQ(defaults.arrayForKey("sortOrder")->at(2).find("ID")->stringValue(), lampID(1));
+    EXPECT_EQ(defaults.get(keys::kSortOrder).at(2).find("ID")->stringValue(), lampID(1));
     loop.advance(Seconds(5));
     EXPECT_EQ(panel.names(), (Names{"Ceiling", "Shelf", "Desk", "Late"}));
 }
@@ -399,7 +399,7 @@ TEST_F(Panel, layoutsSetTheWindow)
     EXPECT_EQ(panel.most, (Size{935, 1080}));
     EXPECT_EQ(panel.container, (Size{800, 300}));
     EXPECT_EQ(row("Shelf").origin(), (Point{0, 100}));
-    EXPECT_EQ(defaults.integerForKey("currentTheme"), 1);
+    EXPECT_EQ(defaults.get(keys::kCurrentTheme), 1);
     controller.switchTheme(9);
     EXPECT_TRUE(panel.rows.empty());
     controller.switchTheme(2);

@@ -1,19 +1,44 @@
-#include "base/UserDefaults.h"
 #include "base/Log.h"
 #include "base/PropertyList.h"
-#include "base/RegisteredDefaults.h"
+#include "base/StoredList.h"
 #include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <fstream>
 #include <thread>
 
 namespace lumeroom {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+constexpr keys::Integer kA{"a"};
+constexpr keys::Integer kB{"b"};
+
+/// An entry of a stored list that is known by its name.
+struct Named {
+    std::string name;
+    int number = 0;
+    static std::optional<Named> read(const Value::Dictionary& stored)
+    {
+        const auto name = stored.find("name");
+        auto text = name == stored.end() ? std::nullopt : shownText(&name->second);
+        return text ? std::optional(Named{*text}) : std::nullopt;
+    }
+    void write(Value::Dictionary& stored) const
+    {
+        stored.insert_or_assign("name", name);
+        stored.insert_or_assign("number", number);
+    }
+    const std::string& identity() const { return name; }
+};
+
+} // namespace
 
 struct UserDefaultsFile : ::testing::Test {
     UserDefaultsFile() { fs::create_directories(folder); }
@@ -50,12 +75,7 @@ TEST_F(UserDefaultsFile, changesAreWrittenOnceShortlyAfterwards)
 {
     write(propertylist::toXml(Value::Dictionary{{"unknown", Value::Array{1}}, {"a", 1}}));
     UserDefaults defaults(file, loop, log);
-    defaults.registerDefaults(registeredDefaults());
-    EXPECT_EQ(defaults.integerForKey("a"), 1);
-    EXPECT_FLOAT_EQ(defaults.floatForKey("defaultTransition"), 0.4F);
-    EXPECT_EQ(defaults.stringForKey("transitionMins"), "30");
-    EXPECT_FALSE(defaults.objectForKey("verbosity"));
-
+    EXPECT_EQ(defaults.get(kA), 1);
     defaults.setObject("a", 2);
     defaults.setObject("defaultTransition", "1.5");
     loop.advance(Seconds(0.4));
@@ -64,28 +84,58 @@ TEST_F(UserDefaultsFile, changesAreWrittenOnceShortlyAfterwards)
     EXPECT_EQ(stored(),
         Value(Value::Dictionary{
             {"unknown", Value::Array{1}}, {"a", 2}, {"defaultTransition", "1.5"}}));
-    EXPECT_FLOAT_EQ(defaults.floatForKey("defaultTransition"), 1.5F);
+    EXPECT_EQ(defaults.get(keys::kDefaultTransition), 1.5);
     defaults.removeObject("defaultTransition");
-    EXPECT_FLOAT_EQ(defaults.floatForKey("defaultTransition"), 0.4F);
     EXPECT_TRUE(lines.empty());
+}
+
+TEST(DefaultsKeys, registerWhatCountsWhileNothingIsStored)
+{
+    UserDefaults defaults;
+    EXPECT_EQ(defaults.get(keys::kDefaultTransition), 0.4);
+    EXPECT_EQ(defaults.get(keys::kPresetTransition), 0.5);
+    EXPECT_EQ(
+        defaults.get(DefaultsKey<std::string>{"new", keys::kTransitionMins.registered}), "30");
+    EXPECT_EQ(defaults.get(keys::kSelectedWeekday), 64);
+    EXPECT_TRUE(defaults.get(keys::kSilenceWarnings));
+    EXPECT_FALSE(defaults.get(keys::kDayOrNight));
+    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "");
+    EXPECT_FALSE(defaults.objectForKey(keys::kDefaultTransition));
+
+    defaults.setObject(keys::kPresets, "none"); // of another type
+    EXPECT_EQ(defaults.get(keys::kPresets), Value::Array());
+    const std::pair<Value, double> speeds[] = {{-3, 1}, {"nan", 0}, {"fast", 0}, {"2.5", 2.5}};
+    for (const auto& [value, speed] : speeds) {
+        defaults.setObject(keys::kHeartbeatSpeed, value);
+        EXPECT_EQ(defaults.get(keys::kHeartbeatSpeed), speed) << description(value);
+    }
+    defaults.setObject(keys::kHeartbeatSpeed, -0.0);
+    EXPECT_FALSE(std::signbit(defaults.get(keys::kHeartbeatSpeed)));
+    const std::pair<Value, int> levels[] = {{9, 3}, {-4, 0}, {"2", 2}, {1.9, 1}, {true, 1}};
+    for (const auto& [value, level] : levels) {
+        defaults.setObject(keys::kVerbosity, value);
+        EXPECT_EQ(defaults.get(keys::kVerbosity), level) << description(value);
+    }
 }
 
 TEST_F(UserDefaultsFile, whatIsOverriddenStaysAndIsNeverWritten)
 {
     write(propertylist::toXml(Value::Dictionary{{"a", 1}}));
     UserDefaults defaults(file, loop, log);
-    defaults.overrideDefaults({{"a", 5}, {"b", 6}});
     int told = 0;
-    const auto observation = defaults.observe(loop, [&] { ++told; });
+    const auto observation = defaults.observe(loop, {kA, kB}, [&] { ++told; });
+    defaults.overrideDefaults({{"a", 5}, {"b", 6}});
+    loop.runPosted();
+    EXPECT_EQ(told, 1);
     for (const char* key : {"a", "b"}) {
         defaults.setObject(key, 2);
         loop.runPosted();
         defaults.removeObject(key);
         loop.runPosted();
     }
-    EXPECT_EQ(told, 4); // what shows it has to show it again
-    EXPECT_EQ(defaults.integerForKey("a"), 5);
-    EXPECT_EQ(defaults.integerForKey("b"), 6);
+    EXPECT_EQ(told, 5); // what shows it has to show it again
+    EXPECT_EQ(defaults.get(kA), 5);
+    EXPECT_EQ(defaults.get(kB), 6);
     defaults.setObject("c", 3);
     loop.advance(Seconds(1));
     EXPECT_EQ(stored(), Value(Value::Dictionary{{"a", 1}, {"c", 3}}));
@@ -170,7 +220,7 @@ TEST_F(UserDefaultsFile, aLinkStaysALinkEvenToNothingYet)
     fs::create_symlink("elsewhere.plist", file);
     for (const int number : {1, 2}) {
         UserDefaults defaults(file, loop, log);
-        EXPECT_EQ(defaults.integerForKey("a"), number - 1);
+        EXPECT_EQ(defaults.get(kA), number - 1);
         defaults.setObject("a", number);
         EXPECT_TRUE(defaults.synchronize());
         EXPECT_TRUE(fs::is_symlink(file));
@@ -180,14 +230,14 @@ TEST_F(UserDefaultsFile, aLinkStaysALinkEvenToNothingYet)
 
 TEST_F(UserDefaultsFile, observersHearOfABurstOnceOnTheMainThread)
 {
-    UserDefaults defaults(file, loop, log);
+    UserDefaults defaults;
     int first = 0;
     int second = 0;
-    auto observation = defaults.observe(loop, [&] { ++first; });
-    auto dropped = defaults.observe(loop, [&] { ++second; });
+    auto observation = defaults.observe(loop, {kA, kB}, [&] { ++first; });
+    auto dropped = defaults.observe(loop, {kA}, [&] { ++second; });
     std::thread([&] {
         defaults.setObject("a", 1);
-        defaults.setObject("a", 2);
+        defaults.setObject("b", 2);
     }).join();
     EXPECT_EQ(first, 0); // not on the thread that wrote
     dropped = {}; // with a call on its way
@@ -195,41 +245,41 @@ TEST_F(UserDefaultsFile, observersHearOfABurstOnceOnTheMainThread)
     EXPECT_EQ(first, 1);
     EXPECT_EQ(second, 0);
 
-    defaults.setObject("a", 2); // the same value is no news
+    defaults.setObject("b", 2); // the same value is no news
+    defaults.setObject("another", 2);
     loop.runPosted();
     EXPECT_EQ(first, 1);
     defaults.removeObject("a");
     loop.runPosted();
-    defaults.registerDefaults({{"a", 3}});
-    loop.runPosted();
-    EXPECT_EQ(first, 3);
+    EXPECT_EQ(first, 2);
 
     // One that writes in its turn hears of that too, and may end itself.
-    observation = defaults.observe(loop, [&] {
-        if (defaults.integerForKey("b") < 3)
-            defaults.setObject("b", defaults.integerForKey("b") + 1);
+    observation = defaults.observe(loop, {kB}, [&] {
+        if (defaults.get(kB) < 3)
+            defaults.setObject("b", defaults.get(kB) + 1);
         else
             observation = {};
     });
     defaults.setObject("b", 1);
     loop.runPosted();
-    EXPECT_EQ(defaults.integerForKey("b"), 3);
+    EXPECT_EQ(defaults.get(kB), 3);
     defaults.setObject("b", 0);
     loop.runPosted();
-    EXPECT_EQ(defaults.integerForKey("b"), 0);
+    EXPECT_EQ(defaults.get(kB), 0);
 }
 
 TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)
 {
     UserDefaults defaults(file, loop, log);
-    const auto observation = defaults.observe(loop, [&] { defaults.setObject("seen", true); });
+    const auto observation
+        = defaults.observe(loop, {"key 1", "key 2"}, [&] { defaults.setObject("seen", true); });
     std::vector<std::thread> threads;
     threads.reserve(4);
     for (int n = 0; n < 4; ++n) {
         threads.emplace_back([&defaults, n] {
             for (int i = 0; i < 200; ++i) {
                 defaults.setObject("key " + std::to_string(n), i);
-                defaults.boolForKey("key 0");
+                defaults.get(keys::Switch{"key 0"});
             }
         });
     }
@@ -238,6 +288,51 @@ TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)
     loop.advance(Seconds(1));
     EXPECT_EQ(*stored()->find("key 3"), Value(199));
     EXPECT_EQ(*stored()->find("seen"), Value(true));
+}
+
+TEST(StoredList, keepsWhatItDoesNotKnowWhereItWas)
+{
+    constexpr keys::List kList{"list"};
+    const auto entry = [](const char* name, int number) {
+        return Value::Dictionary{{"name", name}, {"number", number}};
+    };
+    Value::Dictionary known = entry("x", 0);
+    known.emplace("icon", "lamp");
+    const Value endless = Value::Dictionary{{"name", std::string(2000, 'n')}};
+    const Value::Array found{"odd", known, endless, entry("y", 0), Value::Dictionary{{"z", 1}}};
+    UserDefaults defaults;
+    defaults.setObject(kList, found);
+    StoredList<Named> list(defaults, kList);
+    ManualRunLoop loop;
+    int told = 0;
+    const auto observation = defaults.observe(loop, {kList}, [&] { ++told; });
+    const auto items = list.items();
+    ASSERT_EQ(items.size(), 2U);
+    EXPECT_EQ(items[1].entry.name, "y");
+    EXPECT_EQ(items[1].place, 3U);
+
+    list.assign({{"y", 1}, {"new", 2}, {"x", 3}});
+    known["number"] = 3;
+    EXPECT_EQ(defaults.get(kList),
+        (Value::Array{"odd", entry("y", 1), endless, entry("new", 2), found[4], known}));
+    list.replace(5, {"x", 4});
+    known["number"] = 4;
+    list.replace(0, {"x", 4}); // is no entry
+    list.replace(6, {"x", 4});
+    list.remove(3);
+    list.remove(9);
+    list.append({"last", 5});
+    EXPECT_EQ(defaults.get(kList),
+        (Value::Array{"odd", entry("y", 1), endless, found[4], known, entry("last", 5)}));
+    list.assign({});
+    EXPECT_EQ(defaults.get(kList), (Value::Array{"odd", endless, found[4]}));
+    loop.runPosted();
+    EXPECT_EQ(told, 1);
+
+    defaults.setObject(kList, Value::Array(20'000, entry("x", 0)));
+    EXPECT_EQ(list.items().size(), StoredList<Named>::kMostEntries);
+    list.assign({});
+    EXPECT_EQ(defaults.get(kList).size(), 10'000U);
 }
 
 } // namespace lumeroom

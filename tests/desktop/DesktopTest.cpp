@@ -152,17 +152,17 @@ TEST(Demonstration, speaksToItsOwnLampsOnlyWhateverIsSet)
     commandLine.demoLamps = 2;
     const Demonstration demonstration(
         commandLine, defaults, [](const std::string& wrong) { FAIL() << wrong; });
-    const std::string addresses = defaults.stringForKey(keys::kManualIPAddresses);
+    const std::string addresses = defaults.get(keys::kManualIPAddresses);
     EXPECT_EQ(addresses.find("127.0."), 0U);
-    EXPECT_EQ(defaults.floatForKey(keys::kHeartbeatSpeed), 0.5);
+    EXPECT_EQ(defaults.get(keys::kHeartbeatSpeed), 0.5);
     defaults.setObject(keys::kHeartbeatSpeed, 2.0); // nor does it touch what is stored
-    EXPECT_EQ(defaults.floatForKey(keys::kHeartbeatSpeed), 0.5);
+    EXPECT_EQ(defaults.get(keys::kHeartbeatSpeed), 0.5);
     for (const char* text : {"", "192.168.1.20"}) {
         defaults.setObject(keys::kManualIPAddresses, text);
-        EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), addresses);
+        EXPECT_EQ(defaults.get(keys::kManualIPAddresses), addresses);
     }
     defaults.removeObject(keys::kManualIPAddresses);
-    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), addresses);
+    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), addresses);
 }
 
 TEST(LifeInTheTray, keepsTheProgramRunningWhileThereIsATray)

@@ -1,7 +1,6 @@
 #include "app/ui/SettingsWindow.h"
 #include "app/ui/SettingEditors.h"
 #include "base/DefaultsKeys.h"
-#include "base/RegisteredDefaults.h"
 #include "support/ManualRunLoop.h"
 
 #include <QApplication>
@@ -25,7 +24,6 @@ namespace lumeroom {
 struct SettingsDialog : ::testing::Test {
     SettingsDialog()
     {
-        defaults.registerDefaults(registeredDefaults());
         loop.runPosted();
         window.show();
     }
@@ -57,7 +55,7 @@ TEST_F(SettingsDialog, storesAtOnceAndShowsWhatChangesElsewhere)
     EXPECT_EQ(speed.value(), 250);
     setElsewhere(keys::kHeartbeatSpeed, -1.0);
     EXPECT_EQ(speed.value(), 1);
-    EXPECT_EQ(defaults.floatForKey(keys::kHeartbeatSpeed), -1); // showing is not storing
+    EXPECT_EQ(*defaults.objectForKey(keys::kHeartbeatSpeed), Value(-1.0)); // showing is not storing
     EXPECT_EQ(speed.maximum(), 10);
 
     auto& sends = control<QCheckBox>(keys::kGroupOnOffChangesSettings);
@@ -82,7 +80,7 @@ TEST_F(SettingsDialog, actsOnANumberOnceItIsTyped)
     auto* field = fade.findChild<QLineEdit*>();
     field->setText("12 s");
     emit field->textEdited("12 s");
-    EXPECT_FLOAT_EQ(defaults.floatForKey(keys::kDefaultTransition), 0.4F);
+    EXPECT_EQ(defaults.get(keys::kDefaultTransition), 0.4);
     setElsewhere(keys::kVerbosity, 1); // does not take away what is typed
     EXPECT_EQ(field->text(), "12 s");
     emit field->editingFinished();
@@ -104,12 +102,12 @@ TEST_F(SettingsDialog, actsOnAddressesAfterAPauseOrWhenTheyAreLeft)
     EXPECT_EQ(summary(), "1 address; not understood: lamp");
     setElsewhere(keys::kVerbosity, 1); // a change elsewhere does not take away what is typed
     loop.advance(Seconds(0.9));
-    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), "10.0.0.1 10.0.0.2");
+    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "10.0.0.1 10.0.0.2");
     loop.advance(Seconds(0.2));
-    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), "10.0.0.3\nlamp");
+    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "10.0.0.3\nlamp");
     field.setPlainText("10.0.0.4");
     window.close();
-    EXPECT_EQ(defaults.stringForKey(keys::kManualIPAddresses), "10.0.0.4");
+    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "10.0.0.4");
 }
 
 TEST_F(SettingsDialog, greysWhatIsOverridden)

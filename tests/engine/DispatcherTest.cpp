@@ -39,7 +39,7 @@ TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
     EXPECT_EQ(lamp->label, "");
     EXPECT_EQ(*lamp->mac, target(1));
     EXPECT_EQ(lamp->service->port, 56700U);
-    EXPECT_FALSE(defaults.arrayForKey("knownIPs")); // anybody can say that
+    EXPECT_FALSE(defaults.objectForKey("knownIPs")); // anybody can say that
     EXPECT_EQ(delegate.searching, std::vector<bool>{false});
     EXPECT_EQ(delegate.newLamps, 0); // it shows with its first label
 
@@ -52,7 +52,7 @@ TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
     receive(lightState(1, {.label = ""}));
     EXPECT_EQ(delegate.newLamps, 1); // even an empty one
     receive(lightState(1, {.label = "Desk"}));
-    EXPECT_EQ(defaults.arrayForKey("knownIPs"), (Value::Array{"127.0.9.1"}));
+    EXPECT_EQ(defaults.get(keys::kKnownIPs), (Value::Array{"127.0.9.1"}));
     EXPECT_EQ(delegate.newLamps, 2);
     EXPECT_EQ(delegate.states, 1);
     receive(lightState(1, {.label = "Desk"})); // nothing new

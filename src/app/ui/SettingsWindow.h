@@ -1,15 +1,17 @@
 #pragma once
 
-#include "base/UserDefaults.h"
-
 #include <QDialog>
+
+#include <string_view>
 
 class QFormLayout;
 class QTabWidget;
 
 namespace lumeroom {
 
+class RunLoop;
 class SettingEditor;
+class UserDefaults;
 
 /// The user defaults that a person sets, in pages. A change acts at once; one that comes from
 /// elsewhere shows.
@@ -25,13 +27,10 @@ private:
     QWidget* makePage(std::string_view page);
     void addRow(QFormLayout& form, SettingEditor& editor);
     void askAndRestore(std::string_view page);
-    void refresh();
 
     UserDefaults& m_defaults;
     RunLoop& m_runLoop;
     QTabWidget* m_pages;
-    std::vector<SettingEditor*> m_editors;
-    DefaultsObservation m_observation;
 };
 
 } // namespace lumeroom

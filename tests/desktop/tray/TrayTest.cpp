@@ -139,7 +139,7 @@ struct Tray : test::EngineAndLamps {
         std::ofstream(file)
             << "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist version=\"1.0\"><dict>"
                "<key>manualIPAddresses</key><string>"
-            << defaults.stringForKey(keys::kManualIPAddresses)
+            << defaults.get(keys::kManualIPAddresses)
             << "</string><key>heartbeatSpeed</key><real>4</real>" << settings << "</dict></plist>";
         program.start(LUMEROOM_PROGRAM, {"--log", "--defaults", QString::fromStdString(file)});
         ASSERT_TRUE(program.waitForStarted());
