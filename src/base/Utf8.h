@@ -12,7 +12,7 @@ namespace lumeroom {
 bool isValidUtf8(std::span<const std::uint8_t> bytes);
 bool isValidUtf8(std::string_view text);
 
-/// The text with each byte that is not well-formed replaced by U+FFFD.
+/// The text with U+FFFD in place of what is not well-formed.
 std::string wellFormedUtf8(std::string_view text);
 
 /// The number of bytes at the end that begin a character which is still incomplete.
