@@ -196,6 +196,15 @@ TEST(ConsoleWindow, findsForwardBackwardAndAround)
     EXPECT_TRUE(console.findPrevious());
     console.setSearchText("nothing");
     EXPECT_FALSE(console.findNext());
+
+    QString many; // of which the newest stay
+    for (int line = 1; line <= 10'001; ++line)
+        many += QStringLiteral("line %1\n").arg(line);
+    console.append(many);
+    EXPECT_TRUE(console.text().startsWith("line 2\n"));
+    EXPECT_TRUE(console.text().endsWith("line 10001\n"));
+    console.setSearchText("line 10000");
+    EXPECT_TRUE(console.findNext());
 }
 
 struct StripViews : ::testing::Test {

@@ -12,6 +12,10 @@
 
 namespace lumeroom {
 
+namespace {
+constexpr int kMostLines = 10'000;
+}
+
 ConsoleWindow::ConsoleWindow()
     : m_consoleOutputView(new QPlainTextEdit(this))
     , m_field(new QLineEdit(this))
@@ -21,6 +25,7 @@ ConsoleWindow::ConsoleWindow()
     resize(760, 420);
     m_consoleOutputView->setReadOnly(true);
     m_consoleOutputView->setUndoRedoEnabled(false);
+    m_consoleOutputView->setMaximumBlockCount(kMostLines + 1); // the last one is still empty
     m_consoleOutputView->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_consoleOutputView->setAccessibleName(tr("log"));
     m_field->setPlaceholderText(tr("Find"));

@@ -8,7 +8,7 @@ class QPlainTextEdit;
 
 namespace lumeroom {
 
-/// Shows the captured log, with a field to find text in it.
+/// Shows the newest 10,000 lines of the captured log, with a field to find text in them.
 class ConsoleWindow : public QWidget {
     Q_OBJECT
 
