@@ -2,12 +2,9 @@
 
 #include "base/Utf8.h"
 
-#include <algorithm>
-#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdlib>
-#include <limits>
 
 namespace lumeroom::propertylist {
 
@@ -19,10 +16,12 @@ constexpr std::uint8_t kSixteenByteInteger = 0x14;
 constexpr std::uint8_t kDate = 0x33;
 
 /// A number or date as the binary form holds it. The library's own getters hide whether a large
-/// integer is negative, and round a date and drop its sign.
+/// integer is negative, and round a date and drop its sign; its own constructors make a large
+/// integer negative, and a date of 2069 at most.
 struct Scalar {
-    std::uint8_t marker = 0;
-    std::uint64_t bits = 0; // the last eight bytes
+    std::uint8_t marker = 0; ///< the lower half is the width in bytes, as a power of two
+    std::uint64_t bits = 0; ///< the last eight bytes
+    std::size_t width() const { return std::size_t(1) << (marker & 0x0FU); }
 };
 
 Scalar scalarOf(plist_t node)
@@ -36,8 +35,7 @@ Scalar scalarOf(plist_t node)
     if (length <= kHeader)
         return scalar;
     scalar.marker = static_cast<std::uint8_t>(bytes[kHeader]);
-    const std::size_t width = std::size_t(1) << (scalar.marker & 0x0FU);
-    for (std::size_t i = 0; i < width && kHeader + 1 + i < length; ++i)
+    for (std::size_t i = 0; i < scalar.width() && kHeader + 1 + i < length; ++i)
         scalar.bits = scalar.bits << 8U | static_cast<std::uint8_t>(bytes[kHeader + 1 + i]);
     return scalar;
 }
@@ -48,7 +46,7 @@ Value integerOf(plist_t node)
     plist_get_uint_val(node, &number);
     const auto integer = static_cast<std::int64_t>(number); // negative ones as two's complement
     if (integer < 0 && scalarOf(node).marker == kSixteenByteInteger)
-        return std::numeric_limits<std::int64_t>::max();
+        return Value::LargeInteger{number};
     return integer;
 }
 
@@ -56,9 +54,9 @@ Value dateOf(plist_t node)
 {
     constexpr double kFurthestSeconds = 8e9; // what nanoseconds since 1970 can count to: to 2254
     const auto seconds = std::bit_cast<double>(scalarOf(node).bits);
-    const double near = std::clamp(seconds, -kFurthestSeconds, kFurthestSeconds);
-    const std::chrono::microseconds since2001(std::isnan(near) ? 0 : std::llround(near * 1e6));
-    return TimePoint(kPlistEpoch + since2001);
+    if (!(std::abs(seconds) < kFurthestSeconds))
+        return Value::FarDate{seconds};
+    return TimePoint(kPlistEpoch + std::chrono::microseconds(std::llround(seconds * 1e6)));
 }
 
 Value arrayOf(plist_t node)
@@ -107,22 +105,31 @@ std::string writableText(std::string_view text)
     return result;
 }
 
-/// By way of a binary list of this one date: the library's own constructor ends in 2069.
-plist_t newDate(TimePoint date)
+/// By way of a binary list of this one value.
+plist_t newScalar(const Scalar& scalar)
 {
-    const auto seconds = std::chrono::duration<double>(date.time_since_epoch() - kPlistEpoch);
-    const auto bits = std::bit_cast<std::uint64_t>(seconds.count());
-    std::array<char, 50> list = {'b', 'p', 'l', 'i', 's', 't', '0', '0', char(kDate)};
-    for (unsigned i = 0; i < 8; ++i)
-        list[9 + i] = static_cast<char>(bits >> (56 - 8 * i));
-    list[17] = 8; // the table of offsets: the date lies behind the header
-    list[24] = 1; // size of an offset
-    list[25] = 1; // size of a reference
-    list[33] = 1; // number of objects
-    list[49] = 17; // where the table lies
+    const auto append = [](std::string& list, std::uint64_t number, std::size_t width) {
+        for (std::size_t byte = width; byte-- > 0;)
+            list += byte < 8 ? static_cast<char>(number >> (8 * byte)) : '\0';
+    };
+    std::string list = "bplist00";
+    const std::size_t start = list.size();
+    list += static_cast<char>(scalar.marker);
+    append(list, scalar.bits, scalar.width());
+    const std::size_t table = list.size();
+    append(list, start, 1); // the table of offsets
+    append(list, 0x0101, 8); // the sizes of an offset and of a reference
+    append(list, 1, 8); // the number of objects
+    append(list, 0, 8); // the first of them
+    append(list, table, 8);
     plist_t node = nullptr;
-    plist_from_bin(list.data(), list.size(), &node);
+    plist_from_bin(list.data(), static_cast<std::uint32_t>(list.size()), &node);
     return node;
+}
+
+plist_t newDate(double secondsSince2001)
+{
+    return newScalar({kDate, std::bit_cast<std::uint64_t>(secondsSince2001)});
 }
 
 plist_t newNode(const Value& value);
@@ -156,7 +163,12 @@ plist_t newNode(const Value& value)
     if (const auto* data = value.as<Value::Data>())
         return plist_new_data(reinterpret_cast<const char*>(data->data()), data->size());
     if (const auto* date = value.as<TimePoint>())
-        return newDate(*date);
+        return newDate(
+            std::chrono::duration<double>(date->time_since_epoch() - kPlistEpoch).count());
+    if (const auto* far = value.as<Value::FarDate>())
+        return newDate(far->seconds);
+    if (const auto* large = value.as<Value::LargeInteger>())
+        return newScalar({kSixteenByteInteger, large->number});
     if (const auto* uid = value.as<Value::Uid>())
         return plist_new_uid(uid->index);
     if (const auto* array = value.as<Value::Array>())

@@ -113,6 +113,8 @@ double Value::doubleValue() const
         return *number;
     if (const auto* integer = as<std::int64_t>())
         return static_cast<double>(*integer);
+    if (const auto* large = as<LargeInteger>())
+        return static_cast<double>(large->number);
     if (const auto* truth = as<bool>())
         return *truth ? 1 : 0;
     if (const auto* text = as<std::string>())
@@ -126,6 +128,8 @@ std::string Value::stringValue() const
         return *text;
     if (const auto* integer = as<std::int64_t>())
         return fmt::format("{}", *integer);
+    if (const auto* large = as<LargeInteger>())
+        return fmt::format("{}", large->number);
     if (const auto* number = as<double>())
         return fmt::format("{}", *number);
     if (const auto* truth = as<bool>())
@@ -154,6 +158,8 @@ std::string description(const Value& value)
         return fmt::format("{} s after 1970",
             std::chrono::duration_cast<std::chrono::seconds>(date->time_since_epoch()).count());
     }
+    if (const auto* date = value.as<Value::FarDate>())
+        return fmt::format("{} s after 2001", date->seconds);
     if (const auto* uid = value.as<Value::Uid>())
         return fmt::format("uid {}", uid->index);
     if (const auto* array = value.as<Value::Array>()) {

@@ -23,6 +23,16 @@ public:
         std::uint64_t index;
         bool operator==(const Uid&) const = default;
     };
+    /// One above 2^63-1, which is written again as it was read.
+    struct LargeInteger {
+        std::uint64_t number;
+        bool operator==(const LargeInteger&) const = default;
+    };
+    /// A date that a `TimePoint` cannot hold, from about 1747 to 2254: in seconds since 2001.
+    struct FarDate {
+        double seconds;
+        bool operator==(const FarDate&) const = default;
+    };
 
     Value()
         : m_value(false)
@@ -76,6 +86,14 @@ public:
         : m_value(v)
     {
     }
+    Value(LargeInteger v)
+        : m_value(v)
+    {
+    }
+    Value(FarDate v)
+        : m_value(v)
+    {
+    }
 
     /// The value if it is of this very type, else null.
     template <typename T> const T* as() const { return std::get_if<T>(&m_value); }
@@ -99,7 +117,8 @@ public:
     bool operator==(const Value&) const = default;
 
 private:
-    std::variant<bool, std::int64_t, double, std::string, Data, TimePoint, Array, Dictionary, Uid>
+    std::variant<bool, std::int64_t, double, std::string, Data, TimePoint, Array, Dictionary, Uid,
+        LargeInteger, FarDate>
         m_value;
 };
 

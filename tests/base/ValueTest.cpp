@@ -34,6 +34,7 @@ TEST(Value, readsAsThePlatformCoerces)
         {"nan", false, 0, 0},
         {"", false, 0, 0},
         {"99999999999999999999", true, INT64_MAX, 1e20},
+        {Value::LargeInteger{UINT64_MAX}, true, INT64_MAX, 18446744073709551615.0},
         {true, true, 1, 1},
         {2.9, true, 2, 2.9},
         {-1e300, true, INT64_MIN, -1e300},
@@ -56,6 +57,9 @@ TEST(PropertyList, bothFormsKeepEveryType)
         {"truth", true},
         {"integer", std::int64_t(-5)},
         {"large", INT64_MAX},
+        {"larger", Value::LargeInteger{UINT64_MAX}},
+        {"distant past", Value::FarDate{-63113904000}}, // in the year 1
+        {"distant future", Value::FarDate{252423993599}}, // at the end of 9999
         {"real", 0.1},
         {"hue", 21845.25},
         {"sum", 0.1 + 0.2},
@@ -74,13 +78,9 @@ TEST(PropertyList, bothFormsKeepEveryType)
     EXPECT_EQ(propertylist::parse(propertylist::toBinary(all)), all);
     const Value references = Value::Array{Value::Uid{1}, Value::Uid{70000}};
     EXPECT_EQ(propertylist::parse(propertylist::toBinary(references)), references);
-}
-
-TEST(PropertyList, aBrokenTextDoesNotSpoilTheRest)
-{
-    const Value list = Value::Array{"good", std::string("bad \xff text")};
-    const auto read = propertylist::parse(bytes(propertylist::toXml(list)));
-    EXPECT_EQ(read, Value(Value::Array{"good", "bad \xEF\xBF\xBD text"}));
+    const Value broken = Value::Array{"good", std::string("bad \xff text")};
+    EXPECT_EQ(propertylist::parse(bytes(propertylist::toXml(broken))),
+        Value(Value::Array{"good", "bad \xEF\xBF\xBD text"}));
 }
 
 /// A binary list of a few bytes that stands for 2 to the power of `levels` texts: each array holds
