@@ -6,11 +6,12 @@
 #include "base/PropertyListLimits.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstring>
 #include <utility>
 
@@ -58,15 +59,11 @@ struct Contents {
 Contents readWhole(const fs::path& path)
 {
     Contents contents;
-    const Descriptor file(path, O_RDONLY | O_NONBLOCK); // a pipe would keep the launch waiting
+    const Descriptor file(
+        path, O_RDONLY | O_NONBLOCK); // a pipe come just now would keep it waiting
     if (!file.isOpen()) {
         contents.exists = errno != ENOENT;
         contents.error = contents.exists ? systemError() : "";
-        return contents;
-    }
-    struct stat status { };
-    if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        contents.error = "it is not a regular file";
         return contents;
     }
     std::array<std::uint8_t, 65536> buffer;
@@ -111,6 +108,20 @@ fs::path resolved(const fs::path& path)
     return path;
 }
 
+/// The process that left a temporary file of this name behind, if that is what it is.
+std::optional<pid_t> writerOf(std::string_view name, std::string_view prefix)
+{
+    if (!name.starts_with(prefix))
+        return {};
+    name.remove_prefix(prefix.size());
+    pid_t process = 0;
+    const auto result = std::from_chars(name.data(), name.data() + name.size(), process);
+    const bool whole = result.ec == std::errc() && result.ptr == name.data() + name.size();
+    return whole && process > 0 ? std::optional(process) : std::nullopt;
+}
+
+constexpr std::string_view kTemporary = ".new-";
+
 } // namespace
 
 DefaultsFile::DefaultsFile(const fs::path& path, TimePoint now, Log& log)
@@ -120,8 +131,47 @@ DefaultsFile::DefaultsFile(const fs::path& path, TimePoint now, Log& log)
 {
 }
 
+std::string DefaultsFile::reasonToRefuse(const fs::path& path)
+{
+    std::error_code error;
+    switch (fs::status(path, error).type()) {
+    case fs::file_type::regular:
+        return {};
+    case fs::file_type::not_found:
+        return fs::is_symlink(fs::symlink_status(path, error)) ? "it is a link to nothing" : "";
+    case fs::file_type::directory:
+        return "it is a folder";
+    case fs::file_type::fifo:
+        return "it is a pipe";
+    case fs::file_type::socket:
+        return "it is a socket";
+    case fs::file_type::block:
+    case fs::file_type::character:
+        return "it is a device";
+    default:
+        return error.message();
+    }
+}
+
+bool DefaultsFile::isInUse(const fs::path& path)
+{
+    return DefaultsLock(resolved(path)).isTaken();
+}
+
 Value::Dictionary DefaultsFile::read()
 {
+    const std::string noFile = reasonToRefuse(m_path);
+    if (noFile.empty())
+        m_lock.emplace(m_path);
+    m_mayWrite = m_lock && !m_lock->isTaken();
+    if (!m_mayWrite) {
+        m_log.line("changes made now will not be stored in {}: {}", m_path.string(),
+            noFile.empty() ? "another program has it in use" : noFile);
+    }
+    if (!noFile.empty())
+        return {};
+    if (m_mayWrite)
+        removeLeftovers();
     const Contents contents = readWhole(m_path);
     if (!contents.exists)
         return {};
@@ -134,8 +184,24 @@ Value::Dictionary DefaultsFile::read()
             reason = "it is a property list, but no dictionary";
         }
     }
-    setAside(reason);
+    if (m_mayWrite)
+        setAside(reason);
     return {};
+}
+
+/// A program that is killed while it writes leaves its temporary file behind.
+void DefaultsFile::removeLeftovers() const
+{
+    const std::string prefix = m_path.filename().string() + std::string(kTemporary);
+    std::error_code error;
+    for (auto entry = fs::directory_iterator(m_path.parent_path(), error);
+         !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const auto writer = writerOf(entry->path().filename().string(), prefix);
+        std::error_code ignored;
+        if (writer && ::kill(*writer, 0) != 0 && errno == ESRCH
+            && entry->symlink_status(ignored).type() == fs::file_type::regular)
+            fs::remove(entry->path(), ignored);
+    }
 }
 
 void DefaultsFile::setAside(const std::string& reason)
@@ -183,7 +249,7 @@ std::string DefaultsFile::replaceWith(const std::string& text) const
     std::error_code error;
     fs::create_directories(m_path.parent_path(), error); // if it fails, opening tells
     fs::path temporary = m_path;
-    temporary += fmt::format(".new-{}", ::getpid());
+    temporary += fmt::format("{}{}", kTemporary, ::getpid());
 
     Descriptor file(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
     if (!file.isOpen())

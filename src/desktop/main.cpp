@@ -1,3 +1,4 @@
+#include "base/DefaultsFile.h"
 #include "desktop/Appearance.h"
 #include "desktop/Application.h"
 #include "desktop/SettingsFile.h"
@@ -39,6 +40,14 @@ QString activationToken()
     std::_Exit(wrong.isEmpty() ? 0 : 1);
 }
 
+/// The exit status.
+int refuseSettings(int status, const QString& file, const std::string& why)
+{
+    std::fprintf(stderr, "lumeroom: cannot keep settings in '%s': %s\n",
+        qPrintable(lumeroom::printable(file)), why.c_str());
+    return status;
+}
+
 /// Where a standard stream was closed, the next file to be opened would take its place, and get
 /// what is written to the stream.
 void openStandardStreams()
@@ -70,6 +79,11 @@ int main(int argc, char** argv)
         return 0;
     }
 
+    const QString defaultsFile = QString::fromStdString(commandLine.defaultsFile);
+    const std::string wrong = DefaultsFile::reasonToRefuse(commandLine.defaultsFile);
+    if (!wrong.empty())
+        return refuseSettings(kBadUsage, defaultsFile, wrong);
+
     // A reader of the log that goes away takes the log with it, not the program.
     std::signal(SIGPIPE, SIG_IGN);
 
@@ -81,11 +95,14 @@ int main(int argc, char** argv)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/lumeroom.png")));
     applyAppearance(commandLine.appearance);
     // A snapshot is over soon, and shows what it found, not what another program shows.
-    const ProgramName name(commandLine.snapshotFile.empty() ? serviceName(settingsFile(
-                               commandLine.demo, QString::fromStdString(commandLine.defaultsFile)))
-                                                            : QString());
+    const QString file = settingsFile(commandLine.demo, defaultsFile);
+    const ProgramName name(commandLine.snapshotFile.empty() ? serviceName(file) : QString());
     if (name.isTaken())
         deferTo(name, token);
+    // Without a bus nobody can be brought to the front. A snapshot writes nothing then.
+    if (commandLine.snapshotFile.empty() && DefaultsFile::isInUse(file.toStdString()))
+        return refuseSettings(1, file,
+            "another program has them in use, which cannot be reached over the session bus");
     Application application(commandLine, name);
     return application.run();
 }

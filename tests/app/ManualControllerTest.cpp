@@ -158,7 +158,8 @@ TEST_F(Controller, theOrderIsKeptOverRuns)
     EXPECT_EQ(linesWith("requested position 4 is greater"), 1);
     controller.applicationShouldTerminate();
     const auto saved = defaults.get(keys::kSortOrder);
-    ASSERT_EQ(saved.size(), 5U);
+    ASSERT_EQ(saved.size(), 6U);
+    EXPECT_EQ(saved[3], Value("rubbish"));
     EXPECT_EQ(
         saved[1], Value(Value::Dictionary{{"ID", lampID(1)}, {"group", false}, {"sortOrder", 1}}));
     EXPECT_EQ(linesWith("saving sortOrder to defaults. It has 5 items"), 1);

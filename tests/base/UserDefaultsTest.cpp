@@ -1,3 +1,4 @@
+#include "base/DefaultsFile.h"
 #include "base/Log.h"
 #include "base/PropertyList.h"
 #include "base/StoredList.h"
@@ -5,6 +6,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -178,22 +180,67 @@ TEST_F(UserDefaultsFile, whatCannotBeReadIsKeptAside)
     EXPECT_TRUE(found);
 }
 
-TEST_F(UserDefaultsFile, whatIsNoFileIsKeptAside)
+TEST_F(UserDefaultsFile, whatIsNoFileIsLeftAlone)
 {
+    const auto refused = [&](const std::string& reason) {
+        EXPECT_EQ(DefaultsFile::reasonToRefuse(file), reason);
+        lines.clear();
+        UserDefaults(file, loop, log).setObject("b", 1);
+        EXPECT_EQ(lines.size(), 1U);
+        EXPECT_NE(lines.at(0).find("will not be stored"), std::string::npos);
+        EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1); // nor is it renamed
+    };
     fs::create_directory(file);
-    std::ofstream(file / "inside") << "x";
-    UserDefaults(file, loop, log).setObject("b", 1);
-    ASSERT_EQ(setAside().size(), 1U);
-    EXPECT_TRUE(fs::exists(setAside()[0] / "inside"));
-    EXPECT_EQ(*stored()->find("b"), Value(1));
-
-    fs::remove_all(setAside()[0]);
+    refused("it is a folder");
     fs::remove(file);
     ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0); // whose reading would never end
-    UserDefaults(file, loop, log).setObject("b", 2);
-    ASSERT_EQ(setAside().size(), 1U);
-    EXPECT_TRUE(fs::is_fifo(setAside()[0]));
-    EXPECT_EQ(*stored()->find("b"), Value(2));
+    refused("it is a pipe");
+    fs::remove(file);
+    fs::create_symlink("/dev/zero", file);
+    refused("it is a device");
+    fs::remove(file);
+    EXPECT_EQ(DefaultsFile::reasonToRefuse(file), "");
+    fs::create_symlink("nothing", file);
+    EXPECT_EQ(DefaultsFile::reasonToRefuse(file), "it is a link to nothing");
+}
+
+TEST_F(UserDefaultsFile, oneProgramAtATimeStoresInAFile)
+{
+    write("rubbish");
+    fs::create_symlink("settings.plist", folder / "link");
+    auto first = std::make_unique<UserDefaults>(file, loop, log);
+    first->setObject("a", 1);
+    first->synchronize();
+    EXPECT_TRUE(DefaultsFile::isInUse(folder / "link"));
+    {
+        UserDefaults second(folder / "link", loop, log);
+        EXPECT_EQ(second.get(kA), 1);
+        second.setObject("a", 2);
+        EXPECT_FALSE(second.synchronize());
+        write("rubbish");
+        UserDefaults(file, loop, log).synchronize();
+    }
+    EXPECT_EQ(setAside().size(), 1U); // by the first
+    first.reset();
+    EXPECT_FALSE(DefaultsFile::isInUse(file));
+}
+
+TEST_F(UserDefaultsFile, theTemporaryFilesOfDeadProgramsGo)
+{
+    const pid_t dead = ::fork();
+    if (dead == 0)
+        ::_exit(0);
+    ::waitpid(dead, nullptr, 0);
+    const std::string number = std::to_string(dead);
+    const std::vector<std::string> kept = {"settings.plist.new-" + std::to_string(::getppid()),
+        "settings.plist.new-" + number + "x", "settings.plist.new-", "other.new-" + number};
+    for (const std::string& name : kept)
+        std::ofstream(folder / name) << "x";
+    std::ofstream(folder / ("settings.plist.new-" + number)) << "x";
+    const UserDefaults defaults(file, loop, log);
+    for (const std::string& name : kept)
+        EXPECT_TRUE(fs::exists(folder / name)) << name;
+    EXPECT_FALSE(fs::exists(folder / ("settings.plist.new-" + number)));
 }
 
 TEST_F(UserDefaultsFile, aFailedWriteKeepsTheOldFileAndIsTriedAgain)
