@@ -23,11 +23,22 @@ grep -qx "lumeroom: cannot save the picture to $folder/none/panel.png" "$folder/
 "$lumeroom" --demo --snapshot "$folder/closed.png" <&- >&- 2>&-
 cmp -n 4 "$folder/panel.png" "$folder/closed.png"
 
+fails_with() { # the exit status, what it says, the settings file
+    status=0
+    DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$lumeroom" --demo --defaults "$3" 2>"$folder/said" ||
+        status=$?
+    [ $status -eq "$1" ]
+    grep -q "$2" "$folder/said"
+}
+fails_with 2 'it is a folder' "$folder/config"
+
 # SIGTERM does what the menu's Quit does, and so does closing the terminal.
 ends_well() { # the settings file to keep, the signal
     "$lumeroom" --demo --defaults "$1" &
     program=$!
     sleep 2
+    while [ ! -e "$1.lock" ]; do sleep 0.1; done
+    fails_with 1 'in use' "$1"
     for _ in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20; do
         kill -"$2" $program 2>/dev/null || true # again and again while it ends
         sleep 0.005
