@@ -206,12 +206,12 @@ TEST_F(ColourWell, theWheelAndTheArrowsDim)
         QPoint pixels;
         QPoint angle;
         bool taken;
-        float level; ///< at 1.5 of 255 per line
+        float level; ///< at 2 of 255 per line
     } cases[] = {
-        {{}, {0, 120}, true, 104.5F},
-        {{}, {0, -240}, true, 91},
-        {{0, 5}, {0, 40}, true, 101.5F},
-        {{0, -20}, {}, true, 97},
+        {{}, {0, 120}, true, 106},
+        {{}, {0, -240}, true, 88},
+        {{0, 5}, {0, 40}, true, 102},
+        {{0, -20}, {}, true, 96},
         {{}, {120, 0}, false, 100},
     };
     EXPECT_FALSE(wheel(*well, {}, {0, 120})) << "before the mouse has been moved onto it";
@@ -225,7 +225,7 @@ TEST_F(ColourWell, theWheelAndTheArrowsDim)
     well->move(well->pos() + QPoint(0, 10)); // the panel has been scrolled under the mouse
     EXPECT_FALSE(wheel(*well, {}, {0, 120}));
     key(*well, Qt::Key_Down);
-    EXPECT_NEAR(model.colour().brightness * 255, 94, 1e-3);
+    EXPECT_NEAR(model.colour().brightness * 255, 92, 1e-3);
     key(*well, Qt::Key_Up);
     EXPECT_EQ(well->accessibleDescription(),
         "hue 108 degrees, saturation 100 percent, brightness 39 percent");
