@@ -120,7 +120,6 @@ void ManualController::observeSettings()
     observe(keys::kColourPickerType, [this] { m_panelSetUp.refreshSetUpUsingRecycling(true); });
     observe(keys::kGroupPowerStateBasedOn, [this] { lampStatesChanged(); });
     observe(keys::kBadgeIcon, [this] { m_statusMenu.updateDockIcon(); });
-    observe(keys::kPresets, [this] { m_lampsPopUp.populateLampsPopUp(); });
 }
 
 void ManualController::applicationShouldTerminate()
