@@ -1,7 +1,7 @@
 #pragma once
 
-#include <compare>
 #include <string>
+#include <tuple>
 
 namespace lumeroom {
 
@@ -19,7 +19,11 @@ struct StripTarget {
     StripType type = StripType::None;
 
     bool isGroup() const;
-    auto operator<=>(const StripTarget&) const = default;
+    bool operator==(const StripTarget&) const = default;
+    bool operator<(const StripTarget& other) const
+    {
+        return std::tie(type, id) < std::tie(other.type, other.id);
+    }
 
     /// For a group, a location or a tag; nothing for the other kinds.
     void sendSettingsToGroup(LampCommands& commands, const Settings& settings) const;

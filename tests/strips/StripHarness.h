@@ -19,7 +19,8 @@ public:
     }
 
     const UserDefaults& userDefaults() const override { return m_defaults; }
-    void sendSettingsToStripsInGroup(const StripSettings& settings, const StripTarget& group) override
+    void sendSettingsToStripsInGroup(
+        const StripSettings& settings, const StripTarget& group) override
     {
         std::string line = "strips of " + group.id;
         for (const auto& [key, value] : settings.toDictionary())
