@@ -8,9 +8,9 @@ namespace {
 struct Kind {
     StripType type;
     std::string name;
-    void (GroupWorkflows::*make)();
-    MenuModel& (GroupWorkflows::*editMenu)();
-    MenuModel& (GroupWorkflows::*deleteMenu)();
+    std::function<void(GroupWorkflows&)> make;
+    std::function<MenuModel&(GroupWorkflows&)> editMenu;
+    std::function<MenuModel&(GroupWorkflows&)> deleteMenu;
     ButtonModel NavigationModel::*shown;
     std::string making, editing, deleting, removed; ///< the texts
 };
@@ -109,7 +109,7 @@ TEST_F(Workflows, making)
     for (const Kind& kind : kinds()) {
         SCOPED_TRACE(kind.making);
         const auto begin = [&] {
-            (workflows.*kind.make)();
+            kind.make(workflows);
             EXPECT_EQ(navigation().filter.value().description, kind.making);
             EXPECT_EQ(panel.names(), (Names{"Lamp 1", "Lamp 2", "Lamp 3"}));
             EXPECT_EQ(panel.workflow.value().pointsAt, (Rectangle{0, 300, 600, 50})); // the bottom
@@ -120,7 +120,7 @@ TEST_F(Workflows, making)
         press(WorkflowPopover::kCancelTag, "Attic");
         begin();
         press(WorkflowPopover::kConfirmTag, "Attic"); // without lamps
-        EXPECT_EQ((workflows.*kind.editMenu)().items().size(), 1U);
+        EXPECT_EQ(kind.editMenu(workflows).items().size(), 1U);
 
         begin();
         select({1, 2});
@@ -128,11 +128,11 @@ TEST_F(Workflows, making)
         if (kind.type != StripType::Tag) { // a lamp tells of its tags itself
             EXPECT_EQ(members(kind.type, "Attic"), (Names{"Lamp 2", "Lamp 3"}));
         }
-        EXPECT_TRUE((workflows.*kind.editMenu)().itemWithTitle("Attic"));
+        EXPECT_TRUE(kind.editMenu(workflows).itemWithTitle("Attic"));
         begin();
         select({0});
         press(WorkflowPopover::kConfirmTag, ""); // no name is no hindrance
-        EXPECT_TRUE((workflows.*kind.deleteMenu)().itemWithTitle(""));
+        EXPECT_TRUE(kind.deleteMenu(workflows).itemWithTitle(""));
     }
 }
 
@@ -140,7 +140,7 @@ TEST_F(Workflows, editing)
 {
     for (const Kind& kind : kinds()) {
         SCOPED_TRACE(kind.name);
-        MenuModel& menu = (workflows.*kind.editMenu)();
+        MenuModel& menu = kind.editMenu(workflows);
         defaults.setObject("verbosity", 2);
         lines.clear();
         choose(menu, kind.name);
@@ -190,7 +190,7 @@ TEST_F(Workflows, removing)
     defaults.setObject("verbosity", 3);
     for (const Kind& kind : kinds()) {
         SCOPED_TRACE(kind.name);
-        MenuModel& menu = (workflows.*kind.deleteMenu)();
+        MenuModel& menu = kind.deleteMenu(workflows);
         lines.clear();
         panel.alerts.clear();
         panel.answer = 1;
