@@ -27,11 +27,11 @@ UserDefaults::~UserDefaults()
     synchronize();
 }
 
-void UserDefaults::overrideDefaults(Value::Dictionary values)
+void UserDefaults::overrideDefaults(const Value::Dictionary& values)
 {
     const std::lock_guard lock(m_mutex);
-    for (auto& [name, value] : values) {
-        m_overriding.insert_or_assign(name, std::move(value));
+    for (const auto& [name, value] : values) {
+        m_overriding.insert_or_assign(name, value);
         tellObservers(name);
     }
 }

@@ -41,7 +41,7 @@ public:
 
     /// Values over the stored ones for as long as this object lives. They are never written, and
     /// what is set or removed under their names is dropped.
-    void overrideDefaults(Value::Dictionary values);
+    void overrideDefaults(const Value::Dictionary& values);
     bool isOverridden(std::string_view name) const;
 
     /// Calls `changed` on the main thread soon after one of these has changed, by whichever thread;
