@@ -73,6 +73,10 @@ struct HostResolver::Desk {
         std::vector<Done> waiting;
     };
 
+    explicit Desk(Ask question)
+        : ask(std::move(question))
+    {
+    }
     void forgetSome();
 
     const Ask ask;
