@@ -9,7 +9,8 @@ class UserDefaults;
 
 /// Collections as if each were one lamp: the running mean of the lamps' colours, in which each lamp
 /// pulls the values halfway, so that the last counts for one half and the one before for a quarter.
-/// An ID that names nothing, and a collection without lamps, give zeros and off.
+/// An ID that names nothing, and a collection without lamps, give zeros and off; only where all
+/// lamps of a group have to be on does one without lamps count as on.
 class Summaries {
 public:
     Summaries(const LampRegistry& registry, const UserDefaults& defaults);
