@@ -31,7 +31,7 @@ ManualController::ManualController(
     , m_stage(m_panelSetUp, panel)
     , m_workflows(engineRoom, log, m_stage)
     , m_known(engineRoom.registry(), engineRoom.summaries())
-    , m_stripFinder({runLoop, defaults, log, engineRoom, m_known, m_panelSetUp.collection(), *this})
+    , m_stripFinder({runLoop, defaults, log, *this}, engineRoom, m_known, m_panelSetUp.collection())
     , m_scripting(m_known, m_panelSetUp.collection(), m_stripFinder, log, scriptingActions())
     , m_updateStrips(runLoop, [this] { updateStrips(); })
 {

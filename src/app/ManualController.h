@@ -60,7 +60,6 @@ public:
     int runModal(const Alert& alert) override;
 
     // From the strips
-    const UserDefaults& userDefaults() const override { return m_defaults; }
     void sendSettingsToStripsInGroup(
         const StripSettings& settings, const StripTarget& group) override;
     void targetWasRenamed(LampControlStrip& strip) override;

@@ -28,9 +28,9 @@ PanelSetUp::PanelSetUp(Environment environment)
           [this] { refreshSetUpUsingRecycling(true); },
           [this] { m_environment.companions.closeEditPopovers(); }})
     , m_collection(m_environment.defaults, m_environment.log)
-    , m_factory({m_environment.runLoop, m_environment.defaults, m_environment.log,
-          m_environment.engineRoom, m_environment.panel, m_layoutManager, m_navigation,
-          m_environment.owner})
+    , m_factory(
+          {{m_environment.runLoop, m_environment.defaults, m_environment.log, m_environment.owner},
+              m_environment.engineRoom, m_environment.panel, m_layoutManager, m_navigation})
 {
 }
 

@@ -46,9 +46,9 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     setUpNavigationButton(*strip);
     if (type == StripType::Lamp && record.zones > 0)
         showZones(*strip, record.zones);
-    strip->colourWell().setHidden(m_environment.defaults.get(keys::kColourPickerType) != 0);
+    strip->colourWell().setHidden(
+        m_environment.surroundings.defaults.get(keys::kColourPickerType) != 0);
 
-    strip->setOwner(&m_environment.owner);
     if (auto* view = strip->getControlStripView())
         view->setShown(true);
     return strip;
@@ -122,9 +122,7 @@ std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
     const auto found = m_recycler.lower_bound({type, id});
     if (found != m_recycler.end() && found->first == std::pair(type, id))
         return found->second;
-    auto strip = std::make_shared<LampControlStrip>(id, type, m_environment.runLoop);
-    strip->colourWell().setSurroundings(m_environment.defaults, m_environment.log);
-    return strip;
+    return std::make_shared<LampControlStrip>(id, type, m_environment.surroundings);
 }
 
 void StripFactory::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)

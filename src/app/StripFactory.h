@@ -9,21 +9,17 @@ class EngineRoom;
 class LayoutManager;
 class Navigation;
 class PanelView;
-class RunLoop;
 
 /// Makes the strips of the panel, and keeps those that were there before for reuse: a strip that
 /// comes back keeps its row.
 class StripFactory {
 public:
     struct Environment {
-        RunLoop& runLoop;
-        const UserDefaults& defaults;
-        Log& log;
+        StripSurroundings surroundings;
         EngineRoom& engineRoom;
         PanelView& panel;
         const LayoutManager& layoutManager;
         Navigation& navigation;
-        LampControlStripOwner& owner;
     };
     explicit StripFactory(const Environment& environment);
 

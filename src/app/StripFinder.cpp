@@ -24,16 +24,19 @@ StripSettings settingsOf(const LampControlStrip& strip)
 
 } // namespace
 
-StripFinder::StripFinder(const Environment& environment)
-    : m_environment(environment)
+StripFinder::StripFinder(const StripSurroundings& surroundings, EngineRoom& engineRoom,
+    const KnownThings& known, const StripCollection& collection)
+    : m_surroundings(surroundings)
+    , m_engineRoom(engineRoom)
+    , m_known(known)
+    , m_collection(collection)
 {
 }
 
 std::shared_ptr<LampControlStrip> StripFinder::onPanel(const StripTarget& target) const
 {
-    const StripCollection& collection = m_environment.collection;
-    auto strip = target.isGroup() ? collection.getGroupStripWithID(target.id)
-                                  : collection.getStripWithID(target.id);
+    auto strip = target.isGroup() ? m_collection.getGroupStripWithID(target.id)
+                                  : m_collection.getStripWithID(target.id);
     return strip && strip->type() == target.type ? strip : nullptr;
 }
 
@@ -59,7 +62,7 @@ std::shared_ptr<LampControlStrip> StripFinder::stripFor(const StripTarget& targe
 {
     if (auto strip = onPanel(target))
         return strip;
-    const auto thing = m_environment.known.find(target);
+    const auto thing = m_known.find(target);
     if (!thing)
         return nullptr;
     if (!m_notShown.contains(target) && m_notShown.size() == kMostNotShown)
@@ -75,10 +78,8 @@ std::shared_ptr<LampControlStrip> StripFinder::stripFor(const StripTarget& targe
 
 std::shared_ptr<LampControlStrip> StripFinder::makeStrip(const StripTarget& target) const
 {
-    auto strip = std::make_shared<LampControlStrip>(target.id, target.type, m_environment.runLoop);
-    strip->colourWell().setSurroundings(m_environment.defaults, m_environment.log);
-    strip->setOwner(&m_environment.owner);
-    strip->reactivateWithEngineRoom(&m_environment.engineRoom);
+    auto strip = std::make_shared<LampControlStrip>(target.id, target.type, m_surroundings);
+    strip->reactivateWithEngineRoom(&m_engineRoom);
     return strip;
 }
 

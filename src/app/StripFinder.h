@@ -9,16 +9,8 @@ namespace lumeroom {
 /// strip on the panel serves, else one that is not shown.
 class StripFinder {
 public:
-    struct Environment {
-        RunLoop& runLoop;
-        const UserDefaults& defaults;
-        Log& log;
-        EngineRoom& engineRoom;
-        const KnownThings& known;
-        const StripCollection& collection;
-        LampControlStripOwner& owner;
-    };
-    explicit StripFinder(const Environment& environment);
+    StripFinder(const StripSurroundings& surroundings, EngineRoom& engineRoom,
+        const KnownThings& known, const StripCollection& collection);
 
     /// A strip that shows what is known and acts; null for what is not known. One that is not on
     /// the panel is kept until 250 others have been asked for. Who needs it longer holds it.
@@ -39,7 +31,10 @@ private:
     void forgetOneNotShown();
     std::shared_ptr<LampControlStrip> onPanel(const StripTarget& target) const;
 
-    Environment m_environment;
+    StripSurroundings m_surroundings;
+    EngineRoom& m_engineRoom;
+    const KnownThings& m_known;
+    const StripCollection& m_collection;
     std::map<StripTarget, NotShown> m_notShown;
     std::uint64_t m_requests = 0;
 };

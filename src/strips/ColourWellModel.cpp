@@ -1,6 +1,7 @@
 #include "strips/ColourWellModel.h"
 
 #include "base/DefaultsKeys.h"
+#include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "engine/Records.h"
 #include "strips/ColourArchive.h"
@@ -15,21 +16,7 @@ namespace {
 constexpr float kLevels = 255;
 constexpr int kLogLevelOfDrops = 2;
 
-/// Levels of brightness per line of the wheel.
-float scrollSpeed(const UserDefaults* defaults)
-{
-    constexpr float kUnlessSet = 1.5F;
-    return defaults ? static_cast<float>(defaults->get(keys::kScrollToDimTrackingSpeed))
-                    : kUnlessSet;
-}
-
 } // namespace
-
-void ColourWellModel::setSurroundings(const UserDefaults& defaults, Log& log)
-{
-    m_defaults = &defaults;
-    m_log = &log;
-}
 
 void ColourWellModel::setColour(const Colour& colour)
 {
@@ -89,7 +76,8 @@ void ColourWellModel::mouseUp()
 void ColourWellModel::scrollWheel(float deltaY)
 {
     constexpr float kLowestLevel = 0.5F;
-    const float level = m_colour.brightness * kLevels + scrollSpeed(m_defaults) * deltaY;
+    const auto levelsPerLine = static_cast<float>(m_defaults.get(keys::kScrollToDimTrackingSpeed));
+    const float level = m_colour.brightness * kLevels + levelsPerLine * deltaY;
     if (!isEnabled() || std::isnan(level))
         return;
     setColour({.hue = m_colour.hue,
@@ -113,9 +101,9 @@ bool ColourWellModel::performDragOperation(const ColourDrop& drop)
         = drop.offersArchive ? takeArchivedColour(drop.archivedColour) : takeColour(drop.colour);
     if (!taken)
         return refuseDrop("Error: MyNSView zPasteboardData == nil");
-    if (m_log->shows(kLogLevelOfDrops)) {
+    if (m_log.shows(kLogLevelOfDrops)) {
         const Rgba rgba = rgbaFrom(m_colour);
-        m_log->line("colour dropped with rgbk {:.2f}, {:.2f}, {:.2f}, {} ", rgba.red, rgba.green,
+        m_log.line("colour dropped with rgbk {:.2f}, {:.2f}, {:.2f}, {} ", rgba.red, rgba.green,
             rgba.blue, m_colour.kelvin.value_or(0));
     }
     return true;
@@ -125,7 +113,7 @@ bool ColourWellModel::takeArchivedColour(const std::optional<Value::Data>& data)
 {
     if (!data)
         return false;
-    const auto colour = colourUsingArchivedColour(&*data, *m_log);
+    const auto colour = colourUsingArchivedColour(&*data, m_log);
     if (!colour)
         return false;
     setColour(*colour);
@@ -148,7 +136,7 @@ bool ColourWellModel::takeColour(const std::optional<Colour>& colour)
 
 bool ColourWellModel::refuseDrop(std::string_view reason)
 {
-    m_log->line("{}", reason);
+    m_log.line("{}", reason);
     return false;
 }
 

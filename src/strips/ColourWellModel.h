@@ -1,12 +1,12 @@
 #pragma once
 
-#include "base/Log.h"
 #include "base/Value.h"
 #include "strips/Controls.h"
 #include "strips/ZTColourPicker.h"
 
 namespace lumeroom {
 
+class Log;
 class UserDefaults;
 
 /// Shows the picker beside a well.
@@ -29,16 +29,14 @@ struct ColourDrop {
 /// The swatch that shows a strip's colour, and takes one from the user.
 class ColourWellModel : public ControlModel, public ZTColourPickerDelegate {
 public:
-    explicit ColourWellModel(RunLoop& runLoop)
+    ColourWellModel(RunLoop& runLoop, const UserDefaults& defaults, Log& log)
         : ControlModel(0)
         , m_actionFilter(runLoop, [this] { fireFilteredAction(); })
+        , m_defaults(defaults)
+        , m_log(log)
     {
     }
     ~ColourWellModel() override { setColourPicker(nullptr); }
-
-    /// Without them, the speed of the wheel is that of an absent setting, and the log is the
-    /// standard error stream.
-    void setSurroundings(const UserDefaults& defaults, Log& log);
 
     const Colour& colour() const { return m_colour; }
     /// A target without colour shows the grey of the same brightness.
@@ -84,9 +82,8 @@ private:
     ActionFilter m_actionFilter;
     std::shared_ptr<ZTColourPicker> m_picker;
     ColourWellPopover* m_popover = nullptr;
-    const UserDefaults* m_defaults = nullptr;
-    Log m_standardLog;
-    Log* m_log = &m_standardLog;
+    const UserDefaults& m_defaults;
+    Log& m_log;
 };
 
 } // namespace lumeroom

@@ -9,10 +9,13 @@
 
 namespace lumeroom {
 
-LampControlStrip::LampControlStrip(std::string id, StripType type, RunLoop& runLoop)
+LampControlStrip::LampControlStrip(
+    std::string id, StripType type, const StripSurroundings& surroundings)
     : m_target{std::move(id), type}
-    , m_controls(runLoop, *this)
-    , m_embargo(runLoop, [this] { embargoHasLifted(); })
+    , m_defaults(surroundings.defaults)
+    , m_owner(surroundings.owner)
+    , m_controls(surroundings, *this)
+    , m_embargo(surroundings.runLoop, [this] { embargoHasLifted(); })
 {
     setUpNamesAndPower();
 }
@@ -33,12 +36,6 @@ void LampControlStrip::setUpNamesAndPower()
     m_controls.onOffButton.setToolTip("A zone goes on and off with its lamp");
     m_controls.renameButton.setEnabled(false);
     m_controls.renameButton.setToolTip("A zone is named by its number");
-}
-
-void LampControlStrip::setCapabilities(int capabilities)
-{
-    m_capabilities = capabilities;
-    m_controls.setCapabilities(capabilities);
 }
 
 void LampControlStrip::setControlStripView(std::unique_ptr<LampControlStripView> view)
@@ -70,7 +67,7 @@ void LampControlStrip::handleControl(const ControlModel& sender)
     if (!m_engineRoom)
         return;
     if (&sender == &m_controls.colourWell)
-        m_controls.setSlidersFromWell(m_capabilities);
+        m_controls.setSlidersFromWell();
     if (m_controls.isSlider(sender)) {
         m_controls.showColourOfSlidersInWell();
         m_controls.onOffButton.setNeedsDisplay();
@@ -91,13 +88,7 @@ void LampControlStrip::handleControl(const ControlModel& sender)
             switchOn();
     }
     imposeTemporaryEmbargo();
-    tellOwnerOfChange();
-}
-
-void LampControlStrip::tellOwnerOfChange()
-{
-    if (m_owner)
-        m_owner->stripHasChanged();
+    m_owner.stripHasChanged();
 }
 
 void LampControlStrip::actForGroup(const ControlModel& sender, const Settings& full)
@@ -117,15 +108,15 @@ void LampControlStrip::actForGroupOnOff(const Settings& full)
         stopEffect();
     m_target.groupOn(m_engineRoom->commands(), on);
     // Whatever the kind, the ID goes to the engine's group routine, which knows all of them.
-    if (on && m_owner && m_owner->userDefaults().get(keys::kGroupOnOffChangesSettings))
+    if (on && m_defaults.get(keys::kGroupOnOffChangesSettings))
         m_engineRoom->commands().sendSettingsToGroup(full, m_target.id);
     sendSettingsToStripsInGroup(StripSettings::power(on));
 }
 
 void LampControlStrip::sendSettingsToStripsInGroup(const StripSettings& settings)
 {
-    if (m_owner && isGroup())
-        m_owner->sendSettingsToStripsInGroup(settings, m_target);
+    if (isGroup())
+        m_owner.sendSettingsToStripsInGroup(settings, m_target);
 }
 
 void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& full)
@@ -227,8 +218,8 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmba
 
 void LampControlStrip::embargoHasLifted()
 {
-    if (std::exchange(m_missedReport, false) && m_owner)
-        m_owner->stripHasMissedReports();
+    if (std::exchange(m_missedReport, false))
+        m_owner.stripHasMissedReports();
 }
 
 void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
@@ -246,7 +237,7 @@ void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
     if (settings.transition.value_or(0) < kLongTransitionSeconds)
         implementSettingsFromDictionaryWithoutActing(settings);
     m_controls.onOffButton.setNeedsDisplay();
-    tellOwnerOfChange();
+    m_owner.stripHasChanged();
 }
 
 Value::Dictionary LampControlStrip::getDictionary() const
@@ -267,15 +258,13 @@ void LampControlStrip::setObjectForKey(const Value& value, std::string_view key)
 void LampControlStrip::showReNamePopover()
 {
     if (type() == StripType::Tag) {
-        if (m_owner) {
-            m_owner->runModal({"Legacy functionality",
-                "Tags used to be part of the LIFX API, and earlier versions of Lumeroom used them "
-                "(they were called 'groups' in earlier versions of Lumeroom). But on the bulbs "
-                "they're now deprecated (they work at the moment but are now undocumented) in "
-                "favour of the newer 'Groups' and 'Locations', so Lumeroom will show tags for "
-                "legacy reasons but won't be able to add new ones or change existing ones.",
-                {"OK"}});
-        }
+        m_owner.runModal({"Legacy functionality",
+            "Tags used to be part of the LIFX API, and earlier versions of Lumeroom used them "
+            "(they were called 'groups' in earlier versions of Lumeroom). But on the bulbs "
+            "they're now deprecated (they work at the moment but are now undocumented) in "
+            "favour of the newer 'Groups' and 'Locations', so Lumeroom will show tags for "
+            "legacy reasons but won't be able to add new ones or change existing ones.",
+            {"OK"}});
     } else if (m_view) {
         m_view->showReNamePopover(m_controls.label.text());
     }
@@ -292,18 +281,14 @@ void LampControlStrip::reName(const std::string& name)
     m_controls.label.setText(name);
     if (m_engineRoom)
         m_target.rename(*m_engineRoom, name);
-    if (m_owner)
-        m_owner->targetWasRenamed(*this);
-    tellOwnerOfChange();
+    m_owner.targetWasRenamed(*this);
+    m_owner.stripHasChanged();
 }
 
 std::vector<EffectMenuItem> LampControlStrip::effectMenu() const
 {
     const bool playing = m_runner && m_runner->isRunning();
-    if (!m_owner)
-        return effectMenuOf({}, playing, false);
-    return effectMenuOf(
-        storedEffects(m_owner->userDefaults()), playing, m_owner->hasEffectsManager());
+    return effectMenuOf(storedEffects(m_defaults), playing, m_owner.hasEffectsManager());
 }
 
 void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)
@@ -319,7 +304,7 @@ void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)
 // A name that no effect has leaves the one that plays going.
 void LampControlStrip::implementEffect(const std::string& name)
 {
-    auto effect = m_owner ? m_owner->makeEffect(name, *this) : nullptr;
+    auto effect = m_owner.makeEffect(name, *this);
     if (!effect)
         return;
     stopEffect();
@@ -335,8 +320,7 @@ void LampControlStrip::stopEffect()
 
 void LampControlStrip::editEffects()
 {
-    if (m_owner)
-        m_owner->showEffectsManager();
+    m_owner.showEffectsManager();
 }
 
 void LampControlStrip::setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item)
@@ -363,20 +347,17 @@ void LampControlStrip::releaseStatusBarMenuItem()
 
 void LampControlStrip::viewDidBeginDragging()
 {
-    if (m_owner)
-        m_owner->viewDidBeginDragging();
+    m_owner.viewDidBeginDragging();
 }
 
 void LampControlStrip::viewDidMoveTo(Point point)
 {
-    if (m_owner)
-        m_owner->changePositionOfStripBasedOnPoint(*this, point);
+    m_owner.changePositionOfStripBasedOnPoint(*this, point);
 }
 
 void LampControlStrip::viewDidFinishDragging()
 {
-    if (m_owner)
-        m_owner->viewDidFinishDragging();
+    m_owner.viewDidFinishDragging();
 }
 
 } // namespace lumeroom

@@ -5,6 +5,7 @@
 #include "strips/MenuModel.h"
 #include "strips/StripControls.h"
 #include "strips/StripEmbargo.h"
+#include "strips/StripSurroundings.h"
 #include "strips/StripTarget.h"
 
 namespace lumeroom {
@@ -14,13 +15,12 @@ namespace lumeroom {
 /// fighting the hand: for some seconds after a touch, reports are not shown.
 class LampControlStrip : public LampReference, public ControlTarget {
 public:
-    LampControlStrip(std::string id, StripType type, RunLoop& runLoop);
+    LampControlStrip(std::string id, StripType type, const StripSurroundings& surroundings);
     ~LampControlStrip() override;
     LampControlStrip(const LampControlStrip&) = delete;
     LampControlStrip& operator=(const LampControlStrip&) = delete;
 
-    // Those around it; without them, what needs them does nothing
-    void setOwner(LampControlStripOwner* owner) { m_owner = owner; }
+    /// A strip that is not shown has none, and what a view would show does not show.
     void setControlStripView(std::unique_ptr<LampControlStripView> view);
     LampControlStripView* getControlStripView() const { return m_view.get(); }
 
@@ -50,10 +50,10 @@ public:
     /// The number by which the strip's controller finds it.
     int tag() const { return m_tag; }
     void setTag(int tag) { m_tag = tag; }
-    int capabilities() const { return m_capabilities; }
+    int capabilities() const { return m_controls.colourWell.capabilities(); }
     /// Without colour the sliders of hue and saturation are disabled and the well shows greys;
     /// without variable white the warmth slider is disabled.
-    void setCapabilities(int capabilities);
+    void setCapabilities(int capabilities) { m_controls.setCapabilities(capabilities); }
     void showSelectedButton(bool shown) { m_controls.selectedButton.setHidden(!shown); }
     void setSelected(bool selected) { m_controls.selectedButton.setState(selected); }
     bool isSelected() const { return m_controls.selectedButton.state(); }
@@ -121,16 +121,15 @@ private:
     void actForGroupOnOff(const Settings& full);
     void actForLamp(const ControlModel& sender, const Settings& full);
     void actForLampOnOff(const Settings& full);
-    void tellOwnerOfChange();
     void showInSlider(SliderModel& slider, const std::optional<double>& value);
     void releaseStatusBarMenuItem();
     void embargoHasLifted();
 
     StripTarget m_target;
     int m_tag = 0;
-    int m_capabilities = kCapabilitiesColourLamp;
+    const UserDefaults& m_defaults;
+    LampControlStripOwner& m_owner;
     EngineRoom* m_engineRoom = nullptr;
-    LampControlStripOwner* m_owner = nullptr;
     StripControls m_controls;
     StripEmbargo m_embargo;
     StripSettings m_lastReport; ///< shown or not

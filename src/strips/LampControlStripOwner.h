@@ -12,7 +12,6 @@
 namespace lumeroom {
 
 class LampControlStrip;
-class UserDefaults;
 
 /// An effect that plays on a strip.
 class StripEffect {
@@ -28,7 +27,6 @@ class LampControlStripOwner {
 public:
     virtual ~LampControlStripOwner() = default;
 
-    virtual const UserDefaults& userDefaults() const = 0;
     /// Shows the settings in the strips of the lamps of this group, location or tag.
     virtual void sendSettingsToStripsInGroup(
         const StripSettings& settings, const StripTarget& group)

@@ -12,12 +12,12 @@ constexpr float kMostSaturation = 255;
 
 } // namespace
 
-StripControls::StripControls(RunLoop& runLoop, ControlTarget& target)
-    : brightnessSlider(controltag::kBrightnessSlider, kMostBrightness, runLoop)
+StripControls::StripControls(const StripSurroundings& surroundings, ControlTarget& target)
+    : brightnessSlider(controltag::kBrightnessSlider, kMostBrightness, surroundings.runLoop)
     , colourSlider(controltag::kColourSlider, kMostColour)
-    , satSlider(controltag::kSaturationSlider, kMostSaturation, runLoop)
-    , warmthSlider(controltag::kWarmthSlider, kMostWarmth, runLoop)
-    , colourWell(runLoop)
+    , satSlider(controltag::kSaturationSlider, kMostSaturation, surroundings.runLoop)
+    , warmthSlider(controltag::kWarmthSlider, kMostWarmth, surroundings.runLoop)
+    , colourWell(surroundings.runLoop, surroundings.defaults, surroundings.log)
 {
     onOffButton.setTarget(&target);
     effectButton.setTarget(&target);
@@ -91,10 +91,11 @@ void StripControls::showColourOfSliders()
         onOffButton.setNeedsDisplay();
 }
 
-void StripControls::setSlidersFromWell(int capabilities)
+void StripControls::setSlidersFromWell()
 {
     const Colour& colour = colourWell.colour();
-    const SliderValues values = slidersFromColour(colour, sliderValues(), capabilities);
+    const SliderValues values
+        = slidersFromColour(colour, sliderValues(), colourWell.capabilities());
     brightnessSlider.setValue(values.brightness);
     satSlider.setValue(values.saturation);
     colourSlider.setValue(values.colour);

@@ -4,13 +4,14 @@
 #include "strips/ColourConversions.h"
 #include "strips/ColourWellModel.h"
 #include "strips/Controls.h"
+#include "strips/StripSurroundings.h"
 
 namespace lumeroom {
 
 /// The controls of one strip, and the values that they show together.
 struct StripControls {
     /// All controls but the selection button act on `target`.
-    StripControls(RunLoop& runLoop, ControlTarget& target);
+    StripControls(const StripSurroundings& surroundings, ControlTarget& target);
 
     TextModel label{controltag::kLabel};
     ButtonModel onOffButton{controltag::kOnOffButton};
@@ -42,7 +43,7 @@ struct StripControls {
     void showColourOfSlidersInWell();
     /// The same, with the hue passed on to the saturation slider, and a redraw where one is due.
     void showColourOfSliders();
-    void setSlidersFromWell(int capabilities);
+    void setSlidersFromWell();
 
     /// "label", "onoff", "brightness", "colour", "saturation" or "warmth"; the empty text for any
     /// other key.

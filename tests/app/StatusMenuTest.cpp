@@ -1,6 +1,7 @@
 #include "app/StatusMenu.h"
 #include "ControllerHarness.h"
 #include "strips/LampsPopUp.h"
+#include "support/FakeOwner.h"
 
 namespace lumeroom::test {
 
@@ -13,11 +14,13 @@ struct StatusItem : EngineHarness {
     }
     std::unique_ptr<LampControlStrip> makeStrip(unsigned n, const std::string& name)
     {
-        auto strip = std::make_unique<LampControlStrip>(lampID(n), StripType::Lamp, loop);
+        auto strip = std::make_unique<LampControlStrip>(
+            lampID(n), StripType::Lamp, StripSurroundings{loop, defaults, log, owner});
         strip->reactivateWithEngineRoom(&engine());
         strip->label().setText(name);
         return strip;
     }
+    FakeOwner owner;
     Lines calls;
     std::optional<int> badge = -1;
     StatusMenu statusMenu{engine().registry(), defaults,

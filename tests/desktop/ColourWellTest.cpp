@@ -1,3 +1,4 @@
+#include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "strips/ColourArchive.h"
 #include "strips/ui/CircularSliderView.h"
@@ -57,7 +58,6 @@ bool wheel(QWidget& widget, QPoint pixels, QPoint angle)
 struct ColourWell : ::testing::Test, ControlTarget {
     ColourWell()
     {
-        model.setSurroundings(defaults, log);
         model.setFilteredTarget(this);
         window.resize(300, 200);
         well->setGeometry(20, 20, 30, 30);
@@ -98,7 +98,7 @@ struct ColourWell : ::testing::Test, ControlTarget {
     std::vector<std::string> lines;
     Log log{[this](std::string_view line) { lines.emplace_back(line); }};
     int handled = 0;
-    ColourWellModel model{loop};
+    ColourWellModel model{loop, defaults, log};
     QWidget window;
     Well* well = new Well(model, &window);
 };

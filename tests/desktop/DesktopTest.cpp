@@ -16,6 +16,7 @@
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/SliderView.h"
+#include "support/FakeOwner.h"
 #include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
@@ -222,8 +223,11 @@ struct StripViews : ::testing::Test {
         return nullptr;
     }
     ManualRunLoop loop;
-    std::shared_ptr<LampControlStrip> strip
-        = std::make_shared<LampControlStrip>("1", StripType::Lamp, loop);
+    UserDefaults defaults;
+    Log log;
+    test::FakeOwner owner;
+    std::shared_ptr<LampControlStrip> strip = std::make_shared<LampControlStrip>(
+        "1", StripType::Lamp, StripSurroundings{loop, defaults, log, owner});
     ControlStripView view{*strip, theme::kHorizontalControl};
 };
 

@@ -177,7 +177,7 @@ TEST_F(StripRows, theEffectMenuActsOnceItIsGone)
     menu->actions().at(2)->trigger();
     EXPECT_TRUE(owner.takeCalls().empty());
     QCoreApplication::processEvents();
-    EXPECT_EQ(owner.takeCalls(), (std::vector<std::string>{"effect Fire & ice", "effects"}));
+    EXPECT_EQ(owner.takeCalls(), (std::vector<std::string>{"start Fire & ice", "effects"}));
 }
 
 } // namespace lumeroom::test

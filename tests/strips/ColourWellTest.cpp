@@ -1,4 +1,5 @@
 #include "base/DefaultsKeys.h"
+#include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "engine/Records.h"
 #include "strips/ColourArchive.h"
@@ -12,7 +13,6 @@ namespace lumeroom::test {
 struct ColourWell : ::testing::Test, ControlTarget, ColourWellPopover {
     ColourWell()
     {
-        well->setSurroundings(defaults, log);
         well->setFilteredTarget(this);
         well->setPopover(this);
         well->setColourPicker(picker);
@@ -31,7 +31,7 @@ struct ColourWell : ::testing::Test, ControlTarget, ColourWellPopover {
     std::vector<std::string> lines;
     Log log{[this](std::string_view line) { lines.emplace_back(line); }};
     std::shared_ptr<ZTColourPicker> picker = std::make_shared<ZTColourPicker>();
-    std::unique_ptr<ColourWellModel> well = std::make_unique<ColourWellModel>(loop);
+    std::unique_ptr<ColourWellModel> well = std::make_unique<ColourWellModel>(loop, defaults, log);
     std::vector<Colour> handled;
 };
 
@@ -69,7 +69,7 @@ TEST_F(ColourWell, picksReachTheTargetThroughTheFilter)
     loop.advance(Seconds(0.1));
     EXPECT_EQ(handled, (std::vector<Colour>{{0, 0, 0.4F, 1, 4000}}));
 
-    ColourWellModel other(loop);
+    ColourWellModel other(loop, defaults, log);
     other.setPopover(this);
     other.setColourPicker(picker);
     other.showThePopover();

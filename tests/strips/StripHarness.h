@@ -2,94 +2,18 @@
 
 #include "strips/LampControlStrip.h"
 #include "support/EngineHarness.h"
-
-#include <fmt/format.h>
+#include "support/FakeOwner.h"
 
 namespace lumeroom::test {
 
 using Lines = std::vector<std::string>;
 
-/// Keeps what the strip asks for, and counts what was on the wire when an effect was stopped.
-class FakeOwner : public LampControlStripOwner {
-public:
-    FakeOwner(const UserDefaults& defaults, const FakeSockets& sockets)
-        : m_defaults(defaults)
-        , m_sockets(sockets)
-    {
-    }
-
-    const UserDefaults& userDefaults() const override { return m_defaults; }
-    void sendSettingsToStripsInGroup(
-        const StripSettings& settings, const StripTarget& group) override
-    {
-        std::string line = "strips of " + group.id;
-        for (const auto& [key, value] : settings.toDictionary())
-            line += " " + key + "=" + description(value);
-        calls.push_back(line);
-    }
-    void stripHasMissedReports() override { calls.emplace_back("missed"); }
-    void stripHasChanged() override { ++changes; }
-    void targetWasRenamed(LampControlStrip& strip) override
-    {
-        calls.push_back("renamed " + strip.getID());
-    }
-    int runModal(const Alert& alert) override
-    {
-        calls.push_back("alert " + alert.title);
-        return 0;
-    }
-    void viewDidBeginDragging() override { }
-    void changePositionOfStripBasedOnPoint(LampControlStrip&, Point) override { }
-    void viewDidFinishDragging() override { }
-    bool hasEffectsManager() const override { return canEditEffects; }
-    void showEffectsManager() override { calls.emplace_back("showEffectsManager"); }
-    std::unique_ptr<StripEffect> makeEffect(const std::string& name, LampControlStrip&) override
-    {
-        return name == "unknown" ? nullptr : std::make_unique<Effect>(*this, name);
-    }
-    Lines takeCalls() { return std::exchange(calls, {}); }
-
-    Lines calls;
-    bool canEditEffects = true;
-    int changes = 0;
-    std::vector<EffectMenuItem> menu;
-
-private:
-    class Effect : public StripEffect {
-    public:
-        Effect(FakeOwner& owner, std::string name)
-            : m_owner(owner)
-            , m_name(std::move(name))
-        {
-        }
-        void start() override
-        {
-            m_running = true;
-            m_owner.calls.push_back("start " + m_name);
-        }
-        void stop() override
-        {
-            m_running = false;
-            const auto sent = m_owner.m_sockets.sent().size();
-            m_owner.calls.push_back(fmt::format("stop {} after {} datagrams", m_name, sent));
-        }
-        bool isRunning() const override { return m_running; }
-
-    private:
-        FakeOwner& m_owner;
-        std::string m_name;
-        bool m_running = false;
-    };
-
-    const UserDefaults& m_defaults;
-    const FakeSockets& m_sockets;
-};
-
 /// A row that keeps what it is asked for with its owner.
 class FakeView : public LampControlStripView {
 public:
-    explicit FakeView(FakeOwner& owner)
+    FakeView(FakeOwner& owner, std::vector<EffectMenuItem>& menu)
         : m_owner(owner)
+        , m_menu(menu)
     {
     }
     Size size() const override { return {100, 50}; }
@@ -103,22 +27,24 @@ public:
         m_owner.calls.push_back("name? " + name);
     }
     bool isInUse() const override { return false; }
-    void popUpEffectMenu(const std::vector<EffectMenuItem>& shown) override
-    {
-        m_owner.menu = shown;
-    }
+    void popUpEffectMenu(const std::vector<EffectMenuItem>& shown) override { m_menu = shown; }
 
 private:
     FakeOwner& m_owner;
+    std::vector<EffectMenuItem>& m_menu;
 };
 
 struct StripHarness : EngineHarness {
+    StripHarness()
+    {
+        owner.sent = [this] { return sockets.sent().size(); };
+    }
     /// A strip in use, whose sliders stand at 0 until it is told otherwise.
     std::unique_ptr<LampControlStrip> makeStrip(const std::string& id, StripType type)
     {
-        auto strip = std::make_unique<LampControlStrip>(id, type, loop);
-        strip->setOwner(&owner);
-        strip->setControlStripView(std::make_unique<FakeView>(owner));
+        auto strip = std::make_unique<LampControlStrip>(
+            id, type, StripSurroundings{loop, defaults, log, owner});
+        strip->setControlStripView(std::make_unique<FakeView>(owner, effectMenu));
         strip->reactivateWithEngineRoom(&engine());
         return strip;
     }
@@ -159,7 +85,8 @@ struct StripHarness : EngineHarness {
             StripSettings::fromDictionary(settings));
     }
 
-    FakeOwner owner{defaults, sockets};
+    FakeOwner owner;
+    std::vector<EffectMenuItem> effectMenu; ///< that popped up last
 };
 
 } // namespace lumeroom::test

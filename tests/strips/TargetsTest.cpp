@@ -150,13 +150,13 @@ TEST_F(Targets, anEffectIsChosenFromTheMenuAndEndsBeforeTheLampsGoOff)
         sockets.take();
         owner.takeCalls();
         strip->effectButton().press();
-        EXPECT_EQ(owner.menu, idle);
-        strip->chooseFromEffectMenu(owner.menu.at(0));
+        EXPECT_EQ(effectMenu, idle);
+        strip->chooseFromEffectMenu(effectMenu.at(0));
         strip->implementEffect("unknown"); // leaves it playing
         EXPECT_EQ(owner.takeCalls(), (Lines{"start Fire"}));
         strip->effectButton().press();
-        EXPECT_EQ(owner.menu, playing);
-        strip->chooseFromEffectMenu(owner.menu.at(3));
+        EXPECT_EQ(effectMenu, playing);
+        strip->chooseFromEffectMenu(effectMenu.at(3));
         EXPECT_EQ(owner.takeCalls(), (Lines{"stop Fire after 0 datagrams", "start Dusk"}));
         strip->onOffButton().press();
         EXPECT_EQ(owner.takeCalls().at(0), "stop Dusk after 0 datagrams");
