@@ -2,6 +2,7 @@
 
 #include "app/WorkflowStage.h"
 #include "base/Log.h"
+#include "strips/GroupingAccess.h"
 
 namespace lumeroom {
 
@@ -36,11 +37,11 @@ bool GroupWorkflows::anotherIsOpen() const
     return true;
 }
 
-void GroupWorkflows::makeStep1(GroupingKind kind)
+void GroupWorkflows::makeStep1(StripType type)
 {
     if (anotherIsOpen())
         return;
-    const GroupingFamily& family = groupingFamily(kind);
+    const GroupingFamily& family = groupingFamily(type);
     m_stage.navigateToAllLamps(std::string(family.makeDescription));
     m_stage.selection().deselectAndShowAllLampSelectionButtons();
     m_stage.showWorkflowPopover({.title = std::string(family.makeTitle),
@@ -50,41 +51,41 @@ void GroupWorkflows::makeStep1(GroupingKind kind)
         .pointsAt = {},
         .endsWithTheView = false,
         .close
-        = [this, kind](int tag, const std::string& name) { makePopoverClose(kind, tag, name); }});
+        = [this, type](int tag, const std::string& name) { makePopoverClose(type, tag, name); }});
 }
 
-void GroupWorkflows::makePopoverClose(GroupingKind kind, int tag, const std::string& name)
+void GroupWorkflows::makePopoverClose(StripType type, int tag, const std::string& name)
 {
     m_stage.closeWorkflowPopover();
     m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag)
-        make(kind, m_stage.selection().getSelectedLampStrips(), name);
+        make(type, m_stage.selection().getSelectedLampStrips(), name);
     m_stage.unNavigate();
 }
 
 // The name is taken as it is, an empty one too.
-void GroupWorkflows::make(GroupingKind kind, const Strips& strips, const std::string& name)
+void GroupWorkflows::make(StripType type, const Strips& strips, const std::string& name)
 {
     if (strips.empty())
         return;
     m_stage.saveWindowState();
-    groupingFamily(kind).make(m_engineRoom, referencesTo(strips), name);
-    if (m_stage.isShown(groupingFamily(kind).type))
+    groupingFamily(type).make(m_engineRoom, referencesTo(strips), name);
+    if (m_stage.isShown(groupingFamily(type).type))
         m_stage.rebuild();
 }
 
-void GroupWorkflows::editStep1(GroupingKind kind, const std::string& name)
+void GroupWorkflows::editStep1(StripType type, const std::string& name)
 {
     if (anotherIsOpen())
         return;
-    const GroupingFamily& family = groupingFamily(kind);
+    const GroupingFamily& family = groupingFamily(type);
     const auto id = family.idForName(m_engineRoom.registry(), name);
     if (!id) {
         if (m_log.shows(1))
             m_log.line("{}{}:", family.notFound, name);
         return;
     }
-    const Lamps lamps = (m_engineRoom.registry().*family.lamps)(*id);
+    const Lamps lamps = groupingAccess(type)->lamps(m_engineRoom.registry(), *id);
     m_stage.navigateToAllLamps(std::string(family.editDescription) + name);
     select(lamps, name);
     // One of a tag stays open when the panel goes back by itself.
@@ -93,9 +94,9 @@ void GroupWorkflows::editStep1(GroupingKind kind, const std::string& name)
         .confirm = "Save",
         .contentSize = kEditSize,
         .pointsAt = {},
-        .endsWithTheView = kind != GroupingKind::Tag,
+        .endsWithTheView = type != StripType::Tag,
         .close
-        = [this, kind](int tag, const std::string& text) { editPopoverClose(kind, tag, text); }});
+        = [this, type](int tag, const std::string& text) { editPopoverClose(type, tag, text); }});
 }
 
 void GroupWorkflows::select(const Lamps& lamps, const std::string& name)
@@ -110,12 +111,12 @@ void GroupWorkflows::select(const Lamps& lamps, const std::string& name)
 
 // The name in the field is a key, by which the group is found again, and no new name for it: with
 // another text in it the edit is dropped, or goes to the group that has that name.
-void GroupWorkflows::editPopoverClose(GroupingKind kind, int tag, const std::string& name)
+void GroupWorkflows::editPopoverClose(StripType type, int tag, const std::string& name)
 {
     m_stage.closeWorkflowPopover();
     m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag) {
-        const GroupingFamily& family = groupingFamily(kind);
+        const GroupingFamily& family = groupingFamily(type);
         if (const auto id = family.idForName(m_engineRoom.registry(), name))
             family.edit(
                 m_engineRoom, *id, referencesTo(m_stage.selection().getSelectedLampStrips()));
@@ -125,9 +126,9 @@ void GroupWorkflows::editPopoverClose(GroupingKind kind, int tag, const std::str
     m_stage.unNavigate();
 }
 
-void GroupWorkflows::remove(GroupingKind kind, const std::string& name)
+void GroupWorkflows::remove(StripType type, const std::string& name)
 {
-    const GroupingFamily& family = groupingFamily(kind);
+    const GroupingFamily& family = groupingFamily(type);
     m_stage.saveWindowState();
     const int pressed = m_stage.runModal(
         {"Are you sure?", std::string(family.deleteText) + name, {"Delete", "Cancel"}});
@@ -140,21 +141,22 @@ void GroupWorkflows::remove(GroupingKind kind, const std::string& name)
 
 void GroupWorkflows::fillMenus(bool withTags)
 {
-    fillMenusOf(GroupingKind::Group);
-    fillMenusOf(GroupingKind::Location);
+    fillMenusOf(StripType::Group);
+    fillMenusOf(StripType::Location);
     if (withTags)
-        fillMenusOf(GroupingKind::Tag);
+        fillMenusOf(StripType::Tag);
 }
 
-void GroupWorkflows::fillMenusOf(GroupingKind kind)
+void GroupWorkflows::fillMenusOf(StripType type)
 {
-    Menus& filled = menus(kind);
+    Menus& filled = menus(type);
     filled.edit.removeAllItems();
     filled.remove.removeAllItems();
-    for (const std::string& name : groupingFamily(kind).names(m_engineRoom.registry())) {
-        filled.edit.addItem(name, [this, kind, name] { editStep1(kind, name); });
-        filled.remove.addItem(name, [this, kind, name] { remove(kind, name); });
-    }
+    const auto add = [&](const std::string&, const std::string& name) {
+        filled.edit.addItem(name, [this, type, name] { editStep1(type, name); });
+        filled.remove.addItem(name, [this, type, name] { remove(type, name); });
+    };
+    groupingAccess(type)->forEach(m_engineRoom.registry(), add);
 }
 
 void GroupWorkflows::editGroupActionButton(const Rectangle& button)

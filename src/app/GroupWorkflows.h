@@ -4,7 +4,7 @@
 #include "app/StripCollection.h"
 #include "strips/MenuModel.h"
 
-#include <array>
+#include <map>
 
 namespace lumeroom {
 
@@ -21,23 +21,23 @@ public:
     GroupWorkflows(const GroupWorkflows&) = delete;
     GroupWorkflows& operator=(const GroupWorkflows&) = delete;
 
-    void makeGroupStep1() { makeStep1(GroupingKind::Group); }
-    void makeLocationStep1() { makeStep1(GroupingKind::Location); }
-    void makeTagStep1() { makeStep1(GroupingKind::Tag); }
-    void editGroupStep1(const std::string& name) { editStep1(GroupingKind::Group, name); }
-    void editLocationStep1(const std::string& name) { editStep1(GroupingKind::Location, name); }
-    void editTagStep1(const std::string& name) { editStep1(GroupingKind::Tag, name); }
-    void removeGroup(const std::string& name) { remove(GroupingKind::Group, name); }
-    void removeLocation(const std::string& name) { remove(GroupingKind::Location, name); }
-    void removeTag(const std::string& name) { remove(GroupingKind::Tag, name); }
+    void makeGroupStep1() { makeStep1(StripType::Group); }
+    void makeLocationStep1() { makeStep1(StripType::Location); }
+    void makeTagStep1() { makeStep1(StripType::Tag); }
+    void editGroupStep1(const std::string& name) { editStep1(StripType::Group, name); }
+    void editLocationStep1(const std::string& name) { editStep1(StripType::Location, name); }
+    void editTagStep1(const std::string& name) { editStep1(StripType::Tag, name); }
+    void removeGroup(const std::string& name) { remove(StripType::Group, name); }
+    void removeLocation(const std::string& name) { remove(StripType::Location, name); }
+    void removeTag(const std::string& name) { remove(StripType::Tag, name); }
 
     // The menus hold what there was when they were last filled
-    MenuModel& editGroupMenu() { return menus(GroupingKind::Group).edit; }
-    MenuModel& deleteGroupMenu() { return menus(GroupingKind::Group).remove; }
-    MenuModel& editLocationMenu() { return menus(GroupingKind::Location).edit; }
-    MenuModel& deleteLocationMenu() { return menus(GroupingKind::Location).remove; }
-    MenuModel& editTagMenu() { return menus(GroupingKind::Tag).edit; }
-    MenuModel& deleteTagMenu() { return menus(GroupingKind::Tag).remove; }
+    MenuModel& editGroupMenu() { return menus(StripType::Group).edit; }
+    MenuModel& deleteGroupMenu() { return menus(StripType::Group).remove; }
+    MenuModel& editLocationMenu() { return menus(StripType::Location).edit; }
+    MenuModel& deleteLocationMenu() { return menus(StripType::Location).remove; }
+    MenuModel& editTagMenu() { return menus(StripType::Tag).edit; }
+    MenuModel& deleteTagMenu() { return menus(StripType::Tag).remove; }
     /// Fills the menus with the names that the engine knows; those of tags only on demand.
     void fillMenus(bool withTags);
     /// Pops the menu up over the button, whose frame is in window coordinates.
@@ -53,21 +53,21 @@ private:
         MenuModel remove;
     };
 
-    void fillMenusOf(GroupingKind kind);
-    void makeStep1(GroupingKind kind);
-    void makePopoverClose(GroupingKind kind, int tag, const std::string& name);
-    void make(GroupingKind kind, const Strips& strips, const std::string& name);
-    void editStep1(GroupingKind kind, const std::string& name);
-    void editPopoverClose(GroupingKind kind, int tag, const std::string& name);
-    void remove(GroupingKind kind, const std::string& name);
+    void fillMenusOf(StripType type);
+    void makeStep1(StripType type);
+    void makePopoverClose(StripType type, int tag, const std::string& name);
+    void make(StripType type, const Strips& strips, const std::string& name);
+    void editStep1(StripType type, const std::string& name);
+    void editPopoverClose(StripType type, int tag, const std::string& name);
+    void remove(StripType type, const std::string& name);
     void select(const Lamps& lamps, const std::string& name);
     void popUpOver(const Rectangle& button, MenuModel& menu);
-    Menus& menus(GroupingKind kind) { return m_menus.at(static_cast<std::size_t>(kind)); }
+    Menus& menus(StripType type) { return m_menus[type]; }
 
     EngineRoom& m_engineRoom;
     Log& m_log;
     WorkflowStage& m_stage;
-    std::array<Menus, 3> m_menus;
+    std::map<StripType, Menus> m_menus;
 };
 
 } // namespace lumeroom

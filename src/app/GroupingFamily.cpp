@@ -1,19 +1,11 @@
 #include "app/GroupingFamily.h"
 
+#include <algorithm>
 #include <array>
 
 namespace lumeroom {
 
 namespace {
-
-template <typename Records> std::vector<std::string> labels(const Records& records)
-{
-    std::vector<std::string> list;
-    list.reserve(records.size());
-    for (const auto& record : records)
-        list.push_back(record->label);
-    return list;
-}
 
 /// An operation of one of the engine's parts.
 template <auto kPart, auto kOperation, typename... Arguments>
@@ -35,10 +27,8 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         .make = perform<&EngineRoom::groupings, &GroupingCommands::makeGroupNamed>,
         .edit = perform<&EngineRoom::groupings, &GroupingCommands::editGroupLamps>,
         .remove = perform<&EngineRoom::groupings, &GroupingCommands::removeGroupWithID>,
-        .lamps = &LampRegistry::lightsArrayForGroup,
         .idForName = [](const LampRegistry& registry,
                          std::string_view name) { return registry.IDForGroupNamed(name); },
-        .names = [](const LampRegistry& registry) { return labels(registry.groupsArray()); },
     },
     {
         .type = StripType::Location,
@@ -54,10 +44,8 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         // A location is removed the way a group is. The engine knows no group of its ID, so the
         // lamps keep the location, and the user is told of a group.
         .remove = perform<&EngineRoom::groupings, &GroupingCommands::removeGroupWithID>,
-        .lamps = &LampRegistry::lightsArrayForLocation,
         .idForName = [](const LampRegistry& registry,
                          std::string_view name) { return registry.IDForLocationNamed(name); },
-        .names = [](const LampRegistry& registry) { return labels(registry.locationssArray()); },
     },
     {
         .type = StripType::Tag,
@@ -71,19 +59,18 @@ constexpr std::array<GroupingFamily, 3> kFamilies{{
         .make = perform<&EngineRoom::tags, &TagCommands::makeTagNamed>,
         .edit = perform<&EngineRoom::tags, &TagCommands::editTagLamps>,
         .remove = perform<&EngineRoom::tags, &TagCommands::removeTag>,
-        .lamps = &LampRegistry::lightsArrayForTag,
         .idForName = [](const LampRegistry&, std::string_view name) -> std::optional<std::string> {
             return std::string(name);
         }, // a tag is its name
-        .names = [](const LampRegistry& registry) { return labels(registry.tagsArray()); },
     },
 }};
 
 } // namespace
 
-const GroupingFamily& groupingFamily(GroupingKind kind)
+const GroupingFamily& groupingFamily(StripType type)
 {
-    return kFamilies.at(static_cast<std::size_t>(kind));
+    return *std::find_if(kFamilies.begin(), kFamilies.end(),
+        [type](const GroupingFamily& family) { return family.type == type; });
 }
 
 } // namespace lumeroom

@@ -5,10 +5,7 @@
 
 namespace lumeroom {
 
-/// What lamps can be gathered in.
-enum class GroupingKind { Group, Location, Tag };
-
-/// What sets one kind of grouping apart from the others in the workflows.
+/// What sets groups, locations and tags apart from one another in the workflows.
 struct GroupingFamily {
     StripType type; ///< of its strips
 
@@ -26,13 +23,12 @@ struct GroupingFamily {
     void (*make)(EngineRoom& engine, const LampReferences& lamps, const std::string& name);
     void (*edit)(EngineRoom& engine, std::string_view id, const LampReferences& lamps);
     void (*remove)(EngineRoom& engine, std::string_view id);
-    Lamps (LampRegistry::*lamps)(std::string_view id) const;
 
     /// The ID of the first with this name; nothing if there is none.
     std::optional<std::string> (*idForName)(const LampRegistry& registry, std::string_view name);
-    std::vector<std::string> (*names)(const LampRegistry& registry);
 };
 
-const GroupingFamily& groupingFamily(GroupingKind kind);
+/// For one of the three types.
+const GroupingFamily& groupingFamily(StripType type);
 
 } // namespace lumeroom

@@ -2,8 +2,10 @@
 
 #include "engine/LampRegistry.h"
 #include "engine/Summaries.h"
+#include "strips/GroupingAccess.h"
 
 #include <algorithm>
+#include <map>
 #include <unordered_map>
 
 namespace lumeroom {
@@ -11,6 +13,7 @@ namespace lumeroom {
 namespace {
 
 constexpr std::size_t kMostZones = 5000;
+const StripTarget kAllLamps{std::string(kAllLampsId), StripType::Group};
 
 KnownThing thingOf(const Lamp& lamp)
 {
@@ -26,25 +29,22 @@ KnownThing thingOf(const Zone& zone, const Lamp& lamp)
     return {{record.id, StripType::Zone}, std::move(record), {}};
 }
 
-/// The lamps of each group, location or tag, found in one walk over the lamps.
-using Members = std::unordered_map<std::string_view, Lamps>;
+/// The lamps of each group, location and tag, by type and ID, found in one walk over the lamps.
+using Members = std::map<StripType, std::unordered_map<std::string_view, Lamps>>;
 
-struct Memberships {
-    explicit Memberships(const Lamps& lamps)
-    {
-        for (const auto& lamp : lamps) {
-            if (lamp->group)
-                ofGroups[lamp->group->id].push_back(lamp);
-            if (lamp->location)
-                ofLocations[lamp->location->id].push_back(lamp);
-            for (const auto& tag : lamp->tags.value_or(Tags()))
-                ofTags[tag->id].push_back(lamp);
-        }
+Members membersOf(const Lamps& lamps)
+{
+    Members members;
+    for (const auto& lamp : lamps) {
+        if (lamp->group)
+            members[StripType::Group][lamp->group->id].push_back(lamp);
+        if (lamp->location)
+            members[StripType::Location][lamp->location->id].push_back(lamp);
+        for (const auto& tag : lamp->tags.value_or(Tags()))
+            members[StripType::Tag][tag->id].push_back(lamp);
     }
-    Members ofGroups;
-    Members ofLocations;
-    Members ofTags;
-};
+    return members;
+}
 
 } // namespace
 
@@ -83,34 +83,25 @@ std::optional<KnownThing> KnownThings::findZone(const std::string& id) const
 std::optional<KnownThing> KnownThings::find(const StripTarget& target) const
 {
     const std::string& id = target.id;
-    const auto found = [&](const auto& record, const Lamps& lamps) {
-        return record ? std::optional(collection(target, record->label, foundByID(lamps)))
-                      : std::nullopt;
-    };
-    switch (target.type) {
-    case StripType::Lamp: {
+    if (target.type == StripType::Lamp) {
         const auto lamp = m_registry.lampWithID(id);
         return lamp && lamp->id == id ? std::optional(thingOf(*lamp)) : std::nullopt;
     }
-    case StripType::Zone:
+    if (target.type == StripType::Zone)
         return findZone(id);
-    case StripType::Group:
-        if (id == kAllLampsId)
-            return collection(target, "All", foundByID(m_registry.lightsArray()));
-        return found(m_registry.groupWithID(id), m_registry.lightsArrayForGroup(id));
-    case StripType::Location:
-        return found(m_registry.locationWithID(id), m_registry.lightsArrayForLocation(id));
-    case StripType::Tag:
-        return found(m_registry.tagNamed(id), m_registry.lightsArrayForTag(id));
-    default:
+    if (target == kAllLamps)
+        return collection(target, "All", foundByID(m_registry.lightsArray()));
+    const auto* access = groupingAccess(target.type);
+    const auto label = access ? access->label(m_registry, id) : std::nullopt;
+    if (!label)
         return {};
-    }
+    return collection(target, *label, foundByID(access->lamps(m_registry, id)));
 }
 
 std::vector<KnownThing> KnownThings::all() const
 {
     const Lamps lamps = foundByID(m_registry.lightsArray());
-    Memberships members(lamps);
+    Members members = membersOf(lamps);
     std::vector<KnownThing> things;
     for (const auto& lamp : lamps)
         things.push_back(thingOf(*lamp));
@@ -120,14 +111,12 @@ std::vector<KnownThing> KnownThings::all() const
                 things.push_back(thingOf(zone, *lamp));
         }
     }
-    const auto add = [&](const auto& records, Members& lampsOf, StripType type) {
-        for (const auto& record : records)
-            things.push_back(collection({record->id, type}, record->label, lampsOf[record->id]));
-    };
-    add(m_registry.groupsArray(), members.ofGroups, StripType::Group);
-    add(m_registry.locationssArray(), members.ofLocations, StripType::Location);
-    add(m_registry.tagsArray(), members.ofTags, StripType::Tag);
-    things.push_back(collection({std::string(kAllLampsId), StripType::Group}, "All", lamps));
+    for (const GroupingAccess& access : groupingAccesses()) {
+        access.forEach(m_registry, [&](const std::string& id, const std::string& label) {
+            things.push_back(collection({id, access.type}, label, members[access.type][id]));
+        });
+    }
+    things.push_back(collection(kAllLamps, "All", lamps));
     return things;
 }
 

@@ -5,6 +5,7 @@
 #include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "engine/EngineRoom.h"
+#include "strips/GroupingAccess.h"
 
 #include <utility>
 
@@ -226,23 +227,13 @@ int ManualController::runModal(const Alert& alert)
 void ManualController::sendSettingsToStripsInGroup(
     const StripSettings& settings, const StripTarget& group)
 {
-    for (const auto& strip : m_stripFinder.stripsInUse(lampsOf(group))) {
+    const auto* access = groupingAccess(group.type);
+    if (!access)
+        return;
+    const Lamps members = access->lamps(m_engineRoom.registry(), group.id);
+    for (const auto& strip : m_stripFinder.stripsInUse(members)) {
         strip->implementSettingsFromDictionaryWithoutActing(settings);
         strip->imposeTemporaryEmbargo();
-    }
-}
-
-Lamps ManualController::lampsOf(const StripTarget& group) const
-{
-    switch (group.type) {
-    case StripType::Group:
-        return m_engineRoom.registry().lightsArrayForGroup(group.id);
-    case StripType::Location:
-        return m_engineRoom.registry().lightsArrayForLocation(group.id);
-    case StripType::Tag:
-        return m_engineRoom.registry().lightsArrayForTag(group.id);
-    default:
-        return {};
     }
 }
 

@@ -80,7 +80,6 @@ private:
     void observeSettings();
     void updateStrips();
     Scripting::Actions scriptingActions();
-    Lamps lampsOf(const StripTarget& group) const;
 
     RunLoop& m_runLoop;
     UserDefaults& m_defaults;

@@ -5,6 +5,7 @@
 #include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "engine/EngineRoom.h"
+#include "strips/GroupingAccess.h"
 
 #include <algorithm>
 #include <set>
@@ -74,20 +75,12 @@ void PanelSetUp::setUp()
 /// The lamps that the filter leaves; nothing for a filter that is not about lamps.
 std::optional<Lamps> PanelSetUp::lampsToShow() const
 {
-    const auto& filter = m_navigation.filter();
     const LampRegistry& registry = m_environment.engineRoom.registry();
-    switch (m_navigation.filterType()) {
-    case StripType::None:
+    if (m_navigation.filterType() == StripType::None)
         return registry.distinctLamps();
-    case StripType::Group:
-        return registry.lightsArrayForGroup(filter->id);
-    case StripType::Location:
-        return registry.lightsArrayForLocation(filter->id);
-    case StripType::Tag:
-        return registry.lightsArrayForTag(filter->id);
-    default:
-        return {};
-    }
+    if (const auto* access = groupingAccess(m_navigation.filterType()))
+        return access->lamps(registry, m_navigation.filter()->id);
+    return {};
 }
 
 void PanelSetUp::addLampStrips(const Lamps& lamps)
@@ -116,21 +109,13 @@ void PanelSetUp::addGroupStrips()
         addStrip(record, type, tag);
         m_environment.companions.addToStatusMenu(m_collection.strips().back());
     };
-    if (m_navigation.shows(StripType::Group)) {
-        for (const auto& group : registry.groupsArray())
-            add(StripRecord::of(group->id, group->label, summaries.settingsForGroup(group->id)),
-                StripType::Group, m_nextTag++);
-    }
-    if (m_navigation.shows(StripType::Location)) {
-        for (const auto& location : registry.locationssArray())
-            add(StripRecord::of(
-                    location->id, location->label, summaries.settingsForLocation(location->id)),
-                StripType::Location, m_nextTag++);
-    }
-    if (m_navigation.shows(StripType::Tag)) {
-        for (const auto& tag : registry.tagsArray())
-            add(StripRecord::of(tag->id, tag->label, summaries.settingsForTag(tag->id)),
-                StripType::Tag, m_nextTag++);
+    for (const GroupingAccess& access : groupingAccesses()) {
+        if (!m_navigation.shows(access.type))
+            continue;
+        access.forEach(registry, [&](const std::string& id, const std::string& label) {
+            add(StripRecord::of(id, label, access.summary(summaries, id)), access.type,
+                m_nextTag++);
+        });
     }
     if (m_navigation.model().all.state())
         add(StripRecord::ofAll(summaries.settingsForGroup(kAllLampsId)), StripType::Group, 0);

@@ -5,6 +5,7 @@
 #include "base/DefaultsKeys.h"
 #include "base/UserDefaults.h"
 #include "engine/EngineRoom.h"
+#include "strips/GroupingAccess.h"
 #include "strips/LayoutManager.h"
 
 #include <fmt/core.h>
@@ -57,22 +58,14 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
 void StripFactory::setUpBadge(LampControlStrip& strip) const
 {
     using Image = BadgeModel::Image;
-    const auto set = [&strip](Image image, const std::string& text) {
-        strip.kindBadge().setImage(image);
-        strip.kindBadge().setText(text);
-        strip.kindBadge().setToolTip(text);
-        strip.kindBadge().setHidden(image == Image::None);
-    };
-    switch (strip.type()) {
-    case StripType::Group:
-        return set(Image::LightGroup, "Group");
-    case StripType::Location:
-        return set(Image::RoomGroup, "Location");
-    case StripType::Tag:
-        return set(Image::LightGroup, "Tag");
-    default:
-        return set(Image::None, "");
-    }
+    BadgeModel& badge = strip.kindBadge();
+    const auto* access = groupingAccess(strip.type());
+    const bool isRoom = strip.type() == StripType::Location;
+    badge.setImage(!access ? Image::None : isRoom ? Image::RoomGroup : Image::LightGroup);
+    const std::string text(access ? access->name : "");
+    badge.setText(text);
+    badge.setToolTip(text);
+    badge.setHidden(!access);
 }
 
 void StripFactory::setUpNavigationButton(LampControlStrip& strip) const

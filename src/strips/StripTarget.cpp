@@ -1,34 +1,27 @@
 #include "strips/StripTarget.h"
 
 #include "engine/EngineRoom.h"
+#include "strips/GroupingAccess.h"
 
 namespace lumeroom {
 
 bool StripTarget::isGroup() const
 {
-    return type == StripType::Group || type == StripType::Location || type == StripType::Tag;
+    return groupingAccess(type) != nullptr;
 }
 
 void StripTarget::sendSettingsToGroup(LampCommands& commands, const Settings& settings) const
 {
-    if (type == StripType::Group)
-        commands.sendSettingsToGroup(settings, id);
-    else if (type == StripType::Location)
-        commands.sendSettingsToLocation(settings, id);
-    else if (type == StripType::Tag)
-        commands.sendSettingsToTag(settings, id);
+    if (const auto* access = groupingAccess(type))
+        access->sendSettings(commands, settings, id);
 }
 
 void StripTarget::groupOn(LampCommands& commands, bool on) const
 {
     if (id == kAllLampsId)
         commands.allOn(on);
-    else if (type == StripType::Group)
-        commands.groupOn(id, on);
-    else if (type == StripType::Location)
-        commands.locationOn(id, on);
-    else if (type == StripType::Tag)
-        commands.tagOn(id, on);
+    else if (const auto* access = groupingAccess(type))
+        access->turn(commands, id, on);
 }
 
 void StripTarget::sendSettings(LampCommands& commands, const Settings& settings) const
@@ -41,11 +34,9 @@ void StripTarget::sendSettings(LampCommands& commands, const Settings& settings)
 
 void StripTarget::rename(EngineRoom& engineRoom, const std::string& name) const
 {
-    if (type == StripType::Group)
-        engineRoom.groupings().renameGroupNewName(id, name);
-    else if (type == StripType::Location)
-        engineRoom.groupings().renameLocationNewName(id, name);
-    else if (!isGroup())
+    if (const auto* access = groupingAccess(type))
+        access->rename(engineRoom, id, name);
+    else
         engineRoom.commands().renameLampNewName(id, name);
 }
 
