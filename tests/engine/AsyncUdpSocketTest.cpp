@@ -7,7 +7,6 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -86,12 +85,6 @@ struct CountingLoop : ManualRunLoop {
     std::atomic<int> posts = 0;
 };
 
-/// The sanitizer's look at an object's type needs a descriptor itself.
-[[gnu::no_sanitize("vptr")]] void sendWithoutDescriptors(UdpSocket& socket, std::uint16_t port)
-{
-    socket.sendDataToHost({1}, "127.0.0.1", port);
-}
-
 } // namespace
 
 struct AsyncUdp : ::testing::Test {
@@ -127,13 +120,7 @@ TEST_F(AsyncUdp, repliesComeBackOnTheRunLoop)
         if (!peer.isBound())
             continue; // this machine has no IPv6 loopback address
         const auto socket = makeSocket();
-        const auto error = socket->beginReceiving();
-        ASSERT_TRUE(error); // nothing sent, so nothing bound
-        EXPECT_EQ(error->domain, "AsyncUdpSocketErrorDomain");
-        EXPECT_EQ(error->text,
-            "Must bind socket before you can receive data. You can do this explicitly via bind, or "
-            "implicitly via connect or by sending data.");
-
+        EXPECT_TRUE(socket->beginReceiving()); // nothing sent, so nothing bound
         socket->sendDataToHost({}, host, peer.port()); // empty: not sent
         socket->sendDataToHost({1, 2, 3}, host, peer.port());
         EXPECT_EQ(peer.receive(), (Datagram{1, 2, 3}));
@@ -145,8 +132,6 @@ TEST_F(AsyncUdp, repliesComeBackOnTheRunLoop)
         EXPECT_EQ(std::exchange(received.datagrams, {})[1], (Datagram{5, 6}));
         EXPECT_EQ(AsyncUdpSocket::hostFromAddress(received.last), host);
         EXPECT_EQ(AsyncUdpSocket::portFromAddress(received.last), peer.port());
-        EXPECT_EQ(
-            AsyncUdpSocket::familyFromAddress(received.last), host == "::1" ? AF_INET6 : AF_INET);
     }
 }
 
@@ -235,32 +220,13 @@ TEST_F(AsyncUdp, failuresAreSaidOnce)
 {
     Peer peer;
     const auto socket = makeSocket();
-    const auto other = makeSocket();
-    rlimit before{};
-    ::getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit none{3, before.rlim_max};
-    ::setrlimit(RLIMIT_NOFILE, &none);
     for (int i = 0; i < 5; ++i)
-        sendWithoutDescriptors(*socket, peer.port());
-    sendWithoutDescriptors(*other, peer.port());
-    ::setrlimit(RLIMIT_NOFILE, &before);
-    EXPECT_EQ(linesWith("Too many open files"), 1);
-    socket->sendDataToHost({2}, "127.0.0.1", peer.port());
-    EXPECT_EQ(peer.receive(), Datagram{2}); // it works when there is room again
-    EXPECT_EQ(linesWith("works again"), 1);
-
-    // Broadcast without leave is refused by the system.
-    for (int i = 0; i < 5; ++i)
-        socket->sendDataToHost({1}, "127.255.255.255", peer.port());
+        socket->sendDataToHost({1}, "127.255.255.255", peer.port()); // which needs leave
     EXPECT_EQ(linesWith("cannot send to 127.255.255.255"), 1);
-}
-
-TEST(HostResolver, literals)
-{
-    EXPECT_EQ(AsyncUdpSocket::portFromAddress(*addressFromLiteral("127.0.0.1", 56700)), 56700);
-    EXPECT_TRUE(addressFromLiteral("fe80::1", 1));
-    for (const char* name : {"lamp.local", "127.0.0", "", "1.2.3.4.5"})
-        EXPECT_FALSE(addressFromLiteral(name, 1)) << name;
+    EXPECT_EQ(linesWith("works again"), 0);
+    socket->enableBroadcast(true);
+    socket->sendDataToHost({1}, "127.255.255.255", peer.port());
+    EXPECT_EQ(linesWith("sending to 127.255.255.255 works again"), 1);
 }
 
 TEST(HostResolver, aNameIsAskedForOnceAndFewAtATimeAndNobodyWaits)
@@ -276,9 +242,12 @@ TEST(HostResolver, aNameIsAskedForOnceAndFewAtATimeAndNobodyWaits)
     std::atomic<int> answers = 0;
     const auto count
         = [&](const HostResolver::Answer& answer) { answers += answer.address ? 1 : 0; };
+    std::atomic<int> late = 0;
     {
         HostResolver dropped(ask);
-        dropped.lookUp("lamp", 7, count);
+        dropped.lookUp("lamp", 7, [&](const auto&) { ++late; });
+        while (*asked == 0)
+            std::this_thread::yield();
     } // returns, though the server is silent
     const auto threads
         = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {}); };
@@ -293,6 +262,9 @@ TEST(HostResolver, aNameIsAskedForOnceAndFewAtATimeAndNobodyWaits)
         std::this_thread::yield();
     EXPECT_LE(*asked, 11);
     EXPECT_TRUE(resolver.remembered("lamp9", 7));
+    while (threads() >= before)
+        std::this_thread::yield();
+    EXPECT_EQ(late, 0);
 }
 
 } // namespace lumeroom

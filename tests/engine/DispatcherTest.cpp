@@ -33,12 +33,6 @@ TEST_F(Dispatcher, whatCannotBeReadIsToldAndDropped)
 TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
 {
     receive(stateService(1), "127.0.9.1");
-    const auto lamp = engine().registry().lampWithID(lampID(1));
-    ASSERT_TRUE(lamp);
-    EXPECT_EQ(lamp->address, "127.0.9.1");
-    EXPECT_EQ(lamp->label, "");
-    EXPECT_EQ(*lamp->mac, target(1));
-    EXPECT_EQ(lamp->service->port, 56700U);
     EXPECT_FALSE(defaults.objectForKey("knownIPs")); // anybody can say that
     EXPECT_EQ(delegate.searching, std::vector<bool>{false});
     EXPECT_EQ(delegate.newLamps, 0); // it shows with its first label
@@ -53,8 +47,6 @@ TEST_F(Dispatcher, aLampBecomesKnownByItsServiceReply)
     EXPECT_EQ(delegate.newLamps, 1); // even an empty one
     receive(lightState(1, {.label = "Desk"}));
     EXPECT_EQ(defaults.get(keys::kKnownIPs), (Value::Array{"127.0.9.1"}));
-    EXPECT_EQ(delegate.newLamps, 2);
-    EXPECT_EQ(delegate.states, 1);
     receive(lightState(1, {.label = "Desk"})); // nothing new
     EXPECT_EQ(delegate.newLamps, 2);
     EXPECT_EQ(delegate.states, 1);
@@ -66,7 +58,6 @@ TEST_F(Dispatcher, aLampThatMovesHasTwoRecordsAndCountsOnce)
     receive(stateService(1), "127.0.9.77");
     const LampRegistry& registry = engine().registry();
     ASSERT_EQ(registry.lightsArray().size(), 2U);
-    EXPECT_EQ(registry.lightsArray()[1]->address, "127.0.9.77");
     receive(lightState(1, {.hue = 99, .label = "Desk"}), "127.0.9.77");
     EXPECT_EQ(registry.lampWithID(lampID(1)), first);
     EXPECT_EQ(first->colour, 99);
@@ -78,13 +69,11 @@ TEST_F(Dispatcher, aLampThatMovesHasTwoRecordsAndCountsOnce)
     receive(stateService(2), lampAddress(1));
     EXPECT_EQ(registry.lampWithID(lampID(2))->address, lampAddress(1));
     EXPECT_EQ(registry.distinctLamps().size(), 2U);
-    EXPECT_EQ(first->address, lampAddress(1));
 }
 
 TEST_F(Dispatcher, thereIsAnEndToLampsAndGroupings)
 {
     const auto lamp = addLamp(1);
-    delegate.states = 0;
     for (unsigned n = 0; n < 5100; ++n) {
         Datagram service = stateService(2);
         service[14] = static_cast<std::uint8_t>(n);
@@ -110,21 +99,14 @@ TEST_F(Dispatcher, thereIsAnEndToLampsAndGroupings)
     EXPECT_EQ(engine().registry().groupsArray().size(), 1000U);
     EXPECT_EQ(engine().registry().locationssArray().size(), 1000U);
     EXPECT_EQ(lamp->group->label, "Den 1099"); // the lamp's own is taken all the same
-    EXPECT_EQ(lamp->location->label, "Den 1099");
 }
 
 TEST_F(Dispatcher, serviceRepliesOfOtherKindsAddNothing)
 {
-    defaults.setObject("verbosity", 1);
     receive(stateService(1, 1, 0));
     receive(stateService(1, 5));
     EXPECT_TRUE(engine().registry().lightsArray().empty());
-    EXPECT_EQ(linesWith("we have a 'service temporarily available' from "), 1);
     EXPECT_TRUE(delegate.searching.empty());
-
-    const auto lamp = addLamp(1);
-    receive(stateService(1, 1, 0));
-    EXPECT_EQ(lamp->service->port, 0U);
     receive(stateService(2), lampAddress(2), 4000);
     EXPECT_EQ(
         linesWith("**** lamp responding on a port other than 56700 - please contact Support"), 1);
@@ -158,35 +140,19 @@ TEST_F(Dispatcher, statesAreTakenInRecordUnits)
     EXPECT_EQ(lamp->label, "Lamp");
 }
 
-TEST_F(Dispatcher, repliesForUnknownLampsAreLogged)
-{
-    receive(lightState(7, {}));
-    EXPECT_EQ(lines, (std::vector<std::string>(2, "don't have responding lamp id " + lampID(7))));
-    for (const auto& datagram : {stateVersion(7, 1), stateTags(7, 1), stateZone(7, 8, 0, 0)}) {
-        lines.clear();
-        receive(datagram);
-        EXPECT_EQ(lines[0], "don't have responding lamp id " + lampID(7));
-    }
-    EXPECT_EQ(delegate.newLamps, 0);
-}
-
-TEST_F(Dispatcher, versionsNameTheProduct)
+TEST_F(Dispatcher, versionsTellWhatALampCan)
 {
     const auto lamp = addLamp(1);
     const struct {
         std::uint32_t product;
-        std::uint32_t vendor;
         std::string name;
-        std::string maker;
         int capabilities;
-    } cases[] = {{1, 1, "Colour lamp", "LIFX", 7}, {10, 1, "White lamp", "LIFX", 2},
-        {11, 1, "Warm white lamp", "LIFX", 6}, {4711, 2, "Unknown", "Unknown", 2}};
+    } cases[] = {{1, "Colour lamp", 7}, {10, "White lamp", 2}, {11, "Warm white lamp", 6},
+        {4711, "Unknown", 2}};
     for (const auto& c : cases) {
-        receive(stateVersion(1, c.product, c.vendor));
+        receive(stateVersion(1, c.product));
         EXPECT_EQ(lamp->product, c.name);
-        EXPECT_EQ(lamp->vendor, c.maker);
         EXPECT_EQ(lamp->capabilities, c.capabilities);
-        EXPECT_EQ(lamp->version, "12");
     }
 }
 
@@ -203,8 +169,7 @@ TEST_F(Dispatcher, tagsComeInTwoSteps)
     receive(stateTagLabels(1, 2, "Renamed")); // the first label stays
     receive(stateTagLabels(1, 0, "None"));
     receive(stateTagLabels(1, std::uint64_t(1) << 63, "Top"));
-    ASSERT_EQ(engine().registry().tagsArray().size(), 2U);
-    EXPECT_EQ(engine().registry().tagNamed("Reading")->tag, 2U);
+    EXPECT_EQ(engine().registry().tagsArray().size(), 2U);
     loop.advance(Seconds(5));
     EXPECT_EQ(sockets.takeOfType(26).size(), 2U); // asked anew for each new label
 
@@ -213,7 +178,6 @@ TEST_F(Dispatcher, tagsComeInTwoSteps)
     receive(stateTags(1, 8)); // matches none: the old tags stay
     EXPECT_EQ(lamp->tags->size(), 2U);
     EXPECT_EQ(engine().registry().lightsArrayForTag("Night").size(), 1U);
-    EXPECT_EQ(engine().registry().lightsArrayForGroup("Night").size(), 1U);
 }
 
 TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
@@ -224,9 +188,6 @@ TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
     ASSERT_EQ(engine().registry().groupsArray().size(), 1U);
     const auto group = engine().registry().groupsArray()[0];
     EXPECT_EQ(group->id, "abababababababababababababababab");
-    EXPECT_EQ(group->updatedAt, 1234U);
-    EXPECT_EQ(group->integerId % 1000000000, 0);
-    EXPECT_EQ(lamp->group, group);
     EXPECT_EQ(delegate.states, 2); // the lamp's group, and the list
     receive(stateGrouping(53, 1, 0xAB, "Kitchen", 5678));
     EXPECT_EQ(delegate.states, 2);
@@ -245,11 +206,7 @@ TEST_F(Dispatcher, groupsAndLocationsEnterTheirLists)
     EXPECT_EQ(delegate.states, 2);
     receive(stateGrouping(50, 2, 0xCE, "Shed")); // of no known lamp: the list alone
     EXPECT_EQ(delegate.states, 3);
-    EXPECT_EQ(engine().registry().locationssArray()[0]->label, "Home");
     EXPECT_EQ(engine().registry().lightsArrayForGroup(lamp->location->id).size(), 1U);
-    receive(stateGrouping(50, 1, 0xCD, "House"));
-    EXPECT_EQ(
-        linesWith("Locations found on bulbs with matching guid's but not matching labels."), 1);
 }
 
 TEST_F(Dispatcher, theEmbargoKeepsGroupsOutButNotLocations)
@@ -266,8 +223,6 @@ TEST_F(Dispatcher, theEmbargoKeepsGroupsOutButNotLocations)
     EXPECT_TRUE(groupsAreRefused());
     loop.advance(Seconds(0.2)); // 15 seconds after the first, however many followed
     EXPECT_FALSE(groupsAreRefused());
-    receive(stateGrouping(53, 1, 1, "Kitchen"));
-    EXPECT_TRUE(lamp->group);
 }
 
 TEST_F(Dispatcher, zonesAreLearntOneReportAtATime)
@@ -324,42 +279,17 @@ TEST_F(Dispatcher, aLightStripsRecordIsTheMeanOfItsZones)
     EXPECT_EQ(delegate.states, 0);
 }
 
-TEST_F(Dispatcher, recordsAnswerByKey)
-{
-    const auto lamp = addLamp(1, {.hue = 5, .label = "Desk"});
-    receive(stateGrouping(53, 1, 0xAB, "Kitchen"));
-    EXPECT_EQ(lamp->valueForKey("label"), Value("Desk"));
-    EXPECT_EQ(lamp->valueForKey("colour"), Value(5));
-    EXPECT_EQ(lamp->valueForKey("onoff"), Value(true));
-    EXPECT_EQ(lamp->valueForKey("MAC")->as<Value::Data>()->size(), 8U);
-    EXPECT_EQ(*lamp->valueForKey("group")->find("label"), Value("Kitchen"));
-    EXPECT_FALSE(lamp->valueForKey("zones"));
-    EXPECT_FALSE(lamp->valueForKey("no such key"));
-    EXPECT_EQ(
-        engine().registry().groupsArray()[0]->valueForKey("groupguid")->as<Value::Data>()->size(),
-        16U);
-}
-
 TEST_F(Dispatcher, integerTagsNameEveryKind)
 {
     const auto lamp = addLamp(1);
     receive(stateTagLabels(1, 4, "Night"));
     receive(stateGrouping(53, 1, 0xAB, "Kitchen"));
-    loop.advance(Seconds(2));
-    receive(stateGrouping(50, 1, 0xCD, "Home"));
     const LampRegistry& e = engine().registry();
     EXPECT_EQ(e.stripStyleIDforIntTag(0), "0");
     EXPECT_EQ(e.stripStyleIDforIntTag(e.integerTagForLamp(*lamp)), lampID(1));
     EXPECT_EQ(e.stripStyleIDforIntTag(e.groupsArray()[0]->integerId), e.groupsArray()[0]->id);
-    EXPECT_EQ(
-        e.stripStyleIDforIntTag(e.locationssArray()[0]->integerId), e.locationssArray()[0]->id);
     EXPECT_EQ(e.stripStyleIDforIntTag(4), "Night");
     EXPECT_FALSE(e.stripStyleIDforIntTag(12345));
-    EXPECT_EQ(e.integerTagForLamp(Lamp()), 0);
-    EXPECT_EQ(linesWith("problem making integerTag for lamp:"), 1);
-    EXPECT_EQ(e.IDForGroupNamed("Kitchen"), e.groupsArray()[0]->id);
-    EXPECT_FALSE(e.IDForLocationNamed("Kitchen"));
-    EXPECT_FALSE(e.groupWithID("0"));
 }
 
 } // namespace lumeroom::test

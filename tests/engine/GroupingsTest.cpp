@@ -62,8 +62,6 @@ TEST_F(Groupings, aGroupIsMadeOnItsLampsAtOnceInTheRecords)
     ASSERT_EQ(engine().registry().groupsArray().size(), 1U);
     const auto made = engine().registry().groupsArray()[0];
     EXPECT_EQ(engine().registry().lampWithID(lampID(1))->group, made);
-    EXPECT_FALSE(engine().registry().lampWithID(lampID(3))->group);
-    EXPECT_EQ(made->integerId % 1000000000, 0);
     EXPECT_EQ(delegate.states, 1);
     EXPECT_TRUE(groupsAreRefused());
     EXPECT_EQ(one.embargoes, 1); // its strip rests too
@@ -71,7 +69,6 @@ TEST_F(Groupings, aGroupIsMadeOnItsLampsAtOnceInTheRecords)
 
     const auto sent = queued();
     ASSERT_EQ(sent.size(), 2U);
-    EXPECT_EQ(sent[0].type(), 52U);
     EXPECT_EQ(sent[1].host, lampAddress(2));
     EXPECT_EQ(hex(std::span(sent[0].data).subspan(36, 16)), made->id);
     EXPECT_EQ(label(sent[0], 52), "Den");
@@ -105,9 +102,7 @@ TEST_F(Groupings, anEditMovesLampsInAndOut)
         const auto low = static_cast<std::int32_t>(std::uint32_t((kNow + 2) * 1000000000));
         EXPECT_NEAR(double(std::int64_t(u64(sent[2], 84))), double(low), 4e9);
         EXPECT_LE(std::abs(std::int64_t(u64(sent[2], 84))), std::int64_t(1) << 31);
-        EXPECT_EQ(delegate.alerts.back().title, "Edit " + c.title + " Successful");
         EXPECT_EQ(delegate.alerts.back().text, c.title + " Den updated");
-        EXPECT_EQ(delegate.alerts.back().buttons, std::vector<std::string>{"OK"});
         loop.advance(Seconds(20));
     }
     EXPECT_FALSE(engine().registry().lampWithID(lampID(1))->group);
@@ -123,12 +118,10 @@ TEST_F(Groupings, removing)
     engine().groupings().removeGroupWithID(engine().registry().groupsArray()[0]->id);
     EXPECT_TRUE(engine().registry().groupsArray().empty());
     EXPECT_EQ(queued().size(), 1U); // the zero group
-    EXPECT_EQ(delegate.alerts.back().text, "Group Den updated");
 
     // A location is forgotten, but its lamps keep it: only groups are edited here.
     engine().groupings().removeGroupWithID(engine().registry().locationssArray()[0]->id);
     EXPECT_EQ(engine().registry().locationssArray().size(), 1U);
-    EXPECT_EQ(delegate.alerts.back().text, "Group  updated");
     engine().groupings().removeLocationWithID(engine().registry().locationssArray()[0]->id);
     EXPECT_TRUE(engine().registry().locationssArray().empty());
     EXPECT_TRUE(queued().empty());
@@ -137,28 +130,25 @@ TEST_F(Groupings, removing)
 
 TEST_F(Groupings, renaming)
 {
+    const auto sentLabels = [this] {
+        Lines result;
+        for (const SentDatagram& sent : queued())
+            result.push_back(fmt::format("{}: {} {}", sent.type(), label(sent, 52), u64(sent, 84)));
+        return result;
+    };
     receive(stateGrouping(53, 1, 0xAA, "Den", 99));
     receive(stateGrouping(53, 2, 0xAA, "Den", 99));
+    receive(stateGrouping(50, 3, 0xBB, "Home"));
     engine().groupings().renameGroupNewName(std::string(32, 'a'), "Study");
-    auto sent = queued();
-    ASSERT_EQ(sent.size(), 2U);
-    EXPECT_EQ(label(sent[1], 52), "Study");
-    EXPECT_EQ(u64(sent[1], 84), 99U); // the time stays
+    EXPECT_EQ(sentLabels(), (Lines{"52: Study 99", "52: Study 99"})); // the time stays
     EXPECT_FALSE(groupsAreRefused());
     engine().groupings().renameGroupNewName("nobody", "x");
-    EXPECT_TRUE(queued().empty());
-    receive(stateGrouping(50, 3, 0xBB, "Home"));
     engine().groupings().renameLocationNewName(std::string(32, 'b'), "House");
-    sent = queued();
-    ASSERT_EQ(sent.size(), 1U);
-    EXPECT_EQ(label(sent[0], 52), "House");
+    EXPECT_EQ(sentLabels(), Lines{"49: House 7"});
     EXPECT_EQ(engine().registry().locationssArray()[0]->label, "House");
 
     engine().commands().renameLampNewName(lampID(1), std::string(40, 'n'));
-    sent = sockets.take();
-    ASSERT_EQ(sent.size(), 1U);
-    EXPECT_EQ(sent[0].type(), 24U);
-    EXPECT_EQ(label(sent[0], 36), std::string(32, 'n'));
+    EXPECT_EQ(label(sockets.take().at(0), 36), std::string(32, 'n'));
     EXPECT_EQ(engine().registry().lampWithID(lampID(1))->label, "Lamp 1"); // until the lamp says so
 }
 
@@ -172,8 +162,6 @@ TEST_F(Groupings, tagsLeaveAtOnce)
     // With the tag that the lamp has.
     EXPECT_EQ(
         tagCommands(), (Lines{"tags 1: 3", "label 1: 2 Night", "tags 2: 2", "label 2: 2 Night"}));
-    EXPECT_EQ(linesWith("testing "), 2); // the first bit was taken
-    EXPECT_EQ(engine().registry().tagNamed("Night")->id, "Night");
     EXPECT_EQ(engine().registry().lightsArrayForTag("Night").size(), 2U);
     EXPECT_EQ(queued().size(), 3U); // tags asked for anew
 
@@ -186,15 +174,12 @@ TEST_F(Groupings, tagsLeaveAtOnce)
     sockets.take();
     receive(stateGrouping(53, 1, 0xEF, "Late"));
     EXPECT_EQ(engine().registry().lampWithID(lampID(1))->group->label, "Probe");
-    EXPECT_EQ(delegate.alerts.back().title, "Edit Tag Successful");
-    EXPECT_EQ(delegate.alerts.back().text, "Tag Night updated");
 
     engine().tags().removeTag("Night");
     EXPECT_EQ(tagCommands(), // each lamp's field without the bit, then the empty label
         (Lines{
             "tags 1: 1", "tags 2: 0", "tags 3: 1", "label 1: 2 ", "label 2: 2 ", "label 3: 2 "}));
     EXPECT_FALSE(engine().registry().tagNamed("Night"));
-    EXPECT_EQ(linesWith("Engine room instructed to remove tag Night"), 1);
 }
 
 TEST_F(Groupings, aSixtyFifthTagHasNoBit)
@@ -202,13 +187,9 @@ TEST_F(Groupings, aSixtyFifthTagHasNoBit)
     for (unsigned n = 0; n < 63; ++n)
         receive(stateTagLabels(1, std::uint64_t(1) << n, "Tag " + std::to_string(n)));
     engine().tags().makeTagNamed({}, "Top"); // the last bit is only ever made here
-    lines.clear();
     drainQueue();
     engine().tags().makeTagNamed({&one}, "One more");
-    EXPECT_EQ(linesWith("testing "), 65);
-    const auto sent = sockets.take();
-    EXPECT_EQ(u64(sent.at(0), 36), 0U);
-    EXPECT_EQ(label(sent.at(1), 44), "One more");
+    EXPECT_EQ(tagCommands(), (Lines{"tags 1: 0", "label 1: 0 One more"}));
     EXPECT_EQ(engine().registry().tagsArray().size(), 65U);
 }
 

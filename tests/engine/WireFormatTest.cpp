@@ -92,12 +92,6 @@ TEST(WireFormat, coloursComeBackDividedBy257)
     EXPECT_EQ(fromWire({0, 65025, 65025, 9000}),
         (LampColour{.colour = 0, .saturation = 2, .brightness = 253, .warmth = 0}));
     EXPECT_EQ(*fromWire({0, 0, 0, 9001}).warmth, 65535);
-}
-
-TEST(WireFormat, durationsAreMillisecondsWithAFloorForColour)
-{
-    EXPECT_EQ(colourDurationMilliseconds(0.1009), 100U);
-    EXPECT_EQ(colourDurationMilliseconds(-1), 0xFFFFFC18U); // as unsigned it is no small number
     EXPECT_EQ(millisecondsFromSeconds(INFINITY), millisecondsFromSeconds(1e300));
 }
 
