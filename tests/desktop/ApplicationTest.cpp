@@ -1,0 +1,55 @@
+#include "desktop/Application.h"
+#include "base/PropertyList.h"
+#include "desktop/dbus/ProgramName.h"
+#include "support/EngineAndLamps.h"
+#include "support/QtTestInput.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+namespace lumeroom::test {
+
+/// The whole program in this process, told of three lamps.
+struct WholeProgram : EngineAndLamps {
+    static void choose(const QString& title)
+    {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            for (QAction* action : window->findChildren<QAction*>()) {
+                if (action->text() == title)
+                    action->trigger();
+            }
+        }
+    }
+    bool allAre(bool on)
+    {
+        for (std::size_t i = 0; i < network.count(); ++i) {
+            if (onLamp(i, [](VirtualLamp& lamp, Time now) { return lamp.power(now); }) != on)
+                return false;
+        }
+        return true;
+    }
+};
+
+TEST_F(WholeProgram, theMenuBarSwitchesAllLampsAndQuits)
+{
+    const QTemporaryDir folder;
+    CommandLine commandLine;
+    commandLine.defaultsFile = folder.filePath("settings.plist").toStdString();
+    std::ofstream(commandLine.defaultsFile)
+        << propertylist::toXml(Value::Dictionary{{std::string(keys::kDefaultTransition), 0},
+               {std::string(keys::kManualIPAddresses), defaults.get(keys::kManualIPAddresses)}});
+    const ProgramName noName{QString()};
+    Application application(commandLine, noName);
+    QTimer::singleShot(0, [this] {
+        EXPECT_TRUE(workUntil([&] {
+            choose("All o&ff"); // until all are known
+            return allAre(false);
+        }));
+        choose("All &on");
+        EXPECT_TRUE(workUntil([&] { return allAre(true); }));
+        choose("&Quit");
+    });
+    EXPECT_EQ(application.run(), 0);
+}
+
+} // namespace lumeroom::test
