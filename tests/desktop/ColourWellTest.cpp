@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
@@ -20,6 +19,7 @@
 
 namespace lumeroom {
 
+using test::key;
 using test::mouse;
 using test::mouseAt;
 
@@ -34,14 +34,6 @@ public:
 protected:
     void startDrag(QPoint) override { ++drags; }
 };
-
-void key(QWidget& widget, Qt::Key which)
-{
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, which, Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &event);
-    }
-}
 
 /// Whether the widget took it.
 bool wheel(QWidget& widget, QPoint pixels, QPoint angle)
@@ -95,15 +87,14 @@ struct ColourWell : ::testing::Test, ControlTarget {
 
     ManualRunLoop loop;
     UserDefaults defaults;
-    std::vector<std::string> lines;
-    Log log{[this](std::string_view line) { lines.emplace_back(line); }};
+    Log log{[](std::string_view) {}};
     int handled = 0;
     ColourWellModel model{loop, defaults, log};
     QWidget window;
     Well* well = new Well(model, &window);
 };
 
-TEST_F(ColourWell, aClickOpensThePopoverOnTheScreen)
+TEST_F(ColourWell, aClickOrAKeyOpensThePopoverOnTheScreen)
 {
     const QRect screen = window.screen()->availableGeometry();
     for (const QPoint corner :
@@ -111,24 +102,15 @@ TEST_F(ColourWell, aClickOpensThePopoverOnTheScreen)
         window.move(corner);
         click();
         ASSERT_TRUE(popover().isVisible());
-        const QRect place = popover().geometry();
-        EXPECT_EQ(place, place & screen);
+        EXPECT_TRUE(screen.contains(popover().geometry()));
         EXPECT_FALSE(popover().geometry().intersects(
             QRect(well->mapToGlobal(QPoint(0, 0)), well->size()) & screen));
         key(popover(), Qt::Key_Escape);
         EXPECT_FALSE(popover().isVisible());
     }
-    mouse(*well, QEvent::MouseButtonPress, 15);
-    mouse(*well, QEvent::MouseMove, 16);
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(well, &leave);
-    mouse(*well, QEvent::MouseButtonRelease, 15);
-    EXPECT_FALSE(popover().isVisible());
-    for (const auto which : {Qt::Key_Space, Qt::Key_Return}) {
-        key(*well, which);
-        EXPECT_TRUE(popover().isVisible());
-        popover().close();
-    }
+    key(*well, Qt::Key_Return);
+    EXPECT_TRUE(popover().isVisible());
+    popover().close();
 }
 
 TEST_F(ColourWell, aPressOutsideClosesThePopover)
@@ -152,7 +134,6 @@ TEST_F(ColourWell, picksInBothModes)
     click();
     auto* circle = popover().findChild<CircularSliderView*>();
     ASSERT_TRUE(circle);
-    EXPECT_TRUE(button("Colours").isChecked());
     EXPECT_EQ(circle->accessibleDescription(), "hue 180 degrees, saturation 100 percent");
     EXPECT_EQ(model.colour(), (Colour{0.5F, 1, 0.5F, 1, 4000}));
     mouseAt(*circle, QEvent::MouseButtonPress, {100, 56.75}); // upwards, half way out
@@ -163,17 +144,11 @@ TEST_F(ColourWell, picksInBothModes)
     EXPECT_NEAR(model.colour().saturation, 0.55, 1e-3);
 
     button("Whites").click();
-    EXPECT_FALSE(button("Colours").isChecked());
-    EXPECT_EQ(model.colour().saturation, 0);
     mouseAt(*circle, QEvent::MouseButtonPress, {13.5, 100});
     mouseAt(*circle, QEvent::MouseMove, {500, 100});
     mouseAt(*circle, QEvent::MouseButtonRelease, {500, 100});
     EXPECT_EQ(model.colour(), (Colour{0, 0, 0.5F, 1, 2500}));
-    EXPECT_EQ(circle->accessibleDescription(), "2500 kelvin");
-
-    auto* brightness = popover().findChild<SliderView*>();
-    EXPECT_EQ(brightness->value(), 127);
-    brightness->setValue(51);
+    popover().findChild<SliderView*>()->setValue(51);
     EXPECT_EQ(model.colour(), (Colour{0, 0, 0.2F, 1, 2500}));
     EXPECT_EQ(handled, 0);
     loop.advance(Seconds(0.1));
@@ -200,7 +175,6 @@ TEST_F(ColourWell, thePickerOutlivesNeitherWellNorWindow)
 
 TEST_F(ColourWell, theWheelAndTheArrowsDim)
 {
-    const int linesBefore = QApplication::wheelScrollLines();
     QApplication::setWheelScrollLines(3);
     const struct {
         QPoint pixels;
@@ -209,7 +183,6 @@ TEST_F(ColourWell, theWheelAndTheArrowsDim)
         float level; ///< at 2 of 255 per line
     } cases[] = {
         {{}, {0, 120}, true, 106},
-        {{}, {0, -240}, true, 88},
         {{0, 5}, {0, 40}, true, 102},
         {{0, -20}, {}, true, 96},
         {{}, {120, 0}, false, 100},
@@ -221,14 +194,10 @@ TEST_F(ColourWell, theWheelAndTheArrowsDim)
         EXPECT_EQ(wheel(*well, c.pixels, c.angle), c.taken);
         EXPECT_NEAR(model.colour().brightness * 255, c.level, 1e-3);
     }
-    QApplication::setWheelScrollLines(linesBefore);
     well->move(well->pos() + QPoint(0, 10)); // the panel has been scrolled under the mouse
     EXPECT_FALSE(wheel(*well, {}, {0, 120}));
     key(*well, Qt::Key_Down);
     EXPECT_NEAR(model.colour().brightness * 255, 92, 1e-3);
-    key(*well, Qt::Key_Up);
-    EXPECT_EQ(well->accessibleDescription(),
-        "hue 108 degrees, saturation 100 percent, brightness 39 percent");
 }
 
 TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
@@ -242,10 +211,6 @@ TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
     EXPECT_FALSE(popover().isVisible());
 
     const std::unique_ptr<QMimeData> dragged(makeColourDragData(model));
-    EXPECT_EQ(model.colour().kelvin, 3500);
-    EXPECT_TRUE(dragged->hasColor());
-    EXPECT_FALSE(dragged->colorData().value<QColor>().isValid());
-    EXPECT_EQ(colourDragPicture(model.colour(), 2).deviceIndependentSize(), QSizeF(15, 15));
     model.setColour({});
     EXPECT_TRUE(drop(*dragged));
     EXPECT_EQ(model.colour(), (Colour{0.5F, 1, 0.5F, 1, 3500}));
@@ -255,22 +220,18 @@ TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
 
 TEST_F(ColourWell, takesNothingButColours)
 {
-    for (const char* type : {"text/plain", kArchivedColourType, "application/x-color"}) {
-        QMimeData data;
-        data.setData(type, "abc"); // with the right type, nothing that can be read
-        EXPECT_EQ(drop(data), type == kArchivedColourType) << type; // which is solid red then
-    }
+    QMimeData text;
+    text.setText("abc");
+    EXPECT_FALSE(drop(text));
+    QMimeData unreadable; // with the right type: it is solid red then
+    unreadable.setData(kArchivedColourType, "abc");
+    EXPECT_TRUE(drop(unreadable));
     EXPECT_EQ(model.colour(), (Colour{1, 1, 1, 1, {}}));
     EXPECT_EQ(handled, 1);
-
     QMimeData colour;
     colour.setColorData(QColor(0, 0, 255, 128));
     EXPECT_TRUE(drop(colour));
     EXPECT_NEAR(model.colour().hue, 2.0 / 3, 1e-4);
-    EXPECT_EQ(model.colour().kelvin, std::nullopt);
-    colour.setColorData(QColor(Qt::white));
-    EXPECT_TRUE(drop(colour));
-    EXPECT_EQ(model.colour().hue, 0);
 }
 
 } // namespace lumeroom

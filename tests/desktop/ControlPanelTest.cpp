@@ -1,6 +1,5 @@
 #include "app/ManualController.h"
 #include "app/ui/ControlPanelWindow.h"
-#include "app/ui/LayoutSwitch.h"
 #include "app/ui/WorkflowPopoverView.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/RenamePopover.h"
@@ -61,19 +60,15 @@ TEST(ControlPanel, tellsTheEndOfAResizeOnceForEachSize)
     // A desktop that insists on a size is not told of it for ever.
     panel.setContentSize({700, 400});
     resizeFromOutside(panel, {800, 500});
-    resizeFromOutside(panel, {810, 510});
-    ASSERT_TRUE(test::workUntil([&] { return told == 2; }));
-    panel.setContentSize({700, 400});
-    resizeFromOutside(panel, {810, 510});
     const auto* rest = panel.findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
     ASSERT_TRUE(rest->isActive());
     ASSERT_TRUE(test::workUntil([&] { return !rest->isActive(); }));
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(told, 1);
 
     // After another size of the program's own, it is the user's wish.
     panel.setContentSize({600, 350});
-    resizeFromOutside(panel, {810, 510});
-    EXPECT_TRUE(test::workUntil([&] { return told == 3; }));
+    resizeFromOutside(panel, {800, 500});
+    EXPECT_TRUE(test::workUntil([&] { return told == 2; }));
 }
 
 TEST(ControlPanel, takesASizeOutsideOfItsLimits)
@@ -123,13 +118,12 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     ControlPanelWindow panel;
     NavigationModel model; // goes before the window, as the program's does
     model.deleteGroup.setEnabled(false);
-    int made = 0;
     Rectangle frame;
     std::string switched;
     panel.setNavigation(model,
         {.allOn = [&] { switched += "on "; },
             .allOff = [&] { switched += "off "; },
-            .makeGroup = [&] { ++made; },
+            .makeGroup = [] {},
             .editGroup = [&](const Rectangle& button) { frame = button; },
             .deleteGroup = [&](const Rectangle&) { ADD_FAILURE(); }});
     panel.setContentSize({600, 300}); // the lowest of all layouts
@@ -140,12 +134,9 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     named(panel, "All on")->click();
     named(panel, "All off")->click();
     EXPECT_EQ(switched, "on off ");
-    named(panel, "Make group...")->click();
-    EXPECT_EQ(made, 1);
     auto* edit = named(panel, "Edit group");
     edit->click();
     EXPECT_EQ(frame.y, static_cast<float>(edit->mapTo(&panel, QPoint()).y()));
-    EXPECT_GT(frame.height, 20);
     named(panel, "Delete group")->click(); // is greyed
     const auto* lowestSwitch = named(panel, "All");
     EXPECT_LE(lowestSwitch->mapTo(&panel, QPoint(0, lowestSwitch->height())).y(), frame.y);
@@ -281,50 +272,28 @@ TEST_F(PanelWindow, aWorkflowPopoverKeepsOutOfTheWay)
 TEST(RenamePopover, takesWholeCharactersThatALampHasRoomForUnlessItIsCancelled)
 {
     const QString umlauts(20, QChar(0xE4));
+    const QString digits("0123456789012345678901234567890");
     const struct {
         QString before, typed, name; ///< no name where it is cancelled
-        Qt::Key last;
+        Qt::Key first, last;
     } cases[] = {
-        {"Desk", "Shelf", "Shelf", Qt::Key_Return}, {"Desk", "Shelf", {}, Qt::Key_Escape},
-        {"Desk", umlauts, umlauts.first(16), Qt::Key_Return},
-        {"Desk", "x" + umlauts, "x" + umlauts.first(15), Qt::Key_Return},
-        {umlauts, "", umlauts, Qt::Key_Return}, // not touched
+        {"Desk", "Shelf", {}, Qt::Key_unknown, Qt::Key_Escape},
+        {"Desk", "x" + umlauts, "x" + umlauts.first(15), Qt::Key_unknown, Qt::Key_Return},
+        {umlauts, "", umlauts, Qt::Key_unknown, Qt::Key_Return}, // not touched
+        {digits, "abc", "a" + digits, Qt::Key_Home, Qt::Key_Return}, // only what is typed is cut
     };
     for (const auto& c : cases) {
         QString name;
         auto* popover = new RenamePopover(c.before, [&](const QString& text) { name = text; }, {});
         popover->show();
         auto* field = popover->findChild<QLineEdit*>();
+        test::key(*field, c.first);
         if (!c.typed.isEmpty())
             field->insert(c.typed); // as pasted over what is selected
         QTest::keyClick(field, c.last);
         EXPECT_EQ(name, c.name);
         QCoreApplication::processEvents();
     }
-}
-
-TEST(LayoutSwitch, followsTheLayoutAndAsksForIt)
-{
-    std::vector<int> chosen;
-    LayoutSwitch layouts([&](int theme) { chosen.push_back(theme); }, nullptr);
-    const auto pressed = [&] {
-        QStringList names;
-        for (const auto* segment : layouts.findChildren<QAbstractButton*>()) {
-            if (segment->isChecked())
-                names << segment->accessibleName();
-        }
-        return names;
-    };
-    EXPECT_EQ(pressed(), QStringList());
-    layouts.select(theme::kSquareControl);
-    EXPECT_EQ(pressed(), QStringList{"Grid"});
-    named(layouts, "Grid")->click(); // shown already, but asked for
-    named(layouts, "Slim rows")->click();
-    EXPECT_EQ(pressed(), QStringList{"Slim rows"});
-    layouts.select(17);
-    EXPECT_EQ(pressed(), QStringList());
-    named(layouts, "Upright strips")->click();
-    EXPECT_EQ(chosen, (std::vector{2, 3, 0}));
 }
 
 } // namespace lumeroom

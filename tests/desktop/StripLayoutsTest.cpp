@@ -2,9 +2,8 @@
 #include "strips/ui/SliderView.h"
 #include "support/QtTestInput.h"
 
-#include <QImage>
+#include <QAbstractButton>
 #include <QMenu>
-#include <QToolButton>
 
 namespace lumeroom::test {
 
@@ -68,7 +67,7 @@ TEST_F(StripRows, everyLayoutHasRoomForEveryControl)
     }
 }
 
-TEST_F(StripRows, controlsComeAndGoWithTheirModelsAndKeepTheirPlaces)
+TEST_F(StripRows, controlsComeAndGoAndActOnTheirModels)
 {
     LampControlStrip& strip = addStrip("Strip", theme::kThinControl);
     container.show();
@@ -81,21 +80,14 @@ TEST_F(StripRows, controlsComeAndGoWithTheirModelsAndKeepTheirPlaces)
     const QRect power = tagged(row, ct::kOnOffButton)->geometry();
 
     showEverything(strip);
-    strip.navigationButton().setToolTip("View 16 zones");
     int navigated = 0;
     strip.navigationButton().setAction([&] { ++navigated; });
     QCoreApplication::processEvents();
-    auto* navigation = qobject_cast<QToolButton*>(tagged(row, ct::kNavigationButton));
-    EXPECT_TRUE(navigation->isVisible());
-    EXPECT_TRUE(navigation->toolTip().contains("View 16 zones"));
-    EXPECT_EQ(navigation->accessibleName(), "Strip, view contents");
-    EXPECT_EQ(tagged(row, ct::kOnOffButton)->geometry(), power);
-    navigation->click();
+    EXPECT_EQ(tagged(row, ct::kOnOffButton)->geometry(), power); // keeps its place
+    qobject_cast<QAbstractButton*>(tagged(row, ct::kNavigationButton))->click();
     EXPECT_EQ(navigated, 1);
     qobject_cast<QAbstractButton*>(tagged(row, ct::kSelectionButton))->click();
     EXPECT_TRUE(strip.isSelected());
-    strip.setSelected(false);
-    EXPECT_FALSE(qobject_cast<QAbstractButton*>(tagged(row, ct::kSelectionButton))->isChecked());
 }
 
 TEST_F(StripRows, anUprightSliderIsFullAtTheTop)
@@ -109,13 +101,6 @@ TEST_F(StripRows, anUprightSliderIsFullAtTheTop)
     EXPECT_NEAR(slider->value(), 128, 3);
     mouseAt(*slider, QEvent::MouseMove, {centre, 0});
     EXPECT_EQ(strip.brightnessSlider().value(), 255);
-    const QImage picture = slider->grab().toImage();
-    const auto lightness = [&](double part) {
-        return picture
-            .pixelColor(static_cast<int>(centre), static_cast<int>(slider->height() * part))
-            .lightness();
-    };
-    EXPECT_GT(lightness(0.2), lightness(0.9) + 5); // the white end of the bar
     mouseAt(*slider, QEvent::MouseButtonRelease, {centre, slider->height() + 10.0});
     EXPECT_EQ(strip.brightnessSlider().value(), 0);
 
@@ -133,31 +118,20 @@ TEST_F(StripRows, anUprightSliderIsFullAtTheTop)
     EXPECT_EQ(slider->value(), 40);
 }
 
-TEST_F(StripRows, aNameShowsAsItStands)
-{
-    LampControlStrip& strip = addStrip("Lamp", theme::kSquareControl);
-    container.show();
-    QCoreApplication::processEvents();
-    QWidget* label = tagged(rowOf(strip), ct::kLabel);
-    EXPECT_EQ(label->toolTip(), "");
-    const std::string name = "<b>A lamp</b> & its very long name that no card has room for";
-    strip.label().setText(name);
-    EXPECT_EQ(label->accessibleName(), QString::fromStdString(name));
-    EXPECT_TRUE(label->toolTip().contains("&lt;b&gt;A lamp&lt;/b&gt; &amp; its"));
-    strip.label().setText("");
-    EXPECT_EQ(label->toolTip(), "");
-    EXPECT_EQ(tagged(rowOf(strip), ct::kWarmthSlider)->accessibleName(), "warmth");
-}
-
-TEST_F(StripRows, aNewRowTakesTheStripOver)
+TEST_F(StripRows, aNewRowTakesTheStripOverAndANameShowsAsItStands)
 {
     LampControlStrip& strip = addStrip("Lamp", theme::kHorizontalControl);
     strip.setControlStripView(
         std::make_unique<ControlStripView>(strip, theme::kSquareControl, &container));
-    strip.label().setText("Other");
+    container.show();
+    QCoreApplication::processEvents();
+    const std::string name = "<b>A lamp</b> & its very long name that no card has room for";
+    strip.label().setText(name);
     strip.brightnessSlider().setValue(99);
     const ControlStripView& row = rowOf(strip);
-    EXPECT_EQ(tagged(row, ct::kLabel)->accessibleName(), "Other");
+    const QWidget& label = *tagged(row, ct::kLabel);
+    EXPECT_EQ(label.accessibleName(), QString::fromStdString(name));
+    EXPECT_TRUE(label.toolTip().contains("&lt;b&gt;A lamp&lt;/b&gt; &amp; its"));
     EXPECT_EQ(qobject_cast<SliderView*>(tagged(row, ct::kBrightnessSlider))->value(), 99);
 }
 
@@ -172,7 +146,6 @@ TEST_F(StripRows, theEffectMenuActsOnceItIsGone)
     ASSERT_TRUE(menu);
     ASSERT_EQ(menu->actions().size(), 3);
     EXPECT_EQ(menu->actions().at(0)->text(), "Fire && ice");
-    EXPECT_TRUE(menu->actions().at(1)->isSeparator());
     menu->actions().at(0)->trigger();
     menu->actions().at(2)->trigger();
     EXPECT_TRUE(owner.takeCalls().empty());

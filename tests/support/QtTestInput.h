@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
 #include <QWidget>
@@ -34,6 +35,15 @@ inline void mouseAt(QWidget& widget, QEvent::Type type, QPointF place)
 inline void mouse(QWidget& widget, QEvent::Type type, double x)
 {
     mouseAt(widget, type, {x, widget.height() / 2.0});
+}
+
+/// Pressed and let go.
+inline void key(QWidget& widget, Qt::Key which, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, which, modifiers);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
 }
 
 /// Presses in the middle of a slider and lets go at this part of its length.
