@@ -58,13 +58,10 @@ lamp_holds() { # ADDRESS FIELD VALUE
 expect 3 "Lumeroom is not running" ctl lamps
 expect 3 "no session bus" env DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$client" lamps
 expect 2 "PROPERTY VALUE: At least 2 required but received 1" "$client" set Desk brightness
-expect 2 "not expected: dance" "$client" dance
 expect 2 "a command is missing" "$client" --json
 expect 2 "brightness is a whole number, not '1.5'" "$client" set Desk brightness 1.5
 expect 2 "'name' cannot be set; these can: brightness, hue, whiteness, state" "$client" set Desk name Other
-expect 2 "not expected: --nope" "$client" get Desk --nope
 ! "$client" $'dance\e\u202e' 2>&1 | grep -q $'[\e\u202e]' || fail "a message works the terminal"
-expect 0 "Exit status" "$client" --help
 
 "$lumeroom" --demo --log 2>"$folder/log" &
 program=$!
@@ -78,17 +75,14 @@ first=${any%.*}.1
 second=${any%.*}.2
 
 # Lists; wide characters line up
-ctl lamps
 ctl lamps | grep -q '^Desk lamp \{25\}on '
 ctl lamps | grep -q '^玄関の照明 \{24\}on '
 ctl lamps --json | grep -q '"label": "玄関の照明"'
 
 # Reading
-expect 0 d073d50000010000 ctl get "Desk lamp" id
 expect 0 '"Desk lamp"' ctl get d073d50000010000 label --json
 expect 1 "there is nothing named 'Cellar'" ctl get Cellar
 expect 1 "nothing named 'group:Desk lamp'" ctl get "group:Desk lamp"
-expect 2 "there is no property 'colour'" ctl get "Desk lamp" colour
 expect 2 "there is no property ''" ctl get "Desk lamp" ""
 
 # A change reaches the lamp, and so does the next one; those who watch are told
@@ -102,13 +96,10 @@ wait_for lamp_holds "$first" 1 25500
 ctl set "Desk lamp" brightness 50 state off
 wait_for lamp_holds "$first" 3 12750
 wait_for lamp_holds "$first" 6 0
-expect 0 50 ctl get "Desk lamp" brightness
 wait_for grep -qx "Desk lamp: brightness 50" "$folder/watched"
 wait_for grep -qx "Desk lamp: state off" "$folder/watched"
 wait_for grep -q '"event":"changed","id":"d073d50000010000",.*"property":"brightness","value":50' "$folder/watched.json"
 ctl set "Desk lamp" state on # whatever the lamp last reported
-ctl set "Desk lamp" state off
-ctl set "Desk lamp" state on
 wait_for lamp_holds "$first" 6 65535
 
 # A LIGHT_SETCOLOR of brightness 32639 from elsewhere: the lamp tells by itself
@@ -125,7 +116,6 @@ set_property() {
     call "$lamp" --method org.freedesktop.DBus.Properties.Set com.tanagerworks.Lumeroom.Lamp "$@"
 }
 gdbus introspect --session --recurse --dest "$service" --object-path "$root" >"$folder/tree"
-grep -q "node $lamp {" "$folder/tree"
 grep -q 'readwrite i Brightness = 50;' "$folder/tree"
 grep -q 'GetManagedObjects(out a{oa{sa{sv}}} objects);' "$folder/tree"
 expect 1 "A lamp's hue is not sent by itself. Apply sends it." set_property Hue '<int32 1>'
@@ -135,24 +125,16 @@ wait_for lamp_holds "$second" 3 38250
 state_of_lamps() { ask_lamp "$first" && ask_lamp "$second"; }
 before=$(state_of_lamps)
 expect 1 "InvalidArgs: Hue is a whole number from 0 to 257, not 258." set_property Hue '<int32 258>'
-expect 1 "InvalidArgs: Brightness is a whole number from 0 to 255, not -1." set_property Brightness '<int32 -1>'
 expect 1 "InvalidArgs: Brightness is a whole number" set_property Brightness '<"bright">'
-expect 1 "InvalidArgs: State is true or false." set_property State '<int32 1>'
 expect 1 "PropertyReadOnly: Name can only be read." set_property Name '<"Other">'
-expect 1 "UnknownProperty: There is no property Speed." set_property Speed '<int32 1>'
 expect 1 "UnknownObject" call "$root/lamps/x" --method com.tanagerworks.Lumeroom.Lamp.Apply '{}'
 expect 1 "UnknownProperty: There is no property Speed." call "$lamp" \
     --method com.tanagerworks.Lumeroom.Lamp.Apply "{'Brightness': <int32 1>, 'Speed': <int32 1>}"
 expect 1 "UnknownMethod: There is no RunPreset with the arguments (si) here." \
     call "$root" --method com.tanagerworks.Lumeroom.RunPreset 1 2
-expect 1 "UnknownMethod: There is no Manage with the arguments () here." \
-    call "$root" --method org.freedesktop.DBus.ObjectManager.Manage
 expect 2 "Brightness is a whole number from 0 to 255, not 99999999999." \
     ctl set "Desk lamp" brightness 99999999999
-expect 2 "Hue is a whole number from 0 to 257, not -5." ctl set "Desk lamp" hue -5
-for path in "$root/lamps/x" "$root/nowhere"; do
-    expect 1 "UnknownObject" call "$path" --method org.freedesktop.DBus.Introspectable.Introspect
-done
+expect 1 "UnknownObject" call "$root/nowhere" --method org.freedesktop.DBus.Introspectable.Introspect
 sleep 0.5
 [ "$(state_of_lamps)" = "$before" ] || fail "a refused change reached the lamp"
 
@@ -161,11 +143,9 @@ wait_for ctl get location:Home
 ctl set location:Home brightness 200
 wait_for lamp_holds "$second" 3 51000
 expect 0 8 eval 'ctl lamps --json | grep -c "brightness.: 200"'
-expect 0 8 eval 'ctl get group:All lamps | wc -w'
 
 # Presets and commands
 expect 1 "there is no preset 'Nothing'" ctl run Nothing
-grep -q "unable to find preset Nothing" "$folder/log"
 expect 1 "InvalidArgs: A name or a path has at most 1024 bytes." \
     call "$root" --method com.tanagerworks.Lumeroom.RunPreset "$(printf '%1025s')"
 call "$root" --method com.tanagerworks.Lumeroom.AllOff >/dev/null
@@ -206,15 +186,12 @@ shows_lamps 8 || fail "the second program disturbed the first"
     completes Home get location : H
     completes 'Desk\ lamp' get De
     completes 'Desk lamp' get '"Desk l'
-    completes 'Desk\ lamp' set 'Desk\ l'
     completes brightness set 'Desk\ lamp' b
     completes 'on off' set 'Desk\ lamp' hue 1 state ''
     completes 'Floor\ lamp' get lamp : F
-    completes 'lamp:Floor lamp' get '"lamp:F'
     completes brightness set lamp : 'Floor\ lamp' b
     touch "$folder/a file"
     completes "$folder/a\\ file" --defaults = "$folder/a"
-    completes 'groups get' --defaults = "$folder/a" g
 )
 
 # Quitting ends those who watch
@@ -224,11 +201,9 @@ wait "$program" || fail "the program ended with $?"
 status=0
 wait "$watcher" || status=$?
 [ "$status" -eq 3 ] || fail "watch ended with $status"
-grep -q "Lumeroom has quit" "$folder/watched"
 expect 3 "Lumeroom is not running" ctl lamps
 
 # Without a bus the program works, and says once what is missing
 DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$lumeroom" --demo --log --snapshot "$folder/panel.png" \
     >"$folder/table" 2>"$folder/log"
-grep -q '^Desk lamp ' "$folder/table"
 [ "$(grep -c "no session bus: scripts cannot reach the program" "$folder/log")" -eq 1 ]
