@@ -4,6 +4,8 @@
 #include "base/Log.h"
 #include "strips/GroupingAccess.h"
 
+#include <algorithm>
+
 namespace lumeroom {
 
 namespace {
@@ -139,24 +141,31 @@ void GroupWorkflows::remove(StripType type, const std::string& name)
     m_stage.rebuild();
 }
 
-void GroupWorkflows::fillMenus(bool withTags)
+bool GroupWorkflows::fillMenus(bool withTags)
 {
-    fillMenusOf(StripType::Group);
-    fillMenusOf(StripType::Location);
-    if (withTags)
-        fillMenusOf(StripType::Tag);
+    const bool groups = fillMenusOf(StripType::Group);
+    const bool locations = fillMenusOf(StripType::Location);
+    const bool tags = withTags && fillMenusOf(StripType::Tag);
+    return groups || locations || tags;
 }
 
-void GroupWorkflows::fillMenusOf(StripType type)
+bool GroupWorkflows::fillMenusOf(StripType type)
 {
+    std::vector<std::string> names;
+    groupingAccess(type)->forEach(m_engineRoom.registry(),
+        [&](const std::string&, const std::string& name) { names.push_back(name); });
     Menus& filled = menus(type);
+    const auto& present = filled.edit.items();
+    if (std::equal(names.begin(), names.end(), present.begin(), present.end(),
+            [](const auto& name, const auto& item) { return name == item->title(); }))
+        return false;
     filled.edit.removeAllItems();
     filled.remove.removeAllItems();
-    const auto add = [&](const std::string&, const std::string& name) {
+    for (const std::string& name : names) {
         filled.edit.addItem(name, [this, type, name] { editStep1(type, name); });
         filled.remove.addItem(name, [this, type, name] { remove(type, name); });
-    };
-    groupingAccess(type)->forEach(m_engineRoom.registry(), add);
+    }
+    return true;
 }
 
 void GroupWorkflows::editGroupActionButton(const Rectangle& button)

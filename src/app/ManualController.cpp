@@ -70,12 +70,13 @@ NavigationActions ManualController::navigationActions()
     };
 }
 
-void ManualController::fillEditMenus(bool withTags)
+bool ManualController::fillEditMenus(bool withTags)
 {
-    m_workflows.fillMenus(withTags);
+    const bool isNews = m_workflows.fillMenus(withTags);
     NavigationModel& navigation = m_panelSetUp.navigation().model();
     navigation.editGroup.setEnabled(!m_workflows.editGroupMenu().items().empty());
     navigation.deleteGroup.setEnabled(!m_workflows.deleteGroupMenu().items().empty());
+    return isNews;
 }
 
 Scripting::Actions ManualController::scriptingActions()
@@ -197,6 +198,11 @@ void ManualController::updateStrips()
         m_reports.updateTags(registry.tagsArray());
     if (navigation.model().all.state())
         m_reports.updateGroupAll();
+    if (fillEditMenus(false)) { // a group or a location became known
+        m_lampsPopUp.populateLampsPopUp();
+        if (navigation.shows(StripType::Group) || navigation.shows(StripType::Location))
+            m_panelSetUp.refreshSoon();
+    }
     m_statusMenu.updateDockIcon();
     m_scripting.invalidate();
 }
@@ -206,7 +212,7 @@ void ManualController::lampZoneStatesChanged()
     lampStatesChanged();
 }
 
-void ManualController::powerOfMultiZoneLampChanged()
+void ManualController::lampPowerReported()
 {
     lampStatesChanged();
 }
@@ -240,7 +246,7 @@ void ManualController::sendSettingsToStripsInGroup(
 void ManualController::targetWasRenamed(LampControlStrip& strip)
 {
     m_lampsPopUp.populateLampsPopUp();
-    m_workflows.fillMenus(false); // tags keep their names
+    fillEditMenus(false); // tags keep their names
     m_statusMenu.renameStrip(strip);
 }
 

@@ -54,7 +54,7 @@ public:
     void lampStatesChanged() override;
     void lampZoneStatesChanged() override;
     void newZoneAdded() override;
-    void powerOfMultiZoneLampChanged() override;
+    void lampPowerReported() override;
     void engineIsSsearching(bool searching) override;
     void lampCapabilitiesChanged() override;
     int runModal(const Alert& alert) override;
@@ -76,7 +76,8 @@ public:
 private:
     PanelSetUp::Companions companions();
     NavigationActions navigationActions();
-    void fillEditMenus(bool withTags);
+    /// False if the menus held just these names.
+    bool fillEditMenus(bool withTags);
     void observeSettings();
     void updateStrips();
     Scripting::Actions scriptingActions();

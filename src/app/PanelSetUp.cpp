@@ -32,6 +32,7 @@ PanelSetUp::PanelSetUp(Environment environment)
     , m_factory(
           {{m_environment.runLoop, m_environment.defaults, m_environment.log, m_environment.owner},
               m_environment.engineRoom, m_environment.panel, m_layoutManager, m_navigation})
+    , m_letFormerGo(m_environment.runLoop, [this] { m_former.clear(); })
 {
 }
 
@@ -92,8 +93,7 @@ void PanelSetUp::addLampStrips(const Lamps& lamps)
     }
     if (!m_navigation.filter() || m_navigation.filterType() == StripType::None)
         return;
-    // Narrowed down, the lamps are gone through again. A strip that was on the panel before is
-    // given out again and shows once; one that was not shows twice.
+    // Narrowed down, the lamps are gone through again; the order keeps one strip of each.
     for (const auto& lamp : lamps)
         addStrip(StripRecord::of(*lamp), StripType::Lamp, std::nullopt);
 }
@@ -185,6 +185,7 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
         if (recycling)
             m_factory.recycleStrip(strip);
     }
+    m_factory.forgetUnknown();
     m_environment.panel.keepFocus();
     setUp();
 }
@@ -195,11 +196,12 @@ void PanelSetUp::hideFormerRows()
 {
     const auto& strips = m_collection.strips();
     const std::set<std::shared_ptr<LampControlStrip>> shown(strips.begin(), strips.end());
-    for (const auto& strip : std::exchange(m_former, {})) {
+    for (const auto& strip : m_former) {
         auto* view = strip->getControlStripView();
         if (view && !shown.contains(strip))
             view->setShown(false);
     }
+    m_letFormerGo.request(); // not now: a button in one of the rows may be what led here
 }
 
 void PanelSetUp::deferRefresh(Seconds delay, bool recycling)
@@ -258,8 +260,10 @@ void PanelSetUp::restoreWindowSize()
 
 void PanelSetUp::switchTheme(int theme)
 {
-    m_layoutManager.saveWindowState();
-    m_collection.saveStripOrder();
+    if (m_setUp) { // else there is no order yet, nor a window that fits its rows
+        m_layoutManager.saveWindowState();
+        m_collection.saveStripOrder();
+    }
     m_layoutManager.setTheme(theme);
     restoreWindowSize();
     m_environment.defaults.setObject(keys::kCurrentTheme, theme);

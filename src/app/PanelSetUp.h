@@ -2,6 +2,7 @@
 
 #include "app/Navigation.h"
 #include "app/StripFactory.h"
+#include "base/CallSoon.h"
 #include "base/RunLoop.h"
 #include "strips/LayoutManager.h"
 
@@ -84,6 +85,7 @@ private:
     StripCollection m_collection;
     StripFactory m_factory;
     Strips m_former; ///< whose rows show until the new ones stand
+    CallSoon m_letFormerGo;
     bool m_attemptedSetUp = false;
     bool m_setUp = false; ///< a pass has found lamps
     bool m_setUpBuffered = false; ///< a rebuild is coming and takes in whatever is new by then

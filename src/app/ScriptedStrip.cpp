@@ -35,13 +35,24 @@ ScriptSettings ScriptedStrip::settings() const
     return ScriptSettings::of(StripSettings::fromDictionary(m_controlStrip->getDictionary()));
 }
 
+std::optional<std::string_view> ScriptedStrip::reasonToRefuse(const ScriptSettings& settings) const
+{
+    if (settings.state && target().type == StripType::Zone)
+        return "A zone goes on and off with its lamp.";
+    return {};
+}
+
 std::optional<std::string_view> ScriptedStrip::reasonNotToSend(const ScriptSettings& settings) const
 {
+    if (const auto reason = reasonToRefuse(settings))
+        return reason;
     if (m_controlStrip->embargo())
         return "The last change was a few seconds ago, and a further one would not be sent. Apply "
                "sends it.";
     if (settings.hue && target().type == StripType::Lamp)
         return "A lamp's hue is not sent by itself. Apply sends it.";
+    if (settings.brightness && *settings.brightness == this->settings().brightness.value_or(0) - 1)
+        return "One below the present brightness counts as the lamp's rounding. Apply sends it.";
     return {};
 }
 

@@ -34,7 +34,9 @@ public:
     const StripTarget& target() const { return m_controlStrip->target(); }
     ScriptSettings settings() const;
 
-    /// Why `set` would only move the controls, in a sentence; nothing if it sends what is new.
+    /// Why the target cannot take the change at all, in a sentence; nothing if it can.
+    std::optional<std::string_view> reasonToRefuse(const ScriptSettings& settings) const;
+    /// The same, or why `set` would only move the controls; nothing if it sends what is new.
     std::optional<std::string_view> reasonNotToSend(const ScriptSettings& settings) const;
     /// Moves the controls as the user does.
     void set(const ScriptSettings& settings);

@@ -4,6 +4,8 @@
 #include "base/UserDefaults.h"
 #include "engine/LampRegistry.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 namespace lumeroom {
@@ -37,6 +39,7 @@ void StatusMenu::begin()
 void StatusMenu::addStrip(LampControlStrip& strip)
 {
     auto item = std::make_shared<MenuItemModel>(controltag::kStatusMenuItem, strip.label().text());
+    item->setIdentity(fmt::format("{} {}", static_cast<int>(strip.type()), strip.getID()));
     strip.setStatusBarMenuItem(item);
     m_statusMenu.addItem(std::move(item));
 }

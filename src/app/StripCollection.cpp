@@ -136,18 +136,15 @@ void StripCollection::applySortOrder()
         order.push_back(std::move(item.entry));
     Strips sorted;
     sorted.reserve(m_strips.size());
-    std::set<const LampControlStrip*> placed;
+    std::set<StripTarget> placed; // each once, however often it was made or stored
     for (std::size_t position = 0; position < m_strips.size(); ++position) {
-        if (auto strip = getStripAtSortedPosition(order, position)) {
-            placed.insert(strip.get());
+        auto strip = getStripAtSortedPosition(order, position);
+        if (strip && placed.insert(strip->target()).second)
             sorted.push_back(std::move(strip));
-        }
     }
-    if (sorted.size() != m_strips.size()) {
-        for (const auto& strip : m_strips) {
-            if (placed.insert(strip.get()).second)
-                sorted.push_back(strip);
-        }
+    for (const auto& strip : m_strips) {
+        if (placed.insert(strip->target()).second)
+            sorted.push_back(strip);
     }
     m_strips = std::move(sorted);
     indexAnew();

@@ -34,7 +34,8 @@ public:
     int positionForPoint(Point point, const LampControlStrip& excluded) const;
     void insertStripIntoPosition(const LampControlStrip& strip, int position);
 
-    /// Puts the strips in the stored order; those that it does not name go to the end.
+    /// Puts the strips in the stored order; those that it does not name go to the end. Of two
+    /// strips with one target the first stays.
     void applySortOrder();
     /// Stores the order of what is on the panel now, which replaces all that was stored.
     void saveStripOrder();

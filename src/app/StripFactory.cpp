@@ -43,10 +43,12 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     strip->implementSettingsFromDictionaryWithoutActing(shown);
     strip->setSelected(false);
     strip->showSelectedButton(false);
-    setUpBadge(*strip);
-    setUpNavigationButton(*strip);
-    if (type == StripType::Lamp && record.zones > 0)
+    if (type == StripType::Lamp && record.zones > 0) {
         showZones(*strip, record.zones);
+    } else {
+        setUpBadge(*strip);
+        setUpNavigationButton(*strip);
+    }
     strip->colourWell().setHidden(
         m_environment.surroundings.defaults.get(keys::kColourPickerType) != 0);
 
@@ -116,6 +118,13 @@ std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
     if (found != m_recycler.end() && found->first == std::pair(type, id))
         return found->second;
     return std::make_shared<LampControlStrip>(id, type, m_environment.surroundings);
+}
+
+void StripFactory::forgetUnknown()
+{
+    const LampRegistry& registry = m_environment.engineRoom.registry();
+    std::erase_if(
+        m_recycler, [&](const auto& entry) { return !entry.second->target().isKnown(registry); });
 }
 
 void StripFactory::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)

@@ -31,6 +31,8 @@ public:
 
     void recycleStrip(const std::shared_ptr<LampControlStrip>& strip);
     void forgetRecycled() { m_recycler.clear(); }
+    /// Of what the engine has forgotten.
+    void forgetUnknown();
 
 private:
     std::shared_ptr<LampControlStrip> recycledStripForID(const std::string& id, StripType type);

@@ -18,7 +18,7 @@ StripRecord StripRecord::of(const Lamp& lamp)
 {
     StripRecord record{lamp.id, {}, lamp.capabilities, lamp.zones ? lamp.zones->size() : 0};
     record.settings.adopt(lamp);
-    record.settings.onoff = lamp.onoff;
+    record.settings.onoff = lamp.expectedPower();
     record.settings.label = nameFrom(lamp.label);
     record.settings.reports = lamp.reports;
     return record;
@@ -38,7 +38,7 @@ StripRecord StripRecord::of(const Zone& zone, const Lamp& lamp)
 {
     StripRecord record{fmt::format("{}-{}", lamp.id, zone.zone), {}, {}, 0};
     record.settings.adopt(zone);
-    record.settings.onoff = lamp.onoff;
+    record.settings.onoff = lamp.expectedPower();
     record.settings.label = fmt::format("zone {}", zone.zone);
     return record;
 }

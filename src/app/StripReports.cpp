@@ -4,6 +4,7 @@
 #include "app/StripFactory.h"
 #include "base/Log.h"
 #include "engine/Summaries.h"
+#include "strips/GroupingAccess.h"
 
 namespace lumeroom {
 
@@ -45,19 +46,19 @@ void StripReports::updateZones(const Lamp& lamp) const
 void StripReports::updateGroups(const Groups& groups) const
 {
     for (const auto& group : groups)
-        showSummary(group->id, m_summaries.settingsForGroup(group->id));
+        showSummary(group->id, StripType::Group);
 }
 
 void StripReports::updateLocations(const Locations& locations) const
 {
     for (const auto& location : locations)
-        showSummary(location->id, m_summaries.settingsForLocation(location->id));
+        showSummary(location->id, StripType::Location);
 }
 
 void StripReports::updateTags(const Tags& tags) const
 {
     for (const auto& tag : tags)
-        showSummary(tag->id, m_summaries.settingsForTag(tag->id));
+        showSummary(tag->id, StripType::Tag);
 }
 
 void StripReports::updateGroupAll() const
@@ -67,13 +68,16 @@ void StripReports::updateGroupAll() const
             m_log.line("can't find all group");
         return;
     }
-    showSummary(kAllLampsId, m_summaries.settingsForGroup(kAllLampsId));
+    showSummary(kAllLampsId, StripType::Group);
 }
 
-void StripReports::showSummary(std::string_view id, const Settings& summary) const
+void StripReports::showSummary(std::string_view id, StripType type) const
 {
     const auto strip = m_collection.getGroupStripWithID(id);
-    if (!strip || !summary.onoff || !summary.brightness)
+    if (!strip)
+        return;
+    const Settings summary = groupingAccess(type)->summary(m_summaries, id);
+    if (!summary.onoff || !summary.brightness)
         return;
     StripSettings report;
     report.adopt(summary);

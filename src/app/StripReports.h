@@ -8,7 +8,7 @@ class Log;
 class StripCollection;
 class StripFactory;
 class Summaries;
-struct Settings;
+enum class StripType;
 
 /// Brings what the engine knows to the strips, without anything being sent back.
 class StripReports {
@@ -24,7 +24,7 @@ public:
     void updateGroupAll() const;
 
 private:
-    void showSummary(std::string_view id, const Settings& summary) const;
+    void showSummary(std::string_view id, StripType type) const;
 
     const Summaries& m_summaries;
     const StripCollection& m_collection;

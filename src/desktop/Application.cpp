@@ -68,6 +68,8 @@ int Application::run()
     m_controller.awakeFromNib();
     makeMenus();
     makeStatusItem();
+    if (!m_commandLine.snapshotFile.empty())
+        m_panel.setDidEndLiveResize({}); // a size that the desktop insists on is not the user's
     m_panel.show();
     m_controller.applicationDidFinishLaunching();
     if (!m_commandLine.snapshotFile.empty()) {
@@ -137,6 +139,9 @@ void Application::showPanel(const QString& activationToken)
 
 void Application::quit()
 {
+    // A name that is half typed in a popover is not sent.
+    if (QWidget* popup = QApplication::activePopupWidget())
+        popup->hide();
     QCoreApplication::quit();
 }
 

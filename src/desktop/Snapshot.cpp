@@ -74,7 +74,7 @@ void Snapshot::look()
 std::size_t Snapshot::knownFacts() const
 {
     std::size_t facts = 0;
-    for (const auto& lamp : m_registry.lightsArray()) {
+    for (const auto& lamp : m_registry.distinctLamps()) {
         facts += 1U + (lamp->label.empty() ? 0U : 1U) + (lamp->product ? 1U : 0U)
             + (lamp->zones ? lamp->zones->size() : 0U);
     }
@@ -84,7 +84,7 @@ std::size_t Snapshot::knownFacts() const
 /// Whether every lamp that answered has told what it is.
 bool Snapshot::isComplete() const
 {
-    const Lamps& lamps = m_registry.lightsArray();
+    const Lamps& lamps = m_registry.distinctLamps();
     return !lamps.empty() && std::all_of(lamps.begin(), lamps.end(), [](const auto& lamp) {
         return lamp->product && !lamp->label.empty();
     });
@@ -92,7 +92,7 @@ bool Snapshot::isComplete() const
 
 std::string Snapshot::finish()
 {
-    const Lamps& lamps = m_registry.lightsArray();
+    const Lamps& lamps = m_registry.distinctLamps();
     if (lamps.empty())
         return "no lamp answered";
     std::fputs(lampTable(lamps).c_str(), stdout);

@@ -80,10 +80,10 @@ void AsyncUdpSocket::sendDataToHost(Datagram data, const std::string& host, std:
     }
     {
         const std::lock_guard lock(m_mutex);
-        const bool mayGoNow = address && m_pending.empty();
+        const bool asked = isLookingUp(host, port);
+        const bool mayGoNow = address && !asked && firstReady() == m_pending.end();
         if (mayGoNow && trySend(data, host, *address) == Sent::Done)
             return;
-        const bool asked = isLookingUp(host, port);
         enqueue({std::move(data), host, port, address});
         if (address)
             updateWatch(descriptorFor(*address));
@@ -187,6 +187,13 @@ bool AsyncUdpSocket::isLookingUp(const std::string& host, std::uint16_t port) co
     });
 }
 
+/// What goes out next: all in order, but that nobody waits for the name of another host.
+std::deque<AsyncUdpSocket::Pending>::iterator AsyncUdpSocket::firstReady()
+{
+    return std::find_if(m_pending.begin(), m_pending.end(),
+        [](const Pending& pending) { return pending.address.has_value(); });
+}
+
 void AsyncUdpSocket::enqueue(Pending pending)
 {
     if (m_closed)
@@ -208,11 +215,10 @@ void AsyncUdpSocket::flushPending()
 
 void AsyncUdpSocket::flushLocked()
 {
-    while (!m_pending.empty() && m_pending.front().address) {
-        const Pending& next = m_pending.front();
-        if (trySend(next.data, next.host, *next.address) == Sent::Later)
+    for (auto next = firstReady(); next != m_pending.end(); next = firstReady()) {
+        if (trySend(next->data, next->host, *next->address) == Sent::Later)
             break;
-        m_pending.pop_front();
+        m_pending.erase(next);
     }
     updateWatch(m_ipv4);
     updateWatch(m_ipv6);
@@ -223,8 +229,8 @@ void AsyncUdpSocket::updateWatch(int descriptor)
     if (descriptor < 0)
         return;
     const bool read = m_receiving && !m_readingPaused;
-    const bool write = !m_pending.empty() && m_pending.front().address
-        && descriptorFor(*m_pending.front().address) == descriptor;
+    const auto next = firstReady();
+    const bool write = next != m_pending.end() && descriptorFor(*next->address) == descriptor;
     const std::uint32_t events
         = (read ? std::uint32_t(EPOLLIN) : 0U) | (write ? std::uint32_t(EPOLLOUT) : 0U);
     m_io.watch(m_key, descriptor, events);

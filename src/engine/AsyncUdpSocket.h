@@ -50,6 +50,7 @@ private:
     bool openDescriptor(int& descriptor, int family);
     Sent trySend(const Datagram& data, const std::string& host, const SocketAddress& address);
     bool isLookingUp(const std::string& host, std::uint16_t port) const;
+    std::deque<Pending>::iterator firstReady();
     void enqueue(Pending pending);
     void flushLocked();
     void updateWatch(int descriptor);
@@ -73,7 +74,7 @@ private:
     bool m_readingPaused = false;
     bool m_overflowSaid = false;
     std::atomic<bool> m_closed = false;
-    std::deque<Pending> m_pending;
+    std::deque<Pending> m_pending; ///< with an address, or with a name that is being looked up
     std::size_t m_undelivered = 0;
 };
 

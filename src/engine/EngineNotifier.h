@@ -29,10 +29,10 @@ public:
         if (m_delegate)
             m_delegate->newZoneAdded();
     }
-    void sendPowerOfMultiZoneLampChangedNotificationToDelegate() const
+    void sendLampPowerReportedNotificationToDelegate() const
     {
         if (m_delegate)
-            m_delegate->powerOfMultiZoneLampChanged();
+            m_delegate->lampPowerReported();
     }
     void sendEngineIsSsearchingToDelegate(bool searching) const
     {

@@ -114,6 +114,7 @@ void LampCommands::sendPowerToLamp(bool on, Lamp& lamp)
     const auto seconds = static_cast<float>(m_defaults.get(keys::kDefaultTransition));
     const std::uint32_t duration = millisecondsFromSeconds(seconds);
     sendDirect("LIGHT_SETPOWER", lamp, wire::lightSetPower(lamp.mac, on, duration));
+    lamp.powerSent = on;
 }
 
 void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
@@ -154,7 +155,10 @@ void LampCommands::sendSetLabelToLamp(const std::string& label, Lamp& lamp)
 
 void LampCommands::sendSettings(const Settings& settings, Lamp& lamp)
 {
-    if (settings.onoff && *settings.onoff != lamp.onoff.value_or(false))
+    // Nothing is sent to a lamp that is so already, and was not just told otherwise.
+    const bool present = lamp.onoff.value_or(false);
+    if (settings.onoff
+        && (*settings.onoff != present || *settings.onoff != lamp.powerSent.value_or(present)))
         sendPowerToLamp(*settings.onoff, lamp);
     if (settings.hasAny())
         sendColourToLamp(settings, lamp);

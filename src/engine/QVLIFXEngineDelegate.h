@@ -23,8 +23,9 @@ public:
     virtual void lampStatesChanged() = 0;
     virtual void lampZoneStatesChanged() = 0;
     virtual void newZoneAdded() = 0;
-    /// Its colour the zones tell, its power nobody else.
-    virtual void powerOfMultiZoneLampChanged() = 0;
+    /// The power of a multizone lamp changed, whose colour the zones tell; or a lamp that was
+    /// switched has reported the power it had before.
+    virtual void lampPowerReported() = 0;
     virtual void engineIsSsearching(bool searching) = 0;
     /// What a lamp can do became known, or turned out otherwise.
     virtual void lampCapabilitiesChanged() = 0;

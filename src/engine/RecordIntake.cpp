@@ -165,8 +165,14 @@ void RecordIntake::addHuePowerToLamp(
         return;
     const LampColour reported = fromWire(colour);
     const bool on = (power & 0xFFU) != 0; // only the low byte counts
-    if (sameColour(*lamp, reported) && lamp->onoff.value_or(false) == on)
+    const bool wasSwitched = std::exchange(lamp->powerSent, std::nullopt).has_value();
+    if (sameColour(*lamp, reported) && lamp->onoff.value_or(false) == on) {
+        if (wasSwitched) { // and did not hear of it, perhaps: the panel shows what it was told
+            ++lamp->reports;
+            m_notifier.sendLampPowerReportedNotificationToDelegate();
+        }
         return;
+    }
     const bool powerChanged = lamp->onoff != on; // as its first report does
     lamp->adopt(reported);
     lamp->onoff = on;
@@ -177,7 +183,7 @@ void RecordIntake::addHuePowerToLamp(
     }
     lamp->adopt(settingsForMultiZoneLamp(*lamp)); // whose colours the zone notifications tell
     if (powerChanged)
-        m_notifier.sendPowerOfMultiZoneLampChangedNotificationToDelegate();
+        m_notifier.sendLampPowerReportedNotificationToDelegate();
 }
 
 void RecordIntake::addGroupToLamp(const std::shared_ptr<Group>& group, const Target& target)

@@ -155,6 +155,8 @@ struct Lamp : LampColour {
     LampPolling polling;
     bool labelIsKnown = false; ///< the lamp has told its label, if only an empty one
     std::optional<bool> onoff;
+    /// What was sent last, until the lamp reports its power. It may not have heard of it.
+    std::optional<bool> powerSent;
     std::uint64_t reports = 0; ///< of colour and power that were news, counted
     std::shared_ptr<Group> group;
     std::shared_ptr<Location> location;
@@ -166,6 +168,8 @@ struct Lamp : LampColour {
     std::optional<int> zonecount; ///< 0 to 255
     std::optional<std::vector<Zone>> zones; ///< in order of arrival
 
+    /// As the lamp was told, or else as it has reported.
+    std::optional<bool> expectedPower() const { return powerSent ? powerSent : onoff; }
     /// Takes on what was told of the lamp. What belongs to the record's own address stays.
     void inherit(const Lamp& other);
     /// The colour, power and label as one dictionary entry each, with every other key that is set.

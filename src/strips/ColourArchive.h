@@ -8,7 +8,7 @@ namespace lumeroom {
 class Log;
 
 /// The stored form of a colour: a keyed archive of "hue", "saturation", "brightness" and "kelvin".
-/// A brightness beyond 1 is stored as 1. A colour without kelvin is given 3500 K by this.
+/// A colour without kelvin is given 3500 K by this.
 Value::Data archivedColour(Colour& colour);
 
 /// The colour in an archive; nothing for null. One that lacks a component is solid red, and so are

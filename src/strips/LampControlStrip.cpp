@@ -148,9 +148,10 @@ void LampControlStrip::actForLampOnOff(const Settings& full)
     m_engineRoom->commands().lampOn(m_target.id, on);
     if (!on)
         return;
-    // The lamp comes on with what the strip shows; a multizone lamp keeps its zones' colours.
+    // The lamp comes on with what the strip shows. A multizone lamp keeps its zones' colours, and
+    // one that has told nothing yet its own.
     const auto lamp = m_engineRoom->registry().lampWithID(m_target.id);
-    if (!lamp || !lamp->zones)
+    if (lamp && lamp->brightness && !lamp->zones)
         m_engineRoom->commands().sendSettingsToLamp(full, m_target.id);
 }
 

@@ -11,6 +11,13 @@ std::shared_ptr<MenuItemModel> MenuItemModel::separator()
     return item;
 }
 
+bool MenuItemModel::standsFor(const MenuItemModel& other) const
+{
+    if (m_separator || other.m_separator || m_identity != other.m_identity)
+        return false;
+    return !m_identity.empty() || m_title == other.m_title;
+}
+
 void MenuItemModel::choose() const
 {
     // What is chosen may fill the menu anew, and this entry goes with the old ones.
@@ -53,9 +60,13 @@ std::shared_ptr<MenuItemModel> MenuModel::itemWithTitle(std::string_view title) 
 
 void MenuModel::choose(const std::shared_ptr<MenuItemModel>& item) const
 {
-    const bool isThere = std::find(m_items.begin(), m_items.end(), item) != m_items.end();
-    if (const auto meant = isThere ? item : itemWithTitle(item->title()))
-        meant->choose();
+    auto meant = std::find(m_items.begin(), m_items.end(), item);
+    if (meant == m_items.end()) {
+        meant = std::find_if(m_items.begin(), m_items.end(),
+            [&](const auto& present) { return present->standsFor(*item); });
+    }
+    if (meant != m_items.end())
+        (*meant)->choose();
 }
 
 } // namespace lumeroom

@@ -22,6 +22,11 @@ public:
     /// A number that goes with the entry; wider than a control's tag.
     std::int64_t representedTag() const { return m_representedTag; }
     void setRepresentedTag(std::int64_t tag) { m_representedTag = tag; }
+    /// What the entry stands for, where it is more than its title; titles may be alike.
+    const std::string& identity() const { return m_identity; }
+    void setIdentity(std::string identity) { m_identity = std::move(identity); }
+    /// Whether this is the other entry, made anew.
+    bool standsFor(const MenuItemModel& other) const;
     bool isSeparator() const { return m_separator; }
     static std::shared_ptr<MenuItemModel> separator();
 
@@ -40,6 +45,7 @@ public:
 
 private:
     std::string m_title;
+    std::string m_identity;
     std::int64_t m_representedTag = 0;
     bool m_separator = false;
     ControlTarget* m_target = nullptr;
@@ -67,7 +73,8 @@ public:
     /// The first with this title; null if there is none.
     std::shared_ptr<MenuItemModel> itemWithTitle(std::string_view title) const;
     /// The user chose this entry in a view of the menu. Where the menu has been filled anew since
-    /// the view showed it, its entry of the same title is meant; without one nothing happens.
+    /// the view showed it, the entry that stands for the same is meant; without one nothing
+    /// happens.
     void choose(const std::shared_ptr<MenuItemModel>& item) const;
 
     /// Each entry that comes is a change, and so is the going of all.

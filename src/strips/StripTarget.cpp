@@ -10,6 +10,14 @@ bool StripTarget::isGroup() const
     return groupingAccess(type) != nullptr;
 }
 
+bool StripTarget::isKnown(const LampRegistry& registry) const
+{
+    if (const auto* access = groupingAccess(type))
+        return id == kAllLampsId || access->label(registry, id);
+    return registry.lampWithID(type == StripType::Zone ? id.substr(0, id.rfind('-')) : id)
+        != nullptr;
+}
+
 void StripTarget::sendSettingsToGroup(LampCommands& commands, const Settings& settings) const
 {
     if (const auto* access = groupingAccess(type))

@@ -7,6 +7,7 @@ namespace lumeroom {
 
 class EngineRoom;
 class LampCommands;
+class LampRegistry;
 struct Settings;
 
 /// The kinds of target.
@@ -19,6 +20,7 @@ struct StripTarget {
     StripType type = StripType::None;
 
     bool isGroup() const;
+    bool isKnown(const LampRegistry& registry) const;
     bool operator==(const StripTarget&) const = default;
     bool operator<(const StripTarget& other) const
     {

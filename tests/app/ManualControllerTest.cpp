@@ -179,6 +179,7 @@ TEST_F(Controller, theWindowBeginsAsItWasLeftAndAQuitWithoutLampsChangesNothing)
     EXPECT_EQ(linesWith("manual window did load"), 1);
     EXPECT_EQ(panel.content, (Size{955, 640})); // before there is any lamp
     again.applicationDidFinishLaunching();
+    again.switchTheme(2);
     again.applicationShouldTerminate();
     panel.content = {300, 300};
     EXPECT_EQ(defaults.objectForKey("sortOrder"), order);

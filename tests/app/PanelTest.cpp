@@ -272,15 +272,47 @@ TEST_F(Panel, drillingDownAndBack)
     EXPECT_TRUE(row("Desk").shown);
 }
 
-// Lamps that have not been on the panel yet show twice when the user drills down to them.
-TEST_F(Panel, lampsNewToThePanelShowTwice)
+TEST_F(Panel, lampsNewToThePanelShowOnce)
 {
     furnish();
     navigation().groups.press();
     navigation().lights.press();
     controller.switchTheme(1); // no strip of a lamp is kept
     row("Study").strip.navigationButton().press();
-    EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling", "Desk", "Ceiling"}));
+    EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling"}));
+    controller.applicationShouldTerminate();
+    EXPECT_EQ(defaults.get(keys::kSortOrder).size(), 2U);
+}
+
+TEST_F(Panel, aGroupThatBecomesKnownIsInTheMenusAndOnThePanel)
+{
+    furnish();
+    showEverything();
+    receive(stateGrouping(kStateGroup, 3, 8, "Hall"));
+    loop.runPosted();
+    EXPECT_EQ(titles(controller.workflows().editGroupMenu()), (Names{"Study", "Hall"}));
+    loop.advance(Seconds(2));
+    EXPECT_EQ(row("Hall").strip.navigationButton().toolTip(), "View 1 lamps");
+}
+
+TEST_F(Panel, aRowShowsThePowerThatWasSentUntilItsLampTellsItsOwn)
+{
+    furnish();
+    row("Desk").strip.onOffButton().press();
+    panel.didEndLiveResize();
+    loop.runPosted();
+    EXPECT_FALSE(row("Desk").strip.onOffButton().state());
+    sockets.take();
+    row("Desk").strip.onOffButton().press();
+    row("Desk").strip.onOffButton().press();
+    engine().commands().sendSettingsToLamp(Settings::fromDictionary({{"onoff", true}}), lampID(1));
+    EXPECT_EQ(sockets.takeOfType(117).size(), 3U); // though the lamp last reported to be on
+    engine().commands().lampOn(lampID(1), false);
+    loop.advance(Seconds(6));
+    EXPECT_FALSE(row("Desk").strip.onOffButton().state());
+    receive(lightState(1, {.brightness = 50000, .label = "Desk"})); // the last got lost
+    loop.runPosted();
+    EXPECT_TRUE(row("Desk").strip.onOffButton().state());
 }
 
 TEST_F(Panel, whatIsEmptyIsNotWaitedFor)

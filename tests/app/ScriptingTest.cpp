@@ -55,6 +55,7 @@ TEST_F(ScriptingTest, setGoesTheStripsWayAndSaysWhatItWouldNotSendAndApplyAlways
     EXPECT_TRUE(lamp->reasonNotToSend({.hue = 1}));
     EXPECT_FALSE(scripting.strip(kitchen)->reasonNotToSend({.hue = 1}));
     EXPECT_FALSE(lamp->reasonNotToSend({.brightness = 100}));
+    EXPECT_TRUE(lamp->reasonNotToSend({.brightness = 193})); // one below
     lamp->set({.brightness = 100});
     EXPECT_EQ(sent(102), 1U);
     EXPECT_TRUE(lamp->reasonNotToSend({.brightness = 50}));
@@ -129,6 +130,7 @@ TEST_F(ScriptingTest, zonesAndManyStripsThatAreNotShown)
     sockets.take();
     const StripTarget zone{lampID(3) + "-2", StripType::Zone};
     EXPECT_EQ(shown(zone).hue, 0); // 102 of 65,535
+    EXPECT_TRUE(scripting.strip(zone)->reasonToRefuse({.state = false}));
     scripting.strip(zone)->apply({.brightness = 40});
     EXPECT_EQ(sent(501), 1U);
     const auto kept = finder.stripFor(zone);

@@ -57,9 +57,17 @@ TEST_F(StatusItem, theMenuControlsTheLamps)
     EXPECT_EQ(calls, (Lines{"on", "off", "show", "show"}));
     EXPECT_EQ(titles(*items[2]->submenu()), (Lines{"Turn all on", "Turn all off"}));
 
-    statusMenu.begin(); // anew
+    other->label().setText("Desk");
     statusMenu.addStrip(*other);
-    EXPECT_EQ(titles(statusMenu.statusMenu()).size(), 5U);
+    const auto old = statusMenu.statusMenu().items().back();
+    statusMenu.begin(); // anew, while a view still shows the old entries
+    statusMenu.addStrip(*desk);
+    statusMenu.addStrip(*other);
+    EXPECT_EQ(titles(statusMenu.statusMenu()).size(), 6U);
+    desk->deactivate();
+    EXPECT_FALSE(other->embargo());
+    statusMenu.statusMenu().choose(old);
+    EXPECT_TRUE(other->embargo()); // it was meant, not the lamp of the same name
 }
 
 TEST_F(StatusItem, theBadgeCountsLitLamps)

@@ -146,9 +146,9 @@ TEST_F(Commands, aLampHeardAtTwoAddressesIsToldAtBoth)
     const List all{"127.0.9.1", "127.0.9.2", "127.0.9.81", "127.0.9.82"};
     engine().commands().groupOn("0", false);
     EXPECT_EQ(hosts(117), all);
-    engine().commands().groupOn(std::string(32, 'a'), false);
+    engine().commands().groupOn(std::string(32, 'a'), true);
     EXPECT_EQ(hosts(117), all);
-    engine().commands().tagOn("Night", false);
+    engine().commands().tagOn("Night", true);
     EXPECT_EQ(hosts(117), desk);
     engine().commands().sendSettingsToGroup(settings({{"onoff", true}}), std::string(32, 'a'));
     EXPECT_TRUE(hosts(117).empty()); // both are on, wherever they are

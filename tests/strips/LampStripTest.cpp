@@ -47,14 +47,16 @@ TEST_F(LampStrip, aDragSendsTenASecondAndItsLastValue)
     EXPECT_EQ(commands.back(), "colour 1: 1000 65025 25245 3500");
 }
 
-TEST_F(LampStrip, powerOnLeavesTheColoursOfZonesAlone)
+TEST_F(LampStrip, powerOnLeavesColoursAloneThatAreZonesOrUnknown)
 {
     const auto strip = makeLampStrip();
     receive(stateZone(1, 8, 0, 5));
     sockets.take();
     strip->switchOff();
     strip->switchOn();
-    EXPECT_EQ(sent(), (Lines{"power 1 off", "power 1 on"}));
+    receive(stateService(2), "127.0.9.2"); // nothing is known of its colour yet
+    makeStrip(lampID(2), StripType::Lamp)->switchOn();
+    EXPECT_EQ(sent(), (Lines{"power 1 off", "power 1 on", "power 2 on"}));
 }
 
 TEST_F(LampStrip, aDeactivatedStripIsDeaf)

@@ -39,18 +39,20 @@ TEST_F(Targets, eachKindOfGroupGoesItsOwnWay)
         std::string id;
         StripType type;
         std::vector<int> lamps;
+        bool isKnown;
     } cases[] = {
-        {kDen, StripType::Group, {1}},
-        {kHome, StripType::Location, {2}},
-        {"Old", StripType::Tag, {3}},
-        {"0", StripType::Group, {1, 2, 3, 4}},
-        {kHome, StripType::Group, {2}}, // the engine's group routine knows locations too
-        {kDen, StripType::Location, {}},
-        {kDen, StripType::None, {}},
+        {kDen, StripType::Group, {1}, true},
+        {kHome, StripType::Location, {2}, true},
+        {"Old", StripType::Tag, {3}, true},
+        {"0", StripType::Group, {1, 2, 3, 4}, true},
+        {kHome, StripType::Group, {2}, false}, // but the engine's group routine finds locations
+        {kDen, StripType::Location, {}, false},
+        {kDen, StripType::None, {}, false},
     };
     for (const auto& c : cases) {
         const auto strip = makeStrip(c.id, c.type);
         EXPECT_EQ(strip->isGroup(), c.type != StripType::None);
+        EXPECT_EQ(strip->target().isKnown(engine().registry()), c.isKnown);
         strip->brightnessSlider().moveTo(100.5F);
         strip->satSlider().moveTo(255);
         loop.advance(Seconds(0.1));

@@ -48,7 +48,7 @@ public:
     void lampStatesChanged() override { ++states; }
     void lampZoneStatesChanged() override { ++zoneStates; }
     void newZoneAdded() override { ++newZones; }
-    void powerOfMultiZoneLampChanged() override { ++zonePowers; }
+    void lampPowerReported() override { ++zonePowers; }
     void engineIsSsearching(bool now) override { searching.push_back(now); }
     void lampCapabilitiesChanged() override { }
     int runModal(const Alert& alert) override

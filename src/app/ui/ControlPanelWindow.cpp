@@ -239,8 +239,10 @@ void ControlPanelWindow::settleFocus()
     QWidget* place = m_navigation;
     for (QWidget* control : m_contentView->findChildren<QWidget*>()) {
         if (!m_focusedControl.isEmpty() && control->accessibleName() == m_focusedControl
-            && isUsable(control) && !control->parentWidget()->isHidden())
+            && isUsable(control) && !control->parentWidget()->isHidden()) {
             place = control;
+            break;
+        }
     }
     if (place)
         place->setFocus();

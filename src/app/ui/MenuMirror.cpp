@@ -28,7 +28,7 @@ MenuMirror::MenuMirror(const MenuModel& model, QMenu& menu, RunLoop& runLoop, Me
 bool MenuMirror::Entry::canShow(const MenuItemModel& other) const
 {
     return item->isSeparator() == other.isSeparator() && item->submenu() == other.submenu()
-        && item->title() == other.title();
+        && item->title() == other.title() && item->identity() == other.identity();
 }
 
 // What is the same from the top stays: over the bus a menu may be open without a word of it here,

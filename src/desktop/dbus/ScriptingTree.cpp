@@ -170,9 +170,10 @@ QString ScriptingTree::introspect(const QString& path) const
 bool ScriptingTree::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
 {
     const QString interface = message.interface();
+    const bool mayExist = message.path().size() <= kMostCharacters;
     // The bus library describes the objects, and paths of nothing too, and answers pings.
     if (message.type() != QDBusMessage::MethodCallMessage || interface == kPeer
-        || (interface == kIntrospectable && exists(message.path())))
+        || (interface == kIntrospectable && mayExist && exists(message.path())))
         return false;
     QDBusMessage reply;
     try {

@@ -159,8 +159,9 @@ private:
             if (property.name == name)
                 return property;
         }
-        throw Refusal{
-            QDBusError::UnknownProperty, QStringLiteral("There is no property %1.").arg(name)};
+        constexpr int kShown = 100;
+        throw Refusal{QDBusError::UnknownProperty,
+            QStringLiteral("There is no property %1.").arg(name.left(kShown))};
     }
 
     QVariantMap named(const QVariantList& list, const QVariantList& apartFrom) const

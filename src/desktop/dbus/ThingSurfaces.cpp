@@ -114,7 +114,10 @@ ThingSurface::Method apply(const Scripting& scripting, const ThingSurface& surfa
             const auto properties = qdbus_cast<QVariantMap>(arguments[0]);
             for (auto it = properties.begin(); it != properties.end(); ++it)
                 surface.take(changes, it.key(), it.value());
-            found(scripting.strip(thing.target)).apply(changes);
+            const auto strip = scripting.strip(thing.target);
+            if (const auto reason = found(strip).reasonToRefuse(changes))
+                throw Refusal{QDBusError::Failed, QString::fromUtf8(*reason)};
+            strip->apply(changes);
             return QVariantList();
         }};
 }

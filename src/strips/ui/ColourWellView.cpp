@@ -40,7 +40,7 @@ ColourWellView::ColourWellView(ColourWellModel& model, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
     setMouseTracking(true);
-    setAccessibleName(tr("colour"));
+    setAccessibleName(tr("colour well"));
     connect(this, &QAbstractButton::clicked, this, [this] { m_model.showThePopover(); });
     m_model.setPopover(this);
     m_model.setColourPicker(ColourPickerPopover::shared().picker());

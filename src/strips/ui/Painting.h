@@ -10,7 +10,6 @@ class QWidget;
 
 namespace lumeroom {
 
-/// Parts beyond 0 and 1 are cut off: a well may hold a brightness in lamp units.
 QColor qColor(const Rgba& rgba);
 QRectF qRect(const Rectangle& rectangle);
 Rectangle rectangleFrom(const QRectF& rect);

@@ -125,11 +125,8 @@ void SliderView::mousePressEvent(QMouseEvent* event)
     const QPointF mouse = event->position();
     const bool onKnob = QLineF(mouse, knobCentre()).length() <= kKnobRadius;
     m_grip = onKnob ? placeOf(mouse) - placeOf(knobCentre()) : 0;
-    const int before = value();
     if (!onKnob)
         follow(mouse);
-    if (value() == before) // to take hold of it is an action too, which holds reports off
-        m_model.moveTo(m_model.value());
 }
 
 void SliderView::mouseMoveEvent(QMouseEvent* event)
