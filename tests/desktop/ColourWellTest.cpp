@@ -57,11 +57,10 @@ struct ColourWell : ::testing::Test, ControlTarget {
     }
     void handleControl(const ControlModel&) override { ++handled; }
     void unfilteredAction(const ControlModel&) override { }
-    static ColourPickerPopover& popover() { return ColourPickerPopover::shared(); }
-    ZTColourPicker& picker() { return *popover().picker(); }
+    ZTColourPicker& picker() { return *popover.picker(); }
     QAbstractButton& button(const QString& title)
     {
-        for (QPushButton* found : popover().findChildren<QPushButton*>()) {
+        for (QPushButton* found : popover.findChildren<QPushButton*>()) {
             if (found->text() == title)
                 return *found;
         }
@@ -90,8 +89,9 @@ struct ColourWell : ::testing::Test, ControlTarget {
     Log log{[](std::string_view) {}};
     int handled = 0;
     ColourWellModel model{loop, defaults, log};
+    ColourPickerPopover popover;
     QWidget window;
-    Well* well = new Well(model, &window);
+    Well* well = new Well(model, popover, &window);
 };
 
 TEST_F(ColourWell, aClickOrAKeyOpensThePopoverOnTheScreen)
@@ -101,16 +101,16 @@ TEST_F(ColourWell, aClickOrAKeyOpensThePopoverOnTheScreen)
         {screen.topLeft(), QPoint(screen.right() - 60, screen.top()), screen.bottomRight()}) {
         window.move(corner);
         click();
-        ASSERT_TRUE(popover().isVisible());
-        EXPECT_TRUE(screen.contains(popover().geometry()));
-        EXPECT_FALSE(popover().geometry().intersects(
+        ASSERT_TRUE(popover.isVisible());
+        EXPECT_TRUE(screen.contains(popover.geometry()));
+        EXPECT_FALSE(popover.geometry().intersects(
             QRect(well->mapToGlobal(QPoint(0, 0)), well->size()) & screen));
-        key(popover(), Qt::Key_Escape);
-        EXPECT_FALSE(popover().isVisible());
+        key(popover, Qt::Key_Escape);
+        EXPECT_FALSE(popover.isVisible());
     }
     key(*well, Qt::Key_Return);
-    EXPECT_TRUE(popover().isVisible());
-    popover().close();
+    EXPECT_TRUE(popover.isVisible());
+    popover.close();
 }
 
 TEST_F(ColourWell, aPressOutsideClosesThePopover)
@@ -121,10 +121,10 @@ TEST_F(ColourWell, aPressOutsideClosesThePopover)
     } cases[] = {{{30, 30}, false}, {{5, 190}, true}};
     for (const auto& c : cases) {
         click();
-        mouseAt(popover(), QEvent::MouseButtonPress,
-            popover().mapFromGlobal(window.mapToGlobal(c.place)));
-        EXPECT_FALSE(popover().isVisible());
-        EXPECT_EQ(popover().testAttribute(Qt::WA_NoMouseReplay), !c.replayed);
+        mouseAt(
+            popover, QEvent::MouseButtonPress, popover.mapFromGlobal(window.mapToGlobal(c.place)));
+        EXPECT_FALSE(popover.isVisible());
+        EXPECT_EQ(popover.testAttribute(Qt::WA_NoMouseReplay), !c.replayed);
     }
 }
 
@@ -132,7 +132,7 @@ TEST_F(ColourWell, picksInBothModes)
 {
     model.setColour({0.5F, 1, 0.5F, 1, 4000});
     click();
-    auto* circle = popover().findChild<CircularSliderView*>();
+    auto* circle = popover.findChild<CircularSliderView*>();
     ASSERT_TRUE(circle);
     EXPECT_EQ(circle->accessibleDescription(), "hue 180 degrees, saturation 100 percent");
     EXPECT_EQ(model.colour(), (Colour{0.5F, 1, 0.5F, 1, 4000}));
@@ -148,7 +148,7 @@ TEST_F(ColourWell, picksInBothModes)
     mouseAt(*circle, QEvent::MouseMove, {500, 100});
     mouseAt(*circle, QEvent::MouseButtonRelease, {500, 100});
     EXPECT_EQ(model.colour(), (Colour{0, 0, 0.5F, 1, 2500}));
-    popover().findChild<SliderView*>()->setValue(51);
+    popover.findChild<SliderView*>()->setValue(51);
     EXPECT_EQ(model.colour(), (Colour{0, 0, 0.2F, 1, 2500}));
     EXPECT_EQ(handled, 0);
     loop.advance(Seconds(0.1));
@@ -158,18 +158,18 @@ TEST_F(ColourWell, picksInBothModes)
 TEST_F(ColourWell, thePickerOutlivesNeitherWellNorWindow)
 {
     click();
-    auto keep = popover().picker();
+    auto keep = popover.picker();
     delete std::exchange(well, nullptr);
-    EXPECT_FALSE(popover().isVisible());
+    EXPECT_FALSE(popover.isVisible());
     EXPECT_EQ(keep->delegate(), nullptr);
 
     auto other = std::make_unique<QWidget>();
-    new ColourWellView(model, other.get());
+    new ColourWellView(model, popover, other.get());
     other->show();
     model.showThePopover();
     EXPECT_EQ(keep->delegate(), &model);
     other.reset();
-    EXPECT_FALSE(popover().isVisible());
+    EXPECT_FALSE(popover.isVisible());
     keep->moveBrightnessTo(0.5F);
 }
 
@@ -208,7 +208,7 @@ TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
     mouse(*well, QEvent::MouseMove, 29);
     mouse(*well, QEvent::MouseButtonRelease, 29);
     EXPECT_EQ(well->drags, 1);
-    EXPECT_FALSE(popover().isVisible());
+    EXPECT_FALSE(popover.isVisible());
 
     const std::unique_ptr<QMimeData> dragged(makeColourDragData(model));
     model.setColour({});

@@ -9,6 +9,7 @@
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
 #include "strips/LayoutManager.h"
+#include "strips/ui/ColourPickerPopover.h"
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/SliderView.h"
@@ -169,7 +170,8 @@ struct StripViews : ::testing::Test {
     test::FakeOwner owner;
     std::shared_ptr<LampControlStrip> strip = std::make_shared<LampControlStrip>(
         "1", StripType::Lamp, StripSurroundings{loop, defaults, log, owner});
-    ControlStripView view{*strip, theme::kHorizontalControl};
+    ColourPickerPopover picker;
+    ControlStripView view{*strip, theme::kHorizontalControl, picker};
 };
 
 TEST_F(StripViews, controlsFollowTheHandTheKeysAndTheModel)

@@ -122,7 +122,7 @@ TEST_F(StripRows, aNewRowTakesTheStripOverAndANameShowsAsItStands)
 {
     LampControlStrip& strip = addStrip("Lamp", theme::kHorizontalControl);
     strip.setControlStripView(
-        std::make_unique<ControlStripView>(strip, theme::kSquareControl, &container));
+        std::make_unique<ControlStripView>(strip, theme::kSquareControl, picker, &container));
     container.show();
     QCoreApplication::processEvents();
     const std::string name = "<b>A lamp</b> & its very long name that no card has room for";

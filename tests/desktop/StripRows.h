@@ -3,6 +3,7 @@
 #include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "strips/LayoutManager.h"
+#include "strips/ui/ColourPickerPopover.h"
 #include "strips/ui/ControlStripView.h"
 #include "support/FakeOwner.h"
 #include "support/ManualRunLoop.h"
@@ -19,7 +20,8 @@ struct StripRows : ::testing::Test {
         strips.push_back(std::make_unique<LampControlStrip>(number, StripType::Lamp, surroundings));
         LampControlStrip& strip = *strips.back();
         strip.label().setText(name);
-        strip.setControlStripView(std::make_unique<ControlStripView>(strip, theme, &container));
+        strip.setControlStripView(
+            std::make_unique<ControlStripView>(strip, theme, picker, &container));
         return strip;
     }
     static ControlStripView& rowOf(LampControlStrip& strip)
@@ -41,6 +43,7 @@ struct StripRows : ::testing::Test {
     Log log;
     FakeOwner owner;
     StripSurroundings surroundings{loop, defaults, log, owner};
+    ColourPickerPopover picker;
     QWidget container;
     std::vector<std::unique_ptr<LampControlStrip>> strips; ///< go before the container
 };

@@ -8,6 +8,7 @@
 #include "app/ui/WorkflowPopoverView.h"
 #include "strips/LayoutManager.h"
 #include "strips/MenuModel.h"
+#include "strips/ui/ColourPickerPopover.h"
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/FadeIn.h"
 #include "strips/ui/MenuEntry.h"
@@ -49,6 +50,7 @@ ControlPanelWindow::ControlPanelWindow()
     , m_contentView(new QWidget)
     , m_mainWindowThrobber(new Throbber(m_scrollView))
     , m_resizeRest(new QTimer(this))
+    , m_colourPicker(std::make_unique<ColourPickerPopover>())
 {
     m_scrollView->setWidget(m_contentView);
     m_scrollView->setFrameShape(QFrame::NoFrame);
@@ -144,7 +146,7 @@ std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
     if (theme < 0 || theme >= theme::kCount)
         return nullptr;
     m_keyboardOrder.clear(); // it may name a row that is gone, whose address this one can have
-    return std::make_unique<ControlStripView>(strip, theme, m_contentView);
+    return std::make_unique<ControlStripView>(strip, theme, *m_colourPicker, m_contentView);
 }
 
 Size ControlPanelWindow::contentSize() const

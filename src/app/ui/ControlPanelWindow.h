@@ -11,6 +11,7 @@ class QTimer;
 namespace lumeroom {
 
 class Throbber;
+class ColourPickerPopover;
 class WorkflowPopoverView;
 
 /// The window of the control panel: the navigation, and beside it the strips in a container that
@@ -72,6 +73,7 @@ private:
     QTimer* m_resizeRest; ///< runs out when the window has kept its size for a moment
     QSize m_endedSize; ///< what was told last, unless another size was asked for since
     QSize m_askedSize; ///< of the content
+    std::unique_ptr<ColourPickerPopover> m_colourPicker; ///< of all wells
     bool m_shownBefore = false;
     QString m_focusedControl; ///< in a row, by its accessible name
     std::vector<LampControlStripView*> m_keyboardOrder;

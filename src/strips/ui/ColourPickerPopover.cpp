@@ -43,16 +43,6 @@ QPoint placeBeside(const QRect& well, QSize size, const QRect& screen, ColourWel
 
 } // namespace
 
-ColourPickerPopover& ColourPickerPopover::shared()
-{
-    static std::unique_ptr<ColourPickerPopover> popover;
-    if (!popover) {
-        popover.reset(new ColourPickerPopover);
-        qAddPostRoutine([] { popover.reset(); }); // no widget may outlive the application
-    }
-    return *popover;
-}
-
 ColourPickerPopover::ColourPickerPopover()
     : QFrame(nullptr, Qt::Popup)
     , m_brightness(0, kLevels)

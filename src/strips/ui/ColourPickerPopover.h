@@ -10,13 +10,13 @@ namespace lumeroom {
 
 class CircularSliderView;
 
-/// The picker beside a well, which all wells share. A press outside or Escape closes it.
+/// The picker beside a well, which all wells of a window share. A press outside or Escape closes
+/// it.
 class ColourPickerPopover : public QFrame, private ControlTarget {
     Q_OBJECT
 
 public:
-    /// Made when first asked for; goes with the application.
-    static ColourPickerPopover& shared();
+    ColourPickerPopover();
     ~ColourPickerPopover() override;
 
     const std::shared_ptr<ZTColourPicker>& picker() const { return m_picker; }
@@ -29,7 +29,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    ColourPickerPopover();
     QAbstractButton* addMode(const QString& title, ZTColourPicker::Control control);
     void handleControl(const ControlModel& sender) override;
     void unfilteredAction(const ControlModel&) override { }

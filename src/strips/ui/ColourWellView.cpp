@@ -32,9 +32,10 @@ float linesOf(const QWheelEvent& event)
 
 } // namespace
 
-ColourWellView::ColourWellView(ColourWellModel& model, QWidget* parent)
+ColourWellView::ColourWellView(ColourWellModel& model, ColourPickerPopover& picker, QWidget* parent)
     : QAbstractButton(parent)
     , m_model(model)
+    , m_picker(picker)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
@@ -43,7 +44,7 @@ ColourWellView::ColourWellView(ColourWellModel& model, QWidget* parent)
     setAccessibleName(tr("colour well"));
     connect(this, &QAbstractButton::clicked, this, [this] { m_model.showThePopover(); });
     m_model.setPopover(this);
-    m_model.setColourPicker(ColourPickerPopover::shared().picker());
+    m_model.setColourPicker(m_picker.picker());
     followModel(m_model, this, &ColourWellView::mirror);
 }
 
@@ -74,7 +75,7 @@ QSize ColourWellView::sizeHint() const
 
 void ColourWellView::showAtWell(Edge preferredEdge)
 {
-    ColourPickerPopover::shared().showAt(*this, preferredEdge);
+    m_picker.showAt(*this, preferredEdge);
 }
 
 void ColourWellView::mousePressEvent(QMouseEvent* event)

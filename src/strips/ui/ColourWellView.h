@@ -6,13 +6,15 @@
 
 namespace lumeroom {
 
+class ColourPickerPopover;
+
 /// A round swatch of a colour. A click opens the picker, the wheel dims, and colours can be dragged
-/// out and dropped in. The model must outlive it.
+/// out and dropped in. The model and, until the last click, the picker must outlive it.
 class ColourWellView : public QAbstractButton, private ColourWellPopover {
     Q_OBJECT
 
 public:
-    ColourWellView(ColourWellModel& model, QWidget* parent);
+    ColourWellView(ColourWellModel& model, ColourPickerPopover& picker, QWidget* parent);
     ~ColourWellView() override;
 
     QSize sizeHint() const override;
@@ -38,6 +40,7 @@ private:
     void mirror();
 
     ColourWellModel& m_model;
+    ColourPickerPopover& m_picker;
     std::optional<QPoint>
         m_pointedAt; ///< where the well was on the screen when the mouse moved on it
     bool m_dragged = false;

@@ -56,10 +56,11 @@ void reveal(const ControlStripView& row)
 
 } // namespace
 
-ControlStripView::ControlStripView(LampControlStrip& strip, int theme, QWidget* parent)
+ControlStripView::ControlStripView(
+    LampControlStrip& strip, int theme, ColourPickerPopover& picker, QWidget* parent)
     : QWidget(parent)
     , m_strip(strip)
-    , m_widgets(strip, this)
+    , m_widgets(strip, picker, this)
     , m_drag(strip, *this, *m_widgets.handle)
     , m_glide(this, "pos")
 {

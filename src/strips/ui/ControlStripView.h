@@ -10,13 +10,16 @@
 
 namespace lumeroom {
 
+class ColourPickerPopover;
+
 /// One strip in the layout of a theme. The user moves it by its handle.
 class ControlStripView : public QWidget, public LampControlStripView {
     Q_OBJECT
 
 public:
     /// `theme` is one that exists.
-    ControlStripView(LampControlStrip& strip, int theme, QWidget* parent = nullptr);
+    ControlStripView(
+        LampControlStrip& strip, int theme, ColourPickerPopover& picker, QWidget* parent = nullptr);
 
     Size size() const override;
     /// While the row glides, the place that it glides to.

@@ -36,7 +36,7 @@ QString text(const char* source)
 
 } // namespace
 
-StripWidgets::StripWidgets(LampControlStrip& strip, QWidget* row)
+StripWidgets::StripWidgets(LampControlStrip& strip, ColourPickerPopover& picker, QWidget* row)
 {
     namespace ct = controltag;
     handle = tagged(ct::kDragHandle, new DragHandle(row));
@@ -60,7 +60,7 @@ StripWidgets::StripWidgets(LampControlStrip& strip, QWidget* row)
           });
     warmth = slider(strip.warmthSlider(), "warmth", warmthSliderBar);
 
-    well = new ColourWellView(strip.colourWell(), row);
+    well = new ColourWellView(strip.colourWell(), picker, row);
     effect = tagged(ct::kEffectButton,
         new IconButton(Icon::Effect, text("effects"), strip.effectButton(), row));
     navigation = keepingItsRoom(tagged(ct::kNavigationButton,

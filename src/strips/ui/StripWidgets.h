@@ -7,6 +7,7 @@ class QWidget;
 namespace lumeroom {
 
 class BadgeView;
+class ColourPickerPopover;
 class ColourWellView;
 class DragHandle;
 class ElidedLabel;
@@ -20,7 +21,7 @@ class SliderView;
 /// A layout gives them their places. They belong to the row, and the keyboard goes through them in
 /// the order of the fields.
 struct StripWidgets {
-    StripWidgets(LampControlStrip& strip, QWidget* row);
+    StripWidgets(LampControlStrip& strip, ColourPickerPopover& picker, QWidget* row);
 
     DragHandle* handle;
     SelectionBox* selected;
