@@ -101,18 +101,15 @@ TEST(PropertyList, hostileListsAreRefusedInWords)
         nested = Value::Array{nested};
     const Value::Data deepBinary = propertylist::toBinary(nested);
     const Value::Data sharing = listThatUnfolds(40);
-    const std::string cut = propertylist::toXml(Value::Array{1, 2}).substr(0, 120);
     const struct {
         std::span<const std::uint8_t> list;
         std::string reason;
     } cases[] = {
-        {bytes(""), "it is empty"},
         {bytes("not a list"), "it is not a well-formed XML property list"},
         {bytes("bplist00rubbish"), "it is not well-formed"},
         {sharing, "it is too large"},
         {bytes(deep), "it nests too deep"},
         {deepBinary, "it nests too deep"},
-        {bytes(cut), "it is not well-formed"},
         {bytes("<!DOCTYPE plist [<!ENTITY a \"aaaa\">]><plist><string>&a;</string></plist>"),
             "it is not well-formed"},
     };

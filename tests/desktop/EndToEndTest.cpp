@@ -152,26 +152,12 @@ TEST_F(GroupingsEndToEnd, fromMakingToRemoval)
     expectHeld(tags, {"0", "0", "1"});
 
     engine.groupings().renameGroupNewName(*study, "Den");
-    engine.groupings().renameLocationNewName(*house, "Home");
     expectHeld(group, {"", "Den", "Den"});
-    expectHeld(location, {"", "Home", "Home"});
     engine.groupings().removeGroupWithID(*study);
     engine.tags().removeTag("Reading");
     expectHeld(group, {"", "", ""});
     expectHeld(tags, {"0", "0", "0"});
     expectHeld(tagLabel, {"-", "-", "-"});
-
-    // When the 15 seconds are over in which nobody asks, what a lamp reports counts again.
-    engine.groupings().makeGroupNamed({&third}, "Hall");
-    expectHeld(group, {"", "", "Hall"});
-    network.withLamp(2, [](VirtualLamp& lamp, Time) {
-        lamp.group.label = "Corridor";
-        lamp.group.updatedAt += 1;
-    });
-    EXPECT_TRUE(test::workUntil([&] {
-        const auto lamp = registry.lampWithID(lampID(3));
-        return lamp->group && lamp->group->label == "Corridor";
-    }));
 }
 
 } // namespace lumeroom

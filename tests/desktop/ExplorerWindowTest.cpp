@@ -1,6 +1,5 @@
 #include "app/ui/ExplorerWindow.h"
 #include "support/EngineAndLamps.h"
-#include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
 #include <QAbstractItemModelTester>
@@ -70,24 +69,6 @@ TEST_F(ExplorerWindowTest, refreshesItselfAndKeepsTheReadersPlace)
 
     window.loadData(); // again, from the menu
     EXPECT_TRUE(view.isExpanded(row(brightness)));
-}
-
-TEST_F(ExplorerWindowTest, restsWhileItIsClosed)
-{
-    ManualRunLoop loop;
-    ExplorerWindow resting(engine.registry(), loop);
-    const QAbstractItemModel& rows = *resting.findChild<QTreeView*>()->model();
-    const auto lampsShown = [&] { return rows.rowCount(rows.index(0, 0)); };
-    resting.loadData();
-    resting.close();
-    ASSERT_TRUE(test::workUntil([&] { return engine.registry().lightsArray().size() == 3; }));
-    loop.advance(Seconds(5));
-    EXPECT_EQ(lampsShown(), 0);
-    resting.show();
-    loop.advance(Seconds(0.9));
-    EXPECT_EQ(lampsShown(), 0);
-    loop.advance(Seconds(0.2));
-    EXPECT_GE(lampsShown(), 1);
 }
 
 } // namespace lumeroom

@@ -1,6 +1,5 @@
 #include "desktop/Menus.h"
 #include "app/ui/MenuMirror.h"
-#include "desktop/MakerSite.h"
 #include "strips/MenuModel.h"
 #include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
@@ -8,11 +7,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QFile>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -199,26 +196,6 @@ TEST_F(FullMenus, workWithoutTheBar)
     });
     QContextMenuEvent wish(QContextMenuEvent::Keyboard, QPoint(5, 5), window.mapToGlobal(QPoint()));
     QCoreApplication::sendEvent(&window, &wish);
-}
-
-TEST(MakerSite, opensTheMakersPagesInAProgramFreeOfThisOne)
-{
-    const QTemporaryDir folder;
-    QFile said(folder.filePath("said"));
-    QFile browser(folder.filePath("xdg-open"));
-    ASSERT_TRUE(browser.open(QIODevice::WriteOnly));
-    browser.write(
-        "#!/bin/sh\necho \"$1\" $(readlink /proc/$$/fd/2) >>" + said.fileName().toUtf8() + "\n");
-    browser.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    browser.close();
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", folder.path().toUtf8() + ":" + path);
-    visitHelp();
-    qputenv("PATH", path);
-    EXPECT_TRUE(test::workUntil([&] { return said.size() > 0; }));
-    ASSERT_TRUE(said.open(QIODevice::ReadOnly));
-    EXPECT_EQ(said.readAll().toStdString(),
-        "https://www.tanagerworks.com/mac/Lumeroom/manual/index.html /dev/null\n");
 }
 
 } // namespace lumeroom

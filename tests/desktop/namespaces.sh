@@ -52,32 +52,11 @@ lamps "$folder/traffic2" --address 127.0.0.1 --address 127.0.0.2 --address 10.77
     --label - --label - --label Cellar --product 32
 sleep 1
 
-check() { # what was found
-    cat "$folder/table"
-    for name in Hall Attic Cellar; do
-        if ! grep -q "^$name " "$folder/table"; then
-            echo "FAILED: $name was not found by $1"
-            exit 1
-        fi
-    done
-    echo "found by $1"
-}
 "$1" --log --defaults "$folder/a.plist" --snapshot "$folder/a.png" >"$folder/table" 2>"$folder/log" ||
     cat "$folder/log"
-check "a real broadcast"
+cat "$folder/table"
+for name in Hall Attic Cellar; do
+    grep -q "^$name " "$folder/table"
+done
 grep -q '"type":2,' "$folder/traffic"
 grep -q '"type":2,' "$folder/traffic2"
-
-# Without broadcasts, the ARP table names them: a stand-in for the names that a router would give.
-for n in 1.11 1.12 2.13; do echo hello >"/dev/udp/10.77.$n/9" || true; done
-sleep 1
-printf '127.0.0.1 localhost\n10.77.1.11 lifx-a\n10.77.1.12 lifx-b\n10.77.2.13 lifx-c\n' >"$folder/hosts"
-mount --bind "$folder/hosts" /etc/hosts
-cat >"$folder/b.plist" <<'P'
-<?xml version="1.0" encoding="UTF-8"?>
-<plist version="1.0"><dict><key>noBroadcastSupport</key><true/></dict></plist>
-P
-: >"$folder/traffic"
-"$1" --log --defaults "$folder/b.plist" --snapshot "$folder/b.png" >"$folder/table" 2>"$folder/log" ||
-    cat "$folder/log"
-check "the ARP table"

@@ -93,8 +93,8 @@ TEST_F(Commands, powerGoesFirstAndOnlyIfItDiffers)
     engine().commands().sendSettingsToLamp(settings({{"onoff", false}, {"colour", 5}}), lampID(1));
     EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.1", "102 127.0.9.1"}));
     EXPECT_EQ(lamp->onoff, true); // until the lamp says so
-    engine().commands().lampOn(lampID(1), true); // asked for outright it is sent in any case
-    EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.1"}));
+    engine().commands().groupOn("0", true); // asked for outright it is sent in any case
+    EXPECT_EQ(u16(sockets.take().at(0), 36), 65535U);
 }
 
 TEST_F(Commands, whatIsNoLampIsSentNothing)

@@ -57,14 +57,6 @@ TEST(WireFormat, commandsCarryTheirPayload)
         header("5c00", "01", "3100") + body);
 }
 
-TEST(WireFormat, requestsBesideThoseOfTheHeartbeat)
-{
-    EXPECT_EQ(hex(wire::request(Message::DeviceGetLabel, kLamp)), header("2400", "01", "1700"));
-    EXPECT_EQ(hex(wire::request(Message::DeviceGetTags, kLamp)), header("2400", "01", "1a00"));
-    // The size of this one does not count its payload.
-    EXPECT_EQ(hex(wire::multizoneGetColorZones(kLamp, 15)), header("2400", "01", "f601") + "000f");
-}
-
 TEST(WireFormat, labelsAreCutAt32Bytes)
 {
     const std::string longLabel = std::string(31, 'a') + "\xc3\xa9" + std::string(8, 'b');

@@ -5,9 +5,9 @@
 #include "base/Pacer.h"
 #include "base/UserDefaults.h"
 #include "desktop/QtRunLoop.h"
-#include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
 #include "engine/UdpIoThread.h"
+#include "support/FakeSockets.h"
 
 #include <virtual-lamps/LampFactory.h>
 #include <virtual-lamps/LampNetwork.h>
@@ -23,10 +23,6 @@ namespace lumeroom::test {
 using virtual_lamps::Hsbk;
 using virtual_lamps::Time;
 using virtual_lamps::VirtualLamp;
-
-struct NoArpTable : ArpTable {
-    void read(std::function<void(Result)>) override { }
-};
 
 /// An engine with real sockets, clock and threads, and three lamps made of software, each on a
 /// loopback address: "Desk" (colour), "Ceiling" (white) and "Strip" (16 zones).

@@ -1,11 +1,16 @@
 #pragma once
 
+#include "engine/ArpTable.h"
 #include "engine/UdpSocket.h"
 
 #include <mutex>
 #include <utility>
 
 namespace lumeroom::test {
+
+struct NoArpTable : ArpTable {
+    void read(std::function<void(Result)>) override { }
+};
 
 struct SentDatagram {
     UdpSocket* socket = nullptr;

@@ -2,8 +2,8 @@
 
 #include "base/Log.h"
 #include "base/UserDefaults.h"
-#include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
+#include "support/FakeSockets.h"
 #include "support/LampReplies.h"
 #include "support/ManualRunLoop.h"
 
@@ -21,39 +21,33 @@ public:
     void take(std::span<const std::uint8_t> datagram, unsigned from)
     {
         m_engine.udpSocketDidReceiveData(
-            m_socket, datagram, socketAddress(lampAddress(from), 56700));
+            *m_socket, datagram, socketAddress(lampAddress(from), 56700));
         if (++m_taken % 10000 == 0)
-            m_loop.advance(Seconds(5)); // empties the queue
+            settle();
     }
 
+    /// Empties the queue, and forgets what was sent.
+    void settle()
+    {
+        m_loop.advance(Seconds(5));
+        m_sockets.take();
+    }
     EngineRoom& engine() { return m_engine; }
 
 private:
-    struct NoSocket : UdpSocket {
-        std::optional<SocketError> enableBroadcast(bool) override { return {}; }
-        void sendDataToHost(Datagram, const std::string&, std::uint16_t) override { }
-        std::optional<SocketError> beginReceiving() override { return {}; }
-        void close() override { }
-        bool isClosed() const override { return false; }
-    };
-    struct NoArpTable : ArpTable {
-        void read(std::function<void(Result)>) override { }
-    };
-
     Log m_log{[](std::string_view) {}};
     ManualRunLoop m_loop;
     RunLoopPacer m_pacer{m_loop};
     UserDefaults m_defaults;
     NoArpTable m_arp;
-    NoSocket m_socket;
+    FakeSockets m_sockets;
     std::size_t m_taken = 0;
-    EngineRoom m_engine{{m_loop, m_pacer, m_defaults, m_log,
-        [](UdpSocketDelegate&) { return std::make_shared<NoSocket>(); },
+    EngineRoom m_engine{{m_loop, m_pacer, m_defaults, m_log, m_sockets.factory(),
         [] {
-            return std::string(
-                R"([{"products":[{"pid":31,"name":"Strip","features":{"multizone":true}}]}])");
+            return R"([{"products":[{"pid":31,"name":"Strip","features":{"multizone":true}}]}])";
         },
         m_arp}};
+    const std::shared_ptr<UdpSocket> m_socket = m_sockets.factory()(m_engine);
 };
 
 } // namespace lumeroom::test
