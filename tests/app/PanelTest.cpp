@@ -337,23 +337,6 @@ TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
     EXPECT_FALSE(row("Desk").strip.navigationButton().isHidden());
 }
 
-TEST_F(Panel, aGroupsChangeShowsOnItsMembersAndIsSentOnce)
-{
-    furnish();
-    showEverything();
-    sockets.take();
-    row("Study").strip.brightnessSlider().moveTo(20);
-    loop.advance(Seconds(0.2));
-    EXPECT_EQ(sockets.takeOfType(102).size(), 2U);
-    EXPECT_EQ(row("Desk").strip.brightnessSlider().integerValue(), 20);
-    EXPECT_TRUE(row("Ceiling").strip.embargo());
-    EXPECT_FALSE(row("Shelf").strip.embargo());
-
-    row("All").strip.onOffButton().press();
-    EXPECT_EQ(sockets.takeOfType(117).size(), 3U);
-    EXPECT_EQ(row("Shelf").strip.onOffButton().state(), row("All").strip.onOffButton().state());
-}
-
 TEST_F(Panel, summariesFollowTheLamps)
 {
     furnish();

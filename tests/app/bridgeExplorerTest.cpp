@@ -48,27 +48,4 @@ TEST(ReadableLamp, isReworkedForReading)
     EXPECT_EQ(readableLamp(bare.toDictionary()), little);
 }
 
-TEST_F(EngineHarness, theExplorerShowsTheLampsByTheirNames)
-{
-    bridgeExplorer explorer(engine().registry());
-    EXPECT_EQ(explorer.numberOfChildrenOfItem(nullptr), 0U); // nothing is loaded yet
-    addLamp(1, {.brightness = 65535, .label = "Desk"});
-    addLamp(2, {.label = "Desk"}); // one row for two lamps of one name: the later
-    addStrip(3, 8);
-    explorer.refresh();
-    const keyValPair lights = explorer.childOfItem(0, nullptr);
-    EXPECT_EQ(bridgeExplorer::objectValueByItem(lights), "Lights");
-    ASSERT_EQ(explorer.numberOfChildrenOfItem(&lights), 2U);
-    const keyValPair desk = explorer.childOfItem(0, &lights);
-    EXPECT_EQ(bridgeExplorer::objectValueByItem(desk), "Desk");
-    const keyValPair address = explorer.childOfItem(0, &desk);
-    EXPECT_EQ(address.key, "address");
-    EXPECT_TRUE(bridgeExplorer::isItemExpandable(address));
-    const keyValPair leaf = explorer.childOfItem(0, &address);
-    EXPECT_EQ(bridgeExplorer::objectValueByItem(leaf), lampAddress(2));
-    EXPECT_FALSE(bridgeExplorer::isItemExpandable(leaf));
-    EXPECT_EQ(explorer.numberOfChildrenOfItem(&leaf), 0U);
-    EXPECT_EQ(explorer.childOfItem(99, &lights).key, "");
-}
-
 } // namespace lumeroom::test

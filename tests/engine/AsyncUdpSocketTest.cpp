@@ -135,18 +135,19 @@ TEST_F(AsyncUdp, repliesComeBackOnTheRunLoop)
     }
 }
 
-TEST_F(AsyncUdp, sendsLeaveInOrderAlsoBehindANameThatIsLookedUp)
+TEST_F(AsyncUdp, sendsLeaveInOrderAndWaitForNoOtherHostsName)
 {
     Peer peer;
     const auto socket = makeSocket();
-    socket->sendDataToHost({0}, "localhost", peer.port());
+    socket->sendDataToHost({0}, "localhost", peer.port()); // at whatever place it is looked up
     for (std::uint8_t i = 1; i < 200; ++i)
         socket->sendDataToHost({i}, "127.0.0.1", peer.port());
-    Datagram next = peer.receive();
-    if (next == Datagram{1})
-        GTEST_SKIP() << "localhost is an IPv6 address here";
-    for (std::uint8_t i = 0; i < 199; ++i, next = peer.receive())
+    for (std::uint8_t i = 1; i < 200; ++i) {
+        Datagram next = peer.receive();
+        if (next == Datagram{0})
+            next = peer.receive();
         ASSERT_EQ(next, Datagram{i});
+    }
 }
 
 TEST_F(AsyncUdp, aMainThreadThatIsFarBehindLeavesTheRestToTheSystem)

@@ -1,4 +1,3 @@
-#include "strips/WheelPainting.h"
 #include "strips/ZTColourPicker.h"
 
 #include <gtest/gtest.h>
@@ -69,10 +68,6 @@ TEST(ZTColourPicker, picksWhitesFromLeftToRight)
 TEST(ZTColourPicker, aWhiteThatIsOnlyShownKeepsItsTemperature)
 {
     ZTColourPicker picker;
-    for (const int kelvin : {2500, 2700, 3000, 3500, 4000, 5000, 5750, 6500, 9000}) {
-        picker.setColour({0, 0, 0.5F, 1, kelvin});
-        EXPECT_EQ(picker.getColor(), (Colour{0, 0, 0.5F, 1, kelvin}));
-    }
     for (int kelvin = 2500; kelvin <= 9000; ++kelvin) {
         picker.setColour({0, 0, 0.5F, 1, kelvin});
         for (int i = 0; i < 9; ++i) // the knob is cut off to a whole kelvin, but does not wander
@@ -132,31 +127,6 @@ TEST(ZTColourPicker, showsAColour)
         EXPECT_EQ(shown.brightness, c.shown.brightness);
         EXPECT_EQ(shown.kelvin, c.shown.kelvin);
     }
-}
-
-TEST(WheelPainting, eachPlaceHasTheColourThatItsKnobGives)
-{
-    const struct {
-        bool whites;
-        Point offset;
-        Rgba rgba;
-    } cases[] = {
-        {false, {0, 0}, {1, 1, 1, 1}},
-        {false, {1, 0}, {1, 0, 0, 1}},
-        {false, {-0.5F, 0}, {0.5F, 1, 1, 1}},
-        {false, {0, 3}, {0.5F, 1, 0, 1}}, // hue 0.25
-        {true, {-2, 0}, {0.717F, 0.921F, 0.996F, 1}},
-        {true, {0, 0.7F}, {1, 1, 1, 1}},
-        {true, {1, 0}, {0.996F, 0.808F, 0.565F, 1}},
-    };
-    for (const auto& c : cases) {
-        const Rgba rgba = wheelColour(c.whites, c.offset);
-        EXPECT_NEAR(rgba.red, c.rgba.red, 1e-4) << c.offset.x;
-        EXPECT_NEAR(rgba.green, c.rgba.green, 1e-4) << c.offset.x;
-        EXPECT_NEAR(rgba.blue, c.rgba.blue, 1e-4) << c.offset.x;
-    }
-    EXPECT_EQ(wheelShade(1), 0);
-    EXPECT_LT(wheelShade(0), 1);
 }
 
 } // namespace lumeroom::test

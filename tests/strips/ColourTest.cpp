@@ -172,25 +172,4 @@ TEST(ColourConversions, effectColoursAsSettings)
     EXPECT_EQ(dark.onoff, false);
 }
 
-TEST(ColourConversions, redGreenBlue)
-{
-    const struct {
-        Colour colour;
-        Rgba rgba;
-    } cases[] = {
-        {{0, 1, 1, 1, {}}, {1, 0, 0, 1}},
-        {{1, 1, 1, 0.5F, {}}, {1, 0, 0, 0.5F}},
-        {{1.0F / 6, 1, 0.5F, 1, {}}, {0.5F, 0.5F, 0, 1}},
-        {{2.0F / 3, 0.5F, 1, 1, {}}, {0.5F, 0.5F, 1, 1}},
-        {Colour::grey(0.3F), {0.3F, 0.3F, 0.3F, 1}},
-    };
-    for (const auto& c : cases) {
-        const Rgba rgba = rgbaFrom(c.colour);
-        EXPECT_NEAR(rgba.red, c.rgba.red, 1e-6F);
-        EXPECT_NEAR(rgba.green, c.rgba.green, 1e-6F);
-        EXPECT_NEAR(rgba.blue, c.rgba.blue, 1e-6F);
-        EXPECT_EQ(rgba.alpha, c.rgba.alpha);
-    }
-}
-
 } // namespace lumeroom::test

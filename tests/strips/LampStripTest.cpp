@@ -91,20 +91,6 @@ TEST_F(LampStrip, aBrightnessThatComesBackOneLowerIsIgnored)
     EXPECT_EQ(strip->satSlider().value(), 1);
 }
 
-TEST_F(LampStrip, answersByKey)
-{
-    const auto strip = makeLampStrip();
-    strip->setObjectForKey(12.5, "brightness");
-    strip->setObjectForKey(2000.9, "warmth");
-    strip->setObjectForKey(1e9, "colour"); // a control keeps within its range
-    strip->setObjectForKey("Desk", "label");
-    EXPECT_EQ(strip->getDictionary(),
-        (Value::Dictionary{{"label", "Desk"}, {"onoff", false}, {"brightness", 12.5},
-            {"colour", 65535.0}, {"saturation", 0.0}, {"warmth", 2000}, {"id", lampID(1)}}));
-    EXPECT_EQ(strip->objectForKey("id"), Value(""));
-    EXPECT_TRUE(sent().empty());
-}
-
 TEST_F(LampStrip, reportsWaitUntilTheHandHasRested)
 {
     const struct {

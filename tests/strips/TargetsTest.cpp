@@ -180,15 +180,11 @@ TEST_F(Targets, theStatusMenuTogglesAndShowsTheStrip)
         const auto strip = makeStrip(lampID(1), StripType::Lamp);
         strip->setStatusBarMenuItem(item);
         report(*strip, {{"brightness", 127.5}, {"colour", 0}, {"saturation", 0}});
-        EXPECT_EQ(item->image().oval.alpha, 0);
-        item->choose();
-        EXPECT_EQ(sent().at(0), "power 1 on");
-        EXPECT_EQ(item->image().oval, (Rgba{1, 0, 0, 0.5F}));
-        EXPECT_EQ(item->image().side, 16);
-        item->choose();
-        EXPECT_EQ(sent(), (Lines{"power 1 off"}));
-        item->choose();
-        sockets.take();
+        for (const bool on : {true, false, true}) {
+            item->choose();
+            EXPECT_EQ(sent().at(0), on ? "power 1 on" : "power 1 off");
+            EXPECT_EQ(item->image().oval, (Rgba{1, 0, 0, on ? 0.5F : 0}));
+        }
     }
     item->choose(); // the menu has outlived the strip
     EXPECT_EQ(item->image().oval.alpha, 0);
