@@ -183,7 +183,7 @@ TEST_F(Targets, theStatusMenuTogglesAndShowsTheStrip)
         for (const bool on : {true, false, true}) {
             item->choose();
             EXPECT_EQ(sent().at(0), on ? "power 1 on" : "power 1 off");
-            EXPECT_EQ(item->image().oval, on ? (Rgba{1, 0, 0, 0.5F}) : Rgba());
+            EXPECT_EQ(item->image().oval, on ? (Rgba{1, 0, 0, 0.5F}) : (Rgba{0, 0, 0, 0}));
         }
     }
     item->choose(); // the menu has outlived the strip
