@@ -115,16 +115,12 @@ TEST_F(ColourWell, aClickOrAKeyOpensThePopoverOnTheScreen)
 
 TEST_F(ColourWell, aPressOutsideClosesThePopover)
 {
-    const struct {
-        QPoint place; ///< in the window
-        bool replayed;
-    } cases[] = {{{30, 30}, false}, {{5, 190}, true}};
-    for (const auto& c : cases) {
+    for (const QPoint place : {QPoint(30, 30), QPoint(5, 190)}) { // on the well, and elsewhere
         click();
         mouseAt(
-            popover, QEvent::MouseButtonPress, popover.mapFromGlobal(window.mapToGlobal(c.place)));
+            popover, QEvent::MouseButtonPress, popover.mapFromGlobal(window.mapToGlobal(place)));
         EXPECT_FALSE(popover.isVisible());
-        EXPECT_EQ(popover.testAttribute(Qt::WA_NoMouseReplay), !c.replayed);
+        EXPECT_EQ(popover.testAttribute(Qt::WA_NoMouseReplay), place.x() == 30);
     }
 }
 

@@ -8,12 +8,6 @@
 #include "desktop/QuitSignals.h"
 #include "desktop/Snapshot.h"
 #include "desktop/StandardErrorPipe.h"
-#include "strips/LayoutManager.h"
-#include "strips/ui/ColourPickerPopover.h"
-#include "strips/ui/ControlStripView.h"
-#include "strips/ui/OnOffButtonView.h"
-#include "strips/ui/SliderView.h"
-#include "support/FakeOwner.h"
 #include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
@@ -27,8 +21,6 @@
 
 namespace lumeroom {
 
-using test::key;
-using test::mouse;
 using test::workUntil;
 
 TEST(QtRunLoop, runsPostedWorkInOrderFromAnyThread)
@@ -54,7 +46,6 @@ TEST(CommandLine, isReadOrRefusedInWords)
         std::string error; ///< a part of it
     } cases[] = {
         {{"--nope"}, "not expected: --nope"},
-        {{"--demo=3"}, "demo was given"},
         {{"file"}, "not expected: file"},
         {{"--defaults="}, "--defaults: 1 required"},
         {{"--appearance", "pink"}, "--appearance: pink not in {dark,light}"},
@@ -129,71 +120,21 @@ TEST(Demonstration, speaksToItsOwnLampsOnlyWhateverIsSet)
     EXPECT_EQ(defaults.get(keys::kManualIPAddresses), addresses);
 }
 
-TEST(ConsoleWindow, findsForwardBackwardAndAround)
+TEST(ConsoleWindow, keepsTheNewestLinesAndFindsAround)
 {
     ConsoleWindow console;
-    console.append("one lamp\ntwo ");
-    console.append("lamps\n");
-    console.setSearchText("lamp");
-    EXPECT_TRUE(console.findNext());
-    EXPECT_TRUE(console.findNext());
-    EXPECT_TRUE(console.findNext()); // from the start again
-    EXPECT_TRUE(console.findPrevious());
-    console.setSearchText("nothing");
-    EXPECT_FALSE(console.findNext());
-
-    QString many; // of which the newest stay
+    QString many;
     for (int line = 1; line <= 10'001; ++line)
         many += QStringLiteral("line %1\n").arg(line);
     console.append(many);
     EXPECT_TRUE(console.text().startsWith("line 2\n"));
     EXPECT_TRUE(console.text().endsWith("line 10001\n"));
-}
-
-struct StripViews : ::testing::Test {
-    StripViews()
-    {
-        strip->label().setText("Desk <b>lamp</b>");
-        view.show();
-    }
-    QWidget* named(const QString& role)
-    {
-        for (QWidget* child : view.findChildren<QWidget*>()) {
-            if (child->property("role").toString() == role)
-                return child;
-        }
-        return nullptr;
-    }
-    ManualRunLoop loop;
-    UserDefaults defaults;
-    Log log;
-    test::FakeOwner owner;
-    std::shared_ptr<LampControlStrip> strip = std::make_shared<LampControlStrip>(
-        "1", StripType::Lamp, StripSurroundings{loop, defaults, log, owner});
-    ColourPickerPopover picker;
-    ControlStripView view{*strip, theme::kHorizontalControl, picker};
-};
-
-TEST_F(StripViews, controlsFollowTheHandTheKeysAndTheModel)
-{
-    auto* slider = qobject_cast<SliderView*>(named("brightness"));
-    ASSERT_TRUE(slider);
-    EXPECT_EQ(slider->accessibleName(), "Desk <b>lamp</b>, brightness");
-    mouse(*slider, QEvent::MouseButtonPress, slider->width() / 2.0);
-    mouse(*slider, QEvent::MouseMove, slider->width() + 50.0);
-    mouse(*slider, QEvent::MouseButtonRelease, slider->width() + 50.0);
-    EXPECT_EQ(strip->brightnessSlider().value(), 255);
-    EXPECT_EQ(slider->accessibleDescription(), "100 percent");
-    key(*slider, Qt::Key_Left);
-    EXPECT_EQ(strip->brightnessSlider().value(), 250);
-    auto* button = qobject_cast<OnOffButtonView*>(named("power"));
-    button->click();
-    EXPECT_TRUE(strip->onOffButton().state());
-    EXPECT_EQ(button->accessibleDescription(), "on");
-    strip->onOffButton().setState(false);
-    EXPECT_FALSE(button->isChecked());
-    strip->setCapabilities(kCapabilitiesWhiteLamp);
-    EXPECT_FALSE(named("saturation")->isEnabled());
+    console.setSearchText("line 10000");
+    EXPECT_TRUE(console.findNext());
+    EXPECT_TRUE(console.findNext()); // from the start again
+    EXPECT_TRUE(console.findPrevious());
+    console.setSearchText("nothing");
+    EXPECT_FALSE(console.findNext());
 }
 
 TEST(Snapshot, theTableLinesUp)

@@ -1,7 +1,6 @@
 #include "desktop/dbus/ScriptingTree.h"
 
 #include "app/ControllerHarness.h"
-#include "desktop/SettingsFile.h"
 #include "desktop/dbus/ObjectPaths.h"
 
 namespace lumeroom::test {
@@ -68,17 +67,6 @@ TEST(ObjectPaths, nameEachThingOnce)
     for (const char* path : {"/tags/_5F", "/tags/_", "/tags/_61", "/tags/_6", "/tags", "/x/1", ""})
         EXPECT_EQ(targetAt(bus::kRootPath + path).has_value(), path == std::string("/tags/_"))
             << path;
-}
-
-TEST(ProgramIdentity, eachSettingsFileMakesAProgramOfItsOwn)
-{
-    const QString usual = serviceName(settingsFile(false, {}));
-    EXPECT_EQ(usual, "com.tanagerworks.Lumeroom");
-    EXPECT_EQ(serviceName(settingsFile(true, {})), "com.tanagerworks.Lumeroom.Demo");
-    const QString other = serviceName("/tmp/a.plist");
-    EXPECT_EQ(other, serviceName("/tmp/../tmp/a.plist"));
-    EXPECT_NE(other, serviceName("/tmp/b.plist"));
-    EXPECT_NE(other, usual);
 }
 
 } // namespace lumeroom::test

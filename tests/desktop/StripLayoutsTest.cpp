@@ -103,6 +103,9 @@ TEST_F(StripRows, anUprightSliderIsFullAtTheTop)
     EXPECT_EQ(strip.brightnessSlider().value(), 255);
     mouseAt(*slider, QEvent::MouseButtonRelease, {centre, slider->height() + 10.0});
     EXPECT_EQ(strip.brightnessSlider().value(), 0);
+    key(*slider, Qt::Key_Up);
+    EXPECT_EQ(strip.brightnessSlider().value(), 5);
+    EXPECT_EQ(slider->accessibleDescription(), "2 percent");
 
     // To touch the knob moves nothing; it goes with the hand from where it was.
     strip.brightnessSlider().setValue(128);

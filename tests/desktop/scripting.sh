@@ -188,7 +188,6 @@ shows_lamps 8 || fail "the second program disturbed the first"
     completes 'Desk lamp' get '"Desk l'
     completes brightness set 'Desk\ lamp' b
     completes 'on off' set 'Desk\ lamp' hue 1 state ''
-    completes 'Floor\ lamp' get lamp : F
     completes brightness set lamp : 'Floor\ lamp' b
     touch "$folder/a file"
     completes "$folder/a\\ file" --defaults = "$folder/a"

@@ -206,31 +206,17 @@ struct Collections : Commands {
         for (const unsigned n : {2U, 3U})
             receive(stateGrouping(50, n, 0xBB, "Home"));
         receive(stateTagLabels(1, 1, "Den"));
-        receive(stateTagLabels(1, 2, location));
         receive(stateTags(4, 1));
-        receive(stateTags(1, 2));
         drainQueue();
     }
     const std::string group = std::string(32, 'a');
     const std::string location = std::string(32, 'b');
 };
 
-TEST_F(Collections, aTagMayBeNamedAsTheIDOfALocation)
-{
-    using List = std::vector<std::string>;
-    const Settings dim = settings({{"brightness", 3}});
-    engine().commands().groupOn(location, true); // both apply
-    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3", "117 127.0.9.1"}));
-    engine().commands().locationOn(location, true);
-    EXPECT_EQ(sent(), (List{"117 127.0.9.2", "117 127.0.9.3"}));
-    engine().commands().sendSettingsToGroup(dim, location); // the tag comes last and wins
-    EXPECT_EQ(sent(), (List{"102 127.0.9.1"}));
-    engine().commands().sendSettingsToLocation(dim, location);
-    EXPECT_EQ(sent(), (List{"102 127.0.9.2", "102 127.0.9.3"}));
-}
-
 TEST_F(Collections, summariesAreRunningMeans)
 {
+    engine().commands().locationOn(location, true);
+    EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.2", "117 127.0.9.3"}));
     const Summaries& summaries = engine().summaries();
     EXPECT_EQ(
         summaries.settingsForGroup("0").colour, 3125); // ((1 + 2) / 2 + 3) / 2, and 4 for half

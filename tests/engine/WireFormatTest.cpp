@@ -75,14 +75,6 @@ TEST(WireFormat, coloursGoOutScaledBy255)
     // Out of range wraps to 16 bits, and what is no number counts as 0.
     const LampColour odd{.colour = 65536 + 7, .saturation = 256, .brightness = NAN, .warmth = 9001};
     EXPECT_EQ(toWire(odd), (WireColour{7, 65281, 0, 65535}));
-}
-
-TEST(WireFormat, coloursComeBackDividedBy257)
-{
-    EXPECT_EQ(fromWire({21845, 65535, 65535, 3500}),
-        (LampColour{.colour = 21845, .saturation = 0, .brightness = 255, .warmth = 5500}));
-    EXPECT_EQ(fromWire({0, 65025, 65025, 9000}),
-        (LampColour{.colour = 0, .saturation = 2, .brightness = 253, .warmth = 0}));
     EXPECT_EQ(*fromWire({0, 0, 0, 9001}).warmth, 65535);
     EXPECT_EQ(millisecondsFromSeconds(INFINITY), millisecondsFromSeconds(1e300));
 }
