@@ -150,8 +150,6 @@ TEST_F(GroupingsEndToEnd, fromMakingToRemoval)
     expectHeld(location, {"", "House", "House"});
     expectHeld(tags, {"0", "0", "1"});
 
-    engine.groupings().renameGroupNewName(*study, "Den");
-    expectHeld(group, {"", "Den", "Den"});
     engine.groupings().removeGroupWithID(*study);
     engine.tags().removeTag("Reading");
     expectHeld(group, {"", "", ""});

@@ -64,20 +64,18 @@ TEST_F(Commands, transitionTimes)
     drainQueue();
     const struct {
         Value transition;
-        Value::Dictionary extra;
+        Value::Dictionary colour;
         unsigned colourMilliseconds;
         unsigned powerMilliseconds;
     } cases[] = {
-        {0, {}, 100, 0},
-        {0.4, {{"duration", 0}}, 100, 400},
-        {"2.5", {{"duration", 0.05}}, 100, 2500},
-        {"2.5", {}, 2500, 2500},
+        {0, {{"brightness", 1}}, 100, 0},
+        {0.4, {{"brightness", 1}, {"duration", 0}}, 100, 400},
+        {"2.5", {{"brightness", 1}, {"duration", 0.05}}, 100, 2500},
+        {"2.5", {{"brightness", 1}}, 2500, 2500},
     };
     for (const auto& c : cases) {
         defaults.setObject("defaultTransition", c.transition);
-        Value::Dictionary colour{{"brightness", 1}};
-        colour.insert(c.extra.begin(), c.extra.end());
-        engine().commands().sendSettingsToLamp(settings(colour), lampID(1));
+        engine().commands().sendSettingsToLamp(settings(c.colour), lampID(1));
         EXPECT_EQ(fields(sockets.take().at(0))[4], c.colourMilliseconds);
         engine().commands().lampOn(lampID(1), false);
         EXPECT_EQ(u16(sockets.take().at(0), 38), c.powerMilliseconds);

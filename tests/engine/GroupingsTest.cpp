@@ -177,15 +177,4 @@ TEST_F(Groupings, tagsLeaveAtOnce)
     EXPECT_FALSE(engine().registry().tagNamed("Night"));
 }
 
-TEST_F(Groupings, aSixtyFifthTagHasNoBit)
-{
-    for (unsigned n = 0; n < 63; ++n)
-        receive(stateTagLabels(1, std::uint64_t(1) << n, "Tag " + std::to_string(n)));
-    engine().tags().makeTagNamed({}, "Top"); // the last bit is only ever made here
-    drainQueue();
-    engine().tags().makeTagNamed({&one}, "One more");
-    EXPECT_EQ(tagCommands(), (Lines{"tags 1: 0", "label 1: 0 One more"}));
-    EXPECT_EQ(engine().registry().tagsArray().size(), 65U);
-}
-
 } // namespace lumeroom::test

@@ -97,16 +97,6 @@ TEST_F(Heartbeat, anEmbargoLeavesThePaceButAsksForNoGroups)
     EXPECT_EQ(sent, (std::vector<unsigned>{2, 101, 29, 32}));
 }
 
-TEST_F(Heartbeat, theQueueSendsTenASecondAndKeepsRepeats)
-{
-    addLamp(1);
-    drainQueue();
-    for (int i = 0; i < 20; ++i)
-        receive(stateTagLabels(1, std::uint64_t(1) << i, "Tag " + std::to_string(i)));
-    EXPECT_EQ(run(1).size(), 10U);
-    EXPECT_EQ(run(9, 26).size(), 10U); // twenty identical polls in all
-}
-
 // Every lamp is found and shown at once, though the first to answer fill the queue, and though the
 // panel is rebuilt for each few of them.
 TEST_F(Heartbeat, aHouseFullOfLampsIsFoundAtFullPace)
