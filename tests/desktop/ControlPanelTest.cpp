@@ -36,15 +36,6 @@ void resizeFromOutside(QWidget& window, QSize size)
     qApp->notify(&window, &event); // to send it would take that mark away
 }
 
-QAbstractButton* named(const QWidget& parent, const QString& name)
-{
-    for (auto* button : parent.findChildren<QAbstractButton*>()) {
-        if (button->accessibleName() == name)
-            return button;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 TEST(ControlPanel, tellsTheEndOfAResizeOnceForEachSize)
@@ -118,27 +109,28 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     ControlPanelWindow panel;
     NavigationModel model; // goes before the window, as the program's does
     model.deleteGroup.setEnabled(false);
+    const auto button = [&](const char* name) { return test::named<QAbstractButton>(panel, name); };
     Rectangle frame;
     std::string switched;
     panel.setNavigation(model,
         {.allOn = [&] { switched += "on "; },
             .allOff = [&] { switched += "off "; },
             .makeGroup = [] {},
-            .editGroup = [&](const Rectangle& button) { frame = button; },
+            .editGroup = [&](const Rectangle& pressed) { frame = pressed; },
             .deleteGroup = [&](const Rectangle&) { ADD_FAILURE(); }});
     panel.setContentSize({600, 300}); // the lowest of all layouts
     panel.show();
     QCoreApplication::processEvents();
-    EXPECT_EQ(panel.focusWidget(), named(panel, "Lights"));
+    EXPECT_EQ(panel.focusWidget(), button("Lights"));
 
-    named(panel, "All on")->click();
-    named(panel, "All off")->click();
+    button("All on")->click();
+    button("All off")->click();
     EXPECT_EQ(switched, "on off ");
-    auto* edit = named(panel, "Edit group");
+    auto* edit = button("Edit group");
     edit->click();
     EXPECT_EQ(frame.y, static_cast<float>(edit->mapTo(&panel, QPoint()).y()));
-    named(panel, "Delete group")->click(); // is greyed
-    const auto* lowestSwitch = named(panel, "All");
+    button("Delete group")->click(); // is greyed
+    const auto* lowestSwitch = button("All");
     EXPECT_LE(lowestSwitch->mapTo(&panel, QPoint(0, lowestSwitch->height())).y(), frame.y);
 }
 
@@ -168,11 +160,7 @@ struct PanelWindow : test::EngineHarness {
     }
     template <typename View = QWidget> View* control(const QString& name)
     {
-        for (View* view : panel.findChildren<View*>()) {
-            if (view->accessibleName() == name)
-                return view;
-        }
-        return nullptr;
+        return test::named<View>(panel, name);
     }
     QString focused() const
     {

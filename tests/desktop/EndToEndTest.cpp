@@ -29,11 +29,7 @@ struct PanelEndToEnd : test::EngineAndLamps {
     /// The control with this role in the strip of this name, once both are there.
     template <typename View> View* control(const std::string& name, const QString& role)
     {
-        for (View* view : panel.findChildren<View*>()) {
-            if (view->accessibleName() == QString::fromStdString(name) + ", " + role)
-                return view;
-        }
-        return nullptr;
+        return test::named<View>(panel, QString::fromStdString(name) + ", " + role);
     }
 
     ControlPanelWindow panel;

@@ -37,6 +37,16 @@ inline void mouse(QWidget& widget, QEvent::Type type, double x)
     mouseAt(widget, type, {x, widget.height() / 2.0});
 }
 
+/// What is read out as this; null while there is none.
+template <typename View = QWidget> View* named(const QWidget& parent, const QString& name)
+{
+    for (View* view : parent.findChildren<View*>()) {
+        if (view->accessibleName() == name)
+            return view;
+    }
+    return nullptr;
+}
+
 /// Pressed and let go.
 inline void key(QWidget& widget, Qt::Key which, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
