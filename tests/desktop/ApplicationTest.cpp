@@ -4,6 +4,8 @@
 #include "support/EngineAndLamps.h"
 #include "support/QtTestInput.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -11,12 +13,14 @@ namespace lumeroom::test {
 
 /// The whole program in this process, told of three lamps.
 struct WholeProgram : EngineAndLamps {
-    static void choose(const QString& title)
+    /// Everything of this type and text, in any window, is chosen.
+    template <typename Control> static void choose(const QString& text)
     {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            for (QAction* action : window->findChildren<QAction*>()) {
-                if (action->text() == title)
-                    action->trigger();
+            for (Control* control : window->findChildren<Control*>()) {
+                if (control->text() == text)
+                    QMetaObject::invokeMethod(
+                        control, control->isWidgetType() ? "click" : "trigger");
             }
         }
     }
@@ -30,7 +34,7 @@ struct WholeProgram : EngineAndLamps {
     }
 };
 
-TEST_F(WholeProgram, theMenuBarSwitchesAllLampsAndQuits)
+TEST_F(WholeProgram, itsMenuBarAndNavigationSwitchAllLampsAndItQuits)
 {
     const QTemporaryDir folder;
     CommandLine commandLine;
@@ -42,12 +46,16 @@ TEST_F(WholeProgram, theMenuBarSwitchesAllLampsAndQuits)
     Application application(commandLine, noName);
     QTimer::singleShot(0, [this] {
         EXPECT_TRUE(workUntil([&] {
-            choose("All o&ff"); // until all are known
+            choose<QAction>("All o&ff"); // until all are known
             return allAre(false);
         }));
-        choose("All &on");
+        choose<QAction>("All &on");
         EXPECT_TRUE(workUntil([&] { return allAre(true); }));
-        choose("&Quit");
+        choose<QAbstractButton>("All off");
+        EXPECT_TRUE(workUntil([&] { return allAre(false); }));
+        choose<QAbstractButton>("All on");
+        EXPECT_TRUE(workUntil([&] { return allAre(true); }));
+        choose<QAction>("&Quit");
     });
     EXPECT_EQ(application.run(), 0);
 }
