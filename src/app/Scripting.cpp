@@ -126,9 +126,9 @@ void Scripting::allOff() const
     call(m_actions.allOff);
 }
 
-// A preset may be called "All on", and then hides the command. Whatever else stands in the menu
-// counts as a preset too: "Manage presets..." and the menu's title carry no tag, and so run the
-// first preset.
+// A preset that is called "All on" comes before the command of that name. The menu's other entries,
+// "Manage presets..." and its title, are found by their names as presets are; they have the tag of
+// the first preset, and so run it.
 int Scripting::implementPresetFromScript(const std::string& name)
 {
     const MenuModel* presets = m_actions.presetPullDown ? m_actions.presetPullDown() : nullptr;

@@ -19,8 +19,8 @@ void StripEmbargo::imposeTemporaryEmbargo()
     m_timer = m_runLoop.after(kFirstLook, [this] { removeEmbargo(); });
 }
 
-// It lifts the flag whoever set it last, also that of a strip which has gone out of use since: no
-// report is brought to such a strip.
+// A strip that has gone out of use meanwhile set the flag too, to silence its controls. It may be
+// lifted all the same: without an engine the controls do nothing, and nobody reports to the strip.
 void StripEmbargo::removeEmbargo()
 {
     if (m_runLoop.elapsed() <= m_until) {

@@ -11,13 +11,13 @@ namespace lumeroom {
 
 namespace {
 
-/// Names that are longer are nobody's.
+/// Nothing that is known has a longer name or path.
 constexpr qsizetype kMostCharacters = 1024;
 
 constexpr QLatin1StringView kIntrospectable("org.freedesktop.DBus.Introspectable");
 constexpr QLatin1StringView kPeer("org.freedesktop.DBus.Peer");
 
-/// Refuses texts that would keep the log, and whoever is told what was wrong, busy.
+/// A call may carry megabytes, which would be looked up, logged and sent back in the answer.
 void checkLengths(const QDBusMessage& call)
 {
     bool tooLong = call.path().size() > kMostCharacters;
