@@ -188,19 +188,6 @@ TEST_F(Panel, whatAScriptChangesInAGroupShowsOnItsMembersAndStays)
     }
 }
 
-TEST_F(Panel, scriptsAreToldWhatTheUserChanges)
-{
-    furnish();
-    int changes = 0;
-    controller.scripting().onChange = [&changes] { ++changes; };
-    LampControlStrip& desk = row("Desk").strip;
-    desk.brightnessSlider().moveTo(9);
-    loop.advance(Seconds(0.11));
-    EXPECT_EQ(std::exchange(changes, 0), 1);
-    desk.reName("Table");
-    EXPECT_EQ(std::exchange(changes, 0), 1);
-}
-
 TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
 {
     furnish();
@@ -337,23 +324,13 @@ TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
     EXPECT_FALSE(row("Desk").strip.navigationButton().isHidden());
 }
 
-TEST_F(Panel, summariesFollowTheLamps)
-{
-    furnish();
-    showEverything();
-    for (unsigned n : {1U, 2U})
-        receive(lightState(n, {.brightness = 25700, .power = 65535}));
-    loop.runPosted();
-    EXPECT_EQ(row("Study").strip.brightnessSlider().integerValue(), 100);
-    EXPECT_EQ(row("Home").strip.brightnessSlider().integerValue(), 100);
-    EXPECT_EQ(row("Reading").strip.brightnessSlider().integerValue(), 100);
-    EXPECT_NE(row("All").strip.brightnessSlider().integerValue(), 100);
-}
-
 TEST_F(Panel, rowsFollowALightStrip)
 {
     furnish();
-    receive(stateGrouping(53, 3, 0xDD, "Hall"));
+    receive(stateGrouping(kStateGroup, 3, 0xDD, "Hall"));
+    receive(stateGrouping(kStateLocation, 3, 0xEE, "Yard"));
+    receive(stateTagLabels(3, 2, "Late"));
+    receive(stateTags(3, 2));
     showEverything();
     const auto shelf = [this](const char* name) {
         loop.runPosted();
@@ -364,11 +341,11 @@ TEST_F(Panel, rowsFollowALightStrip)
     for (std::size_t zone = 0; zone < 8; ++zone)
         dark.at(36 + 2 + 8 * zone + 5) = 100; // the high byte of the brightness
     receive(dark);
-    EXPECT_EQ(shelf("Shelf"), std::pair(100, true));
-    EXPECT_EQ(shelf("Hall"), std::pair(100, true));
-    receive(lightState(3, {.power = 0, .label = "Shelf"}));
-    EXPECT_EQ(shelf("Shelf"), std::pair(100, false));
-    EXPECT_EQ(shelf("Hall"), std::pair(100, false));
+    for (const bool on : {true, false}) {
+        receive(lightState(3, {.power = std::uint16_t(on ? 65535 : 0), .label = "Shelf"}));
+        for (const char* name : {"Shelf", "Hall", "Yard", "Late"})
+            EXPECT_EQ(shelf(name), std::pair(100, on)) << name;
+    }
 
     row("Shelf").strip.navigationButton().press();
     EXPECT_EQ(shelf("zone 2"), std::pair(100, false));

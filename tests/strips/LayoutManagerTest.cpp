@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace lumeroom::test {
 
 struct FakeGeometry : PanelGeometry {
@@ -123,18 +121,6 @@ TEST_F(Layouts, eachThemeRemembersItsWindow)
     EXPECT_EQ(column.getWindowSize(), (Size{955, 120}));
 }
 
-TEST_F(Layouts, aStoredSizeThatIsNoneIsPassedOver)
-{
-    const Value sizes[] = {0, -5, 1e30, std::nan(""), "wide"};
-    for (const Value& width : sizes) {
-        defaults.setObject("classicWindowState", Value::Dictionary{{"width", width}});
-        LayoutManager layout = layoutOf(theme::kSingleControl);
-        place(layout, 3, {200, 350});
-        EXPECT_EQ(layout.getWindowSize(), (Size{735, 350}));
-    }
-    EXPECT_EQ(lines.size(), std::size(sizes));
-}
-
 TEST_F(Layouts, aThemeThatDoesNotExistShowsNothing)
 {
     for (const int number : {4, 99, -1}) {
@@ -142,12 +128,9 @@ TEST_F(Layouts, aThemeThatDoesNotExistShowsNothing)
         EXPECT_FALSE(layout.themeExists());
         EXPECT_EQ(place(layout, 2, {200, 50}), (std::vector<Point>{{}, {}}));
         EXPECT_EQ(layout.stripLayoutName(), "");
-        for (const Size size : {layout.getViewSize(), layout.getWindowSize(),
-                 layout.getMinWindowSize(), layout.getMaxWindowSize()})
-            EXPECT_EQ(size, Size());
+        EXPECT_EQ(layout.getWindowSize(), Size());
         layout.saveWindowState();
         EXPECT_FALSE(layout.hasPreviousForCurrentTheme());
-        EXPECT_FALSE(layout.shouldScrollHorizontally() || layout.shouldScrollVertically());
     }
     EXPECT_EQ(lines.size(), 3U); // each said so
     defaults.removeObject("currentTheme");
