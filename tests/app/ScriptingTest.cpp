@@ -113,13 +113,16 @@ TEST_F(ScriptingTest, whatThePanelDoesNotShowIsReachedAllTheSame)
     EXPECT_EQ(shown(desk).brightness, 77); // the report is older than the change
     scripting.strip(kitchen)->apply({.brightness = 55}); // on the panel, its member is not
     EXPECT_EQ(shown(desk).brightness, 55);
-    changes = 0;
     loop.advance(Seconds(8));
-    receive(lightState(1, {.brightness = 25700, .label = "Desk lamp"}));
-    loop.runPosted();
+    for (const auto& report : {lightState(1, {.brightness = 25700, .label = "Desk"}),
+             lightState(1, {.brightness = 25700, .label = "Table"})}) {
+        changes = 0;
+        receive(report);
+        loop.runPosted();
+        EXPECT_GT(changes, 0);
+    }
     EXPECT_EQ(shown(desk).brightness, 100);
-    EXPECT_EQ(scripting.thing(desk)->record.settings.label, "Desk lamp");
-    EXPECT_GT(changes, 0);
+    EXPECT_EQ(scripting.thing(desk)->record.settings.label, "Table");
 }
 
 TEST_F(ScriptingTest, zonesAndManyStripsThatAreNotShown)
