@@ -44,21 +44,6 @@ TEST_F(Controller, aBurstOfLampsIsOneRebuildThatKeepsTheStrips)
     EXPECT_EQ(panel.rows.size(), 10U);
 }
 
-TEST_F(Controller, aRebuildWaitsForAnOpenPopover)
-{
-    addNamed(1, "One");
-    launch();
-    panel.rows[0]->popover = true;
-    addNamed(2, "Two");
-    loop.advance(Seconds(6));
-    EXPECT_EQ(panel.builds, 1);
-    panel.rows[0]->popover = false;
-    addNamed(3, "Three"); // starts no rebuild of its own
-    loop.advance(Seconds(5));
-    EXPECT_EQ(panel.builds, 2);
-    EXPECT_EQ(panel.rows.size(), 3U);
-}
-
 TEST_F(Controller, rebuildsThatWaitAreOneThatReusesRowsOnlyIfAllMay)
 {
     addNamed(1, "One");

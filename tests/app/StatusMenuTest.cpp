@@ -70,25 +70,6 @@ TEST_F(StatusItem, theMenuControlsTheLamps)
     EXPECT_TRUE(other->embargo()); // it was meant, not the lamp of the same name
 }
 
-TEST_F(StatusItem, theBadgeCountsLitLamps)
-{
-    addLamp(1, {.power = 0xFFFF});
-    addLamp(2, {.power = 0xFFFF});
-    addLamp(3, {.power = 0});
-    receive(stateService(4)); // nothing is known of its power
-    statusMenu.updateDockIcon();
-    EXPECT_EQ(badge, std::nullopt);
-    EXPECT_EQ(statusMenu.lightsOn(), 2);
-    defaults.setObject("badgeIcon", true);
-    statusMenu.updateDockIcon();
-    EXPECT_EQ(badge, 2);
-    receive(lightState(1, {.power = 0}));
-    receive(lightState(2, {.power = 0}));
-    statusMenu.updateDockIcon();
-    EXPECT_EQ(badge, std::nullopt);
-    EXPECT_EQ(statusMenu.lightsOn(), 0);
-}
-
 TEST_F(StatusItem, thePopUpNamesEveryTarget)
 {
     LampsPopUp popUp(engine().registry(), defaults);

@@ -71,24 +71,6 @@ TEST_F(PanelEndToEnd, theHandReachesTheLampAndTheLampTheHand)
     control<OnOffButtonView>("Ceiling", "power")->click();
     EXPECT_TRUE(test::workUntil(
         [&] { return !onLamp(1, [](VirtualLamp& lamp, Time now) { return lamp.power(now); }); }));
-
-    // A late report does not pull a touched slider away; once the embargo is over, it shows.
-    const int shown = brightness->value();
-    const auto brighten = [this] {
-        network.withLamp(0, [](VirtualLamp& lamp, Time now) {
-            const auto hue = static_cast<std::uint16_t>(lamp.colour(now).hue + 1);
-            lamp.setColour({hue, 0, 65535, 3500}, now);
-        });
-    };
-    brighten();
-    ASSERT_TRUE(test::workUntil(
-        [&] { return engine.registry().lampWithID(lampID(1))->brightness == 255; }));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(brightness->value(), shown);
-    EXPECT_TRUE(test::workUntil([&] {
-        brighten(); // reports come with changes, so the lamp goes on changing
-        return brightness->value() == 255;
-    }));
 }
 
 /// What lamps hold after the engine has changed a group, a location or a tag, and what they then

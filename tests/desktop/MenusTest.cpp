@@ -6,7 +6,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -181,15 +180,6 @@ TEST_F(FullMenus, workWithoutTheBar)
     EXPECT_TRUE(test::workUntil([&] { return window.isActiveWindow(); }));
     QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(quits, 1);
-
-    QTimer::singleShot(0, &window, [&] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        ASSERT_TRUE(menu);
-        EXPECT_EQ(texts(*menu), texts(window.menuBar()->actions()));
-        menu->close();
-    });
-    QContextMenuEvent wish(QContextMenuEvent::Keyboard, QPoint(5, 5), window.mapToGlobal(QPoint()));
-    QCoreApplication::sendEvent(&window, &wish);
 }
 
 } // namespace lumeroom

@@ -125,14 +125,4 @@ TEST_F(SettingsDialog, restoresAPageOnceConfirmed)
     EXPECT_EQ(control<QDoubleSpinBox>(keys::kHeartbeatSpeed).value(), 1);
 }
 
-TEST_F(SettingsDialog, canBeUsedByKeyboardAndEar)
-{
-    for (auto* editor : window.findChildren<SettingEditor*>()) {
-        const QString label = settingText(editor->setting().label);
-        EXPECT_TRUE(label.contains('&')) << label.toStdString();
-        EXPECT_EQ(editor->control()->accessibleName(), withoutMnemonic(label));
-        EXPECT_NE(editor->control()->focusPolicy() & Qt::TabFocus, 0);
-    }
-}
-
 } // namespace lumeroom

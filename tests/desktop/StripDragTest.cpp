@@ -2,9 +2,6 @@
 #include "strips/ui/DragHandle.h"
 #include "support/QtTestInput.h"
 
-#include <QScrollArea>
-#include <QScrollBar>
-
 namespace lumeroom::test {
 
 namespace {
@@ -101,42 +98,6 @@ TEST_F(StripDragging, arrowKeysTradePlacesWithTheNeighbour)
     EXPECT_EQ(owner.points.back(), (Point{410, 51}));
     key(handle(0), Qt::Key_Right);
     EXPECT_EQ(owner.points.back(), (Point{1230, 17}));
-}
-
-TEST_F(StripDragging, rowsGlideToTheirPlaces)
-{
-    makeColumn(2);
-    row(0).setOrigin({0, 300}, true);
-    EXPECT_LT(row(0).y(), 300);
-    EXPECT_EQ(row(0).origin(), (Point{0, 300})); // where it goes is where it is
-    EXPECT_TRUE(row(0).hitTest({5, 310}));
-    EXPECT_TRUE(workUntil([&] { return row(0).y() == 300; }));
-    row(0).setOrigin({0, 0}, true);
-    row(0).setShown(false); // out of sight it is there at once
-    EXPECT_EQ(row(0).pos(), QPoint(0, 0));
-    ControlStripView& late = rowOf(addStrip("New", theme::kThinControl));
-    late.setShown(true);
-    late.setOrigin({0, 100}, true); // a new row does not fly in from the corner
-    EXPECT_EQ(late.pos(), QPoint(0, 100));
-}
-
-TEST_F(StripDragging, theAreaScrollsWhileTheMouseIsAtItsEdge)
-{
-    makeColumn(20);
-    QScrollArea area;
-    area.setWidget(&container);
-    area.resize(860, 200);
-    area.show();
-    QCoreApplication::processEvents();
-    QWidget& grip = handle(0);
-    mouseAt(grip, QEvent::MouseButtonPress, {5, 5});
-    mouseAt(grip, QEvent::MouseMove, {5, 195});
-    const QScrollBar& bar = *area.verticalScrollBar();
-    const int before = row(0).y();
-    EXPECT_TRUE(workUntil([&] { return bar.value() == bar.maximum(); }));
-    EXPECT_EQ(row(0).y() - before, bar.maximum()); // it stays under the mouse
-    mouseAt(grip, QEvent::MouseButtonRelease, {5, 5});
-    area.takeWidget();
 }
 
 } // namespace lumeroom::test

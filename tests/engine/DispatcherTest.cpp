@@ -100,18 +100,6 @@ TEST_F(Dispatcher, thereIsAnEndToLampsAndGroupings)
     EXPECT_EQ(lamp->group->label, "Den 1099"); // the lamp's own is taken all the same
 }
 
-TEST_F(Dispatcher, serviceRepliesOfOtherKindsAddNothing)
-{
-    receive(stateService(1, 1, 0));
-    receive(stateService(1, 5));
-    EXPECT_TRUE(engine().registry().lightsArray().empty());
-    EXPECT_TRUE(delegate.searching.empty());
-    receive(stateService(2), lampAddress(2), 4000);
-    EXPECT_EQ(
-        linesWith("**** lamp responding on a port other than 56700 - please contact Support"), 1);
-    EXPECT_TRUE(engine().registry().lampWithID(lampID(2)));
-}
-
 TEST_F(Dispatcher, statesAreTakenInRecordUnits)
 {
     const auto lamp = addLamp(
@@ -137,22 +125,6 @@ TEST_F(Dispatcher, statesAreTakenInRecordUnits)
     receive(cut);
     EXPECT_EQ(lamp->colour, 4);
     EXPECT_EQ(lamp->label, "Lamp");
-}
-
-TEST_F(Dispatcher, versionsTellWhatALampCan)
-{
-    const auto lamp = addLamp(1);
-    const struct {
-        std::uint32_t product;
-        std::string name;
-        int capabilities;
-    } cases[] = {{1, "Colour lamp", 7}, {10, "White lamp", 2}, {11, "Warm white lamp", 6},
-        {4711, "Unknown", 2}};
-    for (const auto& c : cases) {
-        receive(stateVersion(1, c.product));
-        EXPECT_EQ(lamp->product, c.name);
-        EXPECT_EQ(lamp->capabilities, c.capabilities);
-    }
 }
 
 TEST_F(Dispatcher, tagsComeInTwoSteps)

@@ -216,25 +216,6 @@ TEST_F(Heartbeat, aSilentLampIsAskedEverMoreRarelyUntilItSpeaks)
     EXPECT_EQ(run(3, 51).size(), 3U);
 }
 
-TEST_F(Heartbeat, manyStoredAddressesDoNotHoldUpTheLampsThatAnswer)
-{
-    Value::Array stored;
-    for (int n = 0; n < 2000; ++n)
-        stored.emplace_back(fmt::format("10.0.{}.{}", n / 200, n % 200));
-    defaults.setObject("knownIPs", stored);
-    defaults.setObject("noBroadcastSupport", true);
-    addAnsweringLamps(12);
-    ASSERT_EQ(defaults.get(keys::kKnownIPs).size(), 300U);
-    EXPECT_EQ(defaults.get(keys::kKnownIPs).front(), Value(lampAddress(12)));
-    engine().startHeartbeat();
-    run(30);
-    EXPECT_GE(run(30, 2, lampAddress(1)).size(), 3U);
-    std::size_t others = 0; // have a tenth of the time
-    for (const auto& datagram : run(30))
-        others += datagram.host.starts_with("10.") ? 1 : 0;
-    EXPECT_EQ(others, 30U);
-}
-
 TEST_F(Heartbeat, socketsAreMadeOnDemandRenewedAndClosed)
 {
     const auto lamp = addLamp(1);

@@ -65,17 +65,6 @@ TEST(ZTColourPicker, picksWhitesFromLeftToRight)
     EXPECT_EQ(picker.mainSlider().brightness(), 0.25F);
 }
 
-TEST(ZTColourPicker, aWhiteThatIsOnlyShownKeepsItsTemperature)
-{
-    ZTColourPicker picker;
-    for (int kelvin = 2500; kelvin <= 9000; ++kelvin) {
-        picker.setColour({0, 0, 0.5F, 1, kelvin});
-        for (int i = 0; i < 9; ++i) // the knob is cut off to a whole kelvin, but does not wander
-            picker.setColour(picker.getColor());
-        EXPECT_TRUE(picker.kelvin() == kelvin || picker.kelvin() == kelvin - 1) << kelvin;
-    }
-}
-
 TEST(ZTColourPicker, picksColoursWithTheKelvinLastUsed)
 {
     ZTColourPicker picker;

@@ -147,18 +147,4 @@ TEST_F(ColourWell, aDroppedColourActsAtOnceAndSetsThePickersMode)
     EXPECT_EQ(well->colour(), (Colour{0, 0, 0.4F, 1, 3000}));
 }
 
-TEST_F(ColourWell, tellsOfDrops)
-{
-    log.setVerbositySource([] { return 2; });
-    const ColourDrop red{false, {}, true, Colour{0, 1, 0.5F, 1, 2700}};
-    const ColourDrop unreadable{true, {}, true, red.colour}; // archives come first
-    EXPECT_TRUE(well->performDragOperation(red));
-    EXPECT_FALSE(well->performDragOperation(unreadable));
-    EXPECT_FALSE(well->performDragOperation({}));
-    EXPECT_EQ(handled.size(), 1U);
-    EXPECT_EQ(lines,
-        (std::vector<std::string>{"colour dropped with rgbk 0.50, 0.00, 0.00, 2700 ",
-            "Error: MyNSView zPasteboardData == nil", "Error MyNSView performDragOperation"}));
-}
-
 } // namespace lumeroom::test

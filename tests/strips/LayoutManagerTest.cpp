@@ -66,21 +66,6 @@ TEST_F(Layouts, rowsAndColumnsGrowByTheSizeOfTheStrips)
     }
 }
 
-TEST_F(Layouts, theWindowStaysWithinItsLimits)
-{
-    LayoutManager row = layoutOf(theme::kSingleControl);
-    place(row, 1, {200, 350});
-    EXPECT_EQ(row.getWindowSize(), (Size{600, 350}));
-    place(row, 20, {200, 350});
-    EXPECT_EQ(row.getWindowSize(), (Size{1600, 350}));
-
-    LayoutManager column = layoutOf(theme::kHorizontalControl);
-    place(column, 6, {820, 56});
-    EXPECT_EQ(column.getWindowSize(), (Size{955, 7 * 56})); // and one strip to spare
-    place(column, 100, {820, 56});
-    EXPECT_EQ(column.getWindowSize(), (Size{955, 900}));
-}
-
 TEST_F(Layouts, theGridWrapsToTheWindow)
 {
     LayoutManager grid = layoutOf(theme::kSquareControl);

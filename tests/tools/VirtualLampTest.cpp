@@ -35,34 +35,9 @@ std::vector<Bytes> payloads(const std::vector<Bytes>& answers, std::uint16_t typ
 struct Model : ::testing::Test {
     const MacAddress mac = macAddressForNumber(5);
     VirtualLamp lamp{mac, productWithID(27), 0};
-    VirtualLamp strip{mac, productWithID(32), 12};
 };
 
 } // namespace
-
-TEST_F(Model, answersWithTheRequestsSourceAndSequence)
-{
-    const auto answers = lamp.handle(request(2, {}), kStart);
-    ASSERT_EQ(answers.size(), 2U); // as real lamps, UDP and a reserved service
-    const Bytes& first = answers[0];
-    EXPECT_EQ(readInteger(first, 4, 4), 0xCAFEU);
-    EXPECT_EQ(first[23], 9);
-    EXPECT_EQ(readInteger(first, 32, 2), 3U);
-    EXPECT_EQ(hexText(ByteView(first).subspan(36)), "017cdd0000");
-    EXPECT_TRUE(std::equal(mac.begin(), mac.end(), first.begin() + 8));
-    EXPECT_TRUE(lamp.handle(request(2, macAddressForNumber(6)), kStart).empty());
-    EXPECT_TRUE(lamp.handle(Bytes(35), kStart).empty());
-}
-
-TEST_F(Model, setsAreAnsweredWhenAsked)
-{
-    const Bytes label = PayloadWriter().text("New", 32).get();
-    EXPECT_TRUE(lamp.handle(request(24, mac, label), kStart).empty());
-    EXPECT_EQ(lamp.label, "New");
-    EXPECT_EQ(payloads(lamp.handle(request(24, mac, label, 1), kStart), 25).size(), 1U);
-    EXPECT_EQ(payloads(lamp.handle(request(24, mac, label, 2), kStart), 45).size(), 1U);
-    EXPECT_TRUE(lamp.handle(request(24, mac, Bytes(31), 1), kStart).empty()); // too short
-}
 
 TEST_F(Model, coloursFadeAndTakeTheShortWayRound)
 {
@@ -84,31 +59,6 @@ TEST_F(Model, coloursFadeAndTakeTheShortWayRound)
     VirtualLamp white(mac, productWithID(10), 0);
     white.setColour({5, 6, 7, 9000}, kStart);
     EXPECT_EQ(white.colour(kStart), (Hsbk{0, 0, 7, 6500}));
-}
-
-TEST_F(Model, zonesAnswerOneOrEightAtATime)
-{
-    for (std::size_t i = 0; i < 12; ++i)
-        strip.setZone(i, {static_cast<std::uint16_t>(i), 1, 2, 3000}, kStart);
-    const auto ask = [&](unsigned from, unsigned to, unsigned size = 0) {
-        return strip.handle(
-            request(502, mac, PayloadWriter().u8(from).u8(to).get(), 0, size), kStart);
-    };
-    EXPECT_EQ(hexText(payloads(ask(0, 0, 36), 503).at(0)), "0c00000001000200b80b");
-    const auto all = payloads(ask(0, 255), 506);
-    ASSERT_EQ(all.size(), 2U);
-    EXPECT_EQ(hexText(ByteView(all[1]).first(10)), "0c08080001000200b80b");
-    EXPECT_EQ(hexText(ByteView(all[1]).subspan(2 + 32, 8)), std::string(16, '0')); // past the last
-
-    const auto set = [&](unsigned zone, unsigned hue, unsigned apply) {
-        PayloadWriter payload;
-        payload.u8(zone).u8(zone).u16(hue).u16(0).u16(0).u16(3000).u32(0).u8(apply);
-        strip.handle(request(501, mac, payload.get()), kStart);
-    };
-    set(3, 777, 0); // waits
-    EXPECT_EQ(strip.zone(3, kStart).hue, 3);
-    set(4, 888, 1);
-    EXPECT_EQ(strip.zone(3, kStart).hue, 777);
 }
 
 TEST(Options, sayWhatIsWrong)
