@@ -295,10 +295,10 @@ TEST_F(Panel, aRowShowsThePowerThatWasSentUntilItsLampTellsItsOwn)
     engine().commands().sendSettingsToLamp(Settings::fromDictionary({{"onoff", true}}), lampID(1));
     EXPECT_EQ(sockets.takeOfType(117).size(), 3U); // though the lamp last reported to be on
     engine().commands().lampOn(lampID(1), false);
-    loop.advance(Seconds(6));
-    EXPECT_FALSE(row("Desk").strip.onOffButton().state());
     receive(lightState(1, {.brightness = 50000, .label = "Desk"})); // the last got lost
     loop.runPosted();
+    EXPECT_FALSE(row("Desk").strip.onOffButton().state());
+    loop.advance(Seconds(6));
     EXPECT_TRUE(row("Desk").strip.onOffButton().state());
 }
 
