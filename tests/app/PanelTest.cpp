@@ -285,6 +285,8 @@ TEST_F(Panel, aGroupThatBecomesKnownIsInTheMenusAndOnThePanel)
 TEST_F(Panel, aRowShowsThePowerThatWasSentUntilItsLampTellsItsOwn)
 {
     furnish();
+    receive(lightState(1, {.brightness = 40000, .label = "Desk"}));
+    loop.runPosted();
     row("Desk").strip.onOffButton().press();
     panel.didEndLiveResize();
     loop.runPosted();
@@ -295,7 +297,7 @@ TEST_F(Panel, aRowShowsThePowerThatWasSentUntilItsLampTellsItsOwn)
     engine().commands().sendSettingsToLamp(Settings::fromDictionary({{"onoff", true}}), lampID(1));
     EXPECT_EQ(sockets.takeOfType(117).size(), 3U); // though the lamp last reported to be on
     engine().commands().lampOn(lampID(1), false);
-    receive(lightState(1, {.brightness = 50000, .label = "Desk"})); // the last got lost
+    receive(lightState(1, {.brightness = 40000, .label = "Desk"})); // the last got lost
     loop.runPosted();
     EXPECT_FALSE(row("Desk").strip.onOffButton().state());
     loop.advance(Seconds(6));
