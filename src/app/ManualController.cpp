@@ -122,6 +122,11 @@ void ManualController::observeSettings()
     observe(keys::kColourPickerType, [this] { m_panelSetUp.refreshSetUpUsingRecycling(true); });
     observe(keys::kGroupPowerStateBasedOn, [this] { lampStatesChanged(); });
     observe(keys::kBadgeIcon, [this] { m_statusMenu.updateDockIcon(); });
+    observe(keys::kPresets, [this] { m_lampsPopUp.populateLampsPopUp(); });
+    observe(keys::kCurrentTheme, [this] {
+        if (m_panelSetUp.layoutManager().theme() != m_defaults.get(keys::kCurrentTheme))
+            m_panelSetUp.showStoredTheme();
+    });
 }
 
 void ManualController::applicationShouldTerminate()

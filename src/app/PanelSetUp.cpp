@@ -264,9 +264,14 @@ void PanelSetUp::switchTheme(int theme)
         m_layoutManager.saveWindowState();
         m_collection.saveStripOrder();
     }
-    m_layoutManager.setTheme(theme);
-    restoreWindowSize();
     m_environment.defaults.setObject(keys::kCurrentTheme, theme);
+    showStoredTheme();
+}
+
+void PanelSetUp::showStoredTheme()
+{
+    m_layoutManager.setTheme(static_cast<int>(m_environment.defaults.get(keys::kCurrentTheme)));
+    restoreWindowSize();
     refreshSetUpUsingRecycling(false);
 }
 

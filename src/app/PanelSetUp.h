@@ -67,6 +67,8 @@ public:
     bool isSetUp() const { return m_setUp; }
     /// Only strips of this layout come back.
     void switchTheme(int theme);
+    /// The same for a layout that was stored elsewhere; the window's present size is not kept.
+    void showStoredTheme();
 
 private:
     bool isInUse() const;

@@ -394,7 +394,8 @@ TEST_F(Panel, layoutsSetTheWindow)
     EXPECT_EQ(defaults.get(keys::kCurrentTheme), 1);
     controller.switchTheme(9);
     EXPECT_TRUE(panel.rows.empty());
-    controller.switchTheme(2);
+    defaults.setObject(keys::kCurrentTheme, 2); // by an import, say
+    loop.runPosted();
     EXPECT_EQ(panel.rows.size(), 3U);
 
     defaults.setObject("colourPickerType", 1);
