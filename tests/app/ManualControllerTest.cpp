@@ -134,7 +134,8 @@ TEST_F(Controller, theOrderIsKeptOverRuns)
     defaults.setObject("sortOrder",
         Value::Array{Value::Dictionary{{"ID", lampID(3)}, {"group", false}},
             Value::Dictionary{{"ID", "gone"}, {"group", false}},
-            Value::Dictionary{{"ID", lampID(1)}, {"group", true}}, "rubbish"});
+            Value::Dictionary{{"ID", lampID(1)}, {"group", true}}, "rubbish",
+            Value::Dictionary{{"ID", lampID(3)}, {"group", false}}}); // again
     for (unsigned n = 1; n <= 5; ++n)
         addNamed(n, "Lamp " + std::to_string(n));
     launch();
