@@ -51,7 +51,10 @@ struct Receiving {
             service[12] = static_cast<std::uint8_t>(n >> 8U);
             const std::string address
                 = "127.1." + std::to_string(n / 250) + "." + std::to_string(n % 250 + 1);
-            engine.udpSocketDidReceiveData(*socket, service, test::socketAddress(address, 56700));
+            const SocketAddress from = test::socketAddress(address, 56700);
+            engine.udpSocketDidReceiveData(*socket, service, from);
+            const auto& lamp = engine.registry().lightsArray().back();
+            engine.udpSocketDidReceiveData(*lamp->socket, stateOf(n, 0), from); // one that answers
         }
     }
 

@@ -355,4 +355,18 @@ int AsyncUdpSocket::familyFromAddress(const SocketAddress& address)
     return family;
 }
 
+bool AsyncUdpSocket::isSameHost(const SocketAddress& one, const SocketAddress& other)
+{
+    const int family = familyFromAddress(one);
+    if (family != familyFromAddress(other))
+        return false;
+    const auto sameBytes = [&](std::size_t offset, std::size_t count) {
+        return std::memcmp(one.bytes.data() + offset, other.bytes.data() + offset, count) == 0;
+    };
+    if (family == AF_INET)
+        return sameBytes(offsetof(sockaddr_in, sin_addr), sizeof(in_addr));
+    return family == AF_INET6 && sameBytes(offsetof(sockaddr_in6, sin6_addr), sizeof(in6_addr))
+        && sameBytes(offsetof(sockaddr_in6, sin6_scope_id), sizeof(std::uint32_t));
+}
+
 } // namespace lumeroom

@@ -29,6 +29,8 @@ public:
     static std::string hostFromAddress(const SocketAddress& address);
     static std::uint16_t portFromAddress(const SocketAddress& address);
     static int familyFromAddress(const SocketAddress& address);
+    /// Whatever the ports.
+    static bool isSameHost(const SocketAddress& one, const SocketAddress& other);
 
     // Called by the I/O thread
     void readAvailable(DatagramReader& reader);

@@ -63,6 +63,7 @@ std::shared_ptr<Lamp> LampRegistry::addLamp(const std::string& address, const Ta
 
 void LampRegistry::remove(const std::shared_ptr<Lamp>& lamp)
 {
+    m_lastFound = {};
     std::erase(m_lamps, lamp);
     const auto there = m_byAddress.find(lamp->address);
     std::erase(there->second, lamp);
@@ -101,8 +102,12 @@ Lamp* LampRegistry::lampAtAddress(const std::string& address, const Target& targ
 
 Lamp* LampRegistry::lampWithTarget(const Target& target) const
 {
-    const auto found = m_firstByTarget.find(integerOf(target));
-    return found == m_firstByTarget.end() ? nullptr : found->second;
+    const std::uint64_t wanted = integerOf(target);
+    if (m_lastFound.second && m_lastFound.first == wanted)
+        return m_lastFound.second;
+    const auto found = m_firstByTarget.find(wanted);
+    m_lastFound = {wanted, found == m_firstByTarget.end() ? nullptr : found->second};
+    return m_lastFound.second;
 }
 
 std::shared_ptr<Lamp> LampRegistry::lampWithID(std::string_view id) const

@@ -83,6 +83,8 @@ private:
     Lamps m_distinct;
     std::unordered_map<std::string, Lamps> m_byAddress;
     std::unordered_map<std::uint64_t, Lamp*> m_firstByTarget;
+    /// One datagram asks for its lamp several times.
+    mutable std::pair<std::uint64_t, Lamp*> m_lastFound;
     std::unordered_map<std::string, std::shared_ptr<Lamp>, TextHash, std::equal_to<>> m_byID;
 };
 

@@ -20,6 +20,16 @@ bool cameBy(const UdpSocket& socket, const Lamp& lamp)
     return lamp.socket.get() == &socket || lamp.previousSocket.lock().get() == &socket;
 }
 
+/// The first of a lamp's records that this is true of; one that has moved has one for each address.
+template <typename Condition> Lamp* firstRecord(Lamp& lamp, Condition isTrueOf)
+{
+    if (isTrueOf(lamp))
+        return &lamp;
+    const auto found = std::find_if(lamp.elsewhere.begin(), lamp.elsewhere.end(),
+        [&isTrueOf](const auto& record) { return isTrueOf(*record); });
+    return found == lamp.elsewhere.end() ? nullptr : found->get();
+}
+
 } // namespace
 
 Liveness::Liveness(LampRegistry& registry, Discovery& discovery, SendQueue& queue, RunLoop& runLoop)
@@ -60,17 +70,13 @@ void Liveness::received(const Target& target, const UdpSocket& socket, const Soc
     Lamp* lamp = m_registry.lampWithTarget(target);
     if (!lamp)
         return;
-    if (cameBy(socket, *lamp)) {
-        answered(*lamp);
-        return;
-    }
-    // A lamp that has moved has a record for each address.
-    const auto found = std::find_if(lamp->elsewhere.begin(), lamp->elsewhere.end(),
-        [&socket](const auto& record) { return cameBy(socket, *record); });
-    if (found != lamp->elsewhere.end())
-        answered(**found);
-    else if (Lamp* there = m_registry.lampAtAddress(AsyncUdpSocket::hostFromAddress(from), target))
-        announced(*there);
+    const auto byItsSocket = [&](const Lamp& record) { return cameBy(socket, record); };
+    const auto fromItsAddress
+        = [&](const Lamp& record) { return AsyncUdpSocket::isSameHost(record.heardFrom, from); };
+    if (Lamp* record = firstRecord(*lamp, byItsSocket))
+        answered(*record);
+    else if ((record = firstRecord(*lamp, fromItsAddress)))
+        announced(*record);
 }
 
 void Liveness::heard(Lamp& lamp)

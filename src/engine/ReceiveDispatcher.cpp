@@ -172,6 +172,7 @@ void ReceiveDispatcher::lampAnsweredFrom(const SocketAddress& from, const Target
 
     const std::string host = AsyncUdpSocket::hostFromAddress(from);
     if (const auto lamp = m_environment.intake.addLampToRespondingLamps(host, target)) {
+        lamp->heardFrom = from;
         if (log.shows(3)) {
             log.line("we're boogieing with a lamp at {} {} {}", host, port,
                 AsyncUdpSocket::familyFromAddress(from));

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "base/Value.h"
+#include "engine/UdpSocket.h"
 
 #include <array>
 #include <memory>
 #include <span>
 
 namespace lumeroom {
-
-class UdpSocket;
 
 /// The keys by which records and settings are known to the rest of the program and its files.
 namespace keys {
@@ -147,6 +146,7 @@ struct Lamp : LampColour {
     std::string id; ///< the target in 16 hexadecimal digits
     std::string label;
     std::optional<Target> mac;
+    SocketAddress heardFrom; ///< when the record was made
     std::shared_ptr<UdpSocket> socket;
     std::weak_ptr<UdpSocket> previousSocket; ///< replies to what left by it may still come
     /// Further records of the same lamp, at other addresses that it was heard at.
