@@ -16,10 +16,20 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdio>
+
 namespace lumeroom::bench {
+
+/// The display that shows nothing says at every change of size that it keeps no limits.
+inline void tellAllButOfSizeHints(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith(QLatin1StringView("This plugin does not support propagateSizeHints")))
+        std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+}
 
 inline int runBenchmarks(int argc, char** argv)
 {
+    qInstallMessageHandler(tellAllButOfSizeHints);
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
@@ -63,7 +73,8 @@ struct PanelOfLamps {
             const auto from = test::socketAddress(
                 "127.1." + std::to_string(n / 250) + "." + std::to_string(n % 250 + 1), 56700);
             engine.udpSocketDidReceiveData(*socket, ofLamp(n, test::stateService(0)), from);
-            engine.udpSocketDidReceiveData(*socket, stateOf(n, 0), from);
+            const auto& lamp = engine.registry().lightsArray().back();
+            engine.udpSocketDidReceiveData(*lamp->socket, stateOf(n, 0), from); // it answers
             const unsigned room = n / kLampsPerGroup + 1;
             engine.udpSocketDidReceiveData(*socket,
                 ofLamp(n, test::stateGrouping(53, 0, room, "Room " + std::to_string(room))), from);

@@ -175,6 +175,7 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
     }
     // What waits is done with this, and where it may not reuse the rows, neither may this.
     m_deferredRefresh.cancel();
+    const bool asksForNewRows = !recycling;
     if (!std::exchange(m_deferredRecycling, true))
         recycling = false;
     if (!recycling)
@@ -187,6 +188,8 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
     }
     m_factory.forgetUnknown();
     m_environment.panel.keepFocus();
+    if (asksForNewRows) // which no button in a row does
+        m_former.clear(); // so that the new ones take their memory
     setUp();
 }
 
