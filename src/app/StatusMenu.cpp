@@ -63,8 +63,8 @@ void StatusMenu::renameStrip(LampControlStrip& strip)
 void StatusMenu::countLampsLit()
 {
     const Lamps& lamps = m_registry.distinctLamps();
-    m_lightsOn = static_cast<int>(std::count_if(
-        lamps.begin(), lamps.end(), [](const auto& lamp) { return lamp->onoff.value_or(false); }));
+    m_lightsOn = static_cast<int>(std::count_if(lamps.begin(), lamps.end(),
+        [](const auto& lamp) { return lamp->expectedPower().value_or(false); }));
 }
 
 void StatusMenu::updateDockIcon()

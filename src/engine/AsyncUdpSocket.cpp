@@ -81,6 +81,8 @@ void AsyncUdpSocket::sendDataToHost(Datagram data, const std::string& host, std:
     {
         const std::lock_guard lock(m_mutex);
         const bool asked = isLookingUp(host, port);
+        if (asked)
+            address.reset(); // behind those that wait for it
         const bool mayGoNow = address && !asked && firstReady() == m_pending.end();
         if (mayGoNow && trySend(data, host, *address) == Sent::Done)
             return;

@@ -182,7 +182,7 @@ void RecordIntake::addHuePowerToLamp(
         return;
     }
     lamp->adopt(settingsForMultiZoneLamp(*lamp)); // whose colours the zone notifications tell
-    if (powerChanged)
+    if (powerChanged || wasSwitched)
         m_notifier.sendLampPowerReportedNotificationToDelegate();
 }
 

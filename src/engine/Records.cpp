@@ -235,6 +235,7 @@ void Lamp::inherit(const Lamp& other)
 {
     Lamp heir = other;
     heir.address = address;
+    heir.heardFrom = heardFrom;
     heir.socket = socket;
     heir.previousSocket = previousSocket;
     heir.service = service;

@@ -59,8 +59,8 @@ Settings settingsOfUnknownLamps()
 
 bool groupIsOn(const Lamps& lamps, std::int64_t basedOn)
 {
-    const auto on = std::count_if(
-        lamps.begin(), lamps.end(), [](const auto& lamp) { return lamp->onoff.value_or(false); });
+    const auto on = std::count_if(lamps.begin(), lamps.end(),
+        [](const auto& lamp) { return lamp->expectedPower().value_or(false); });
     const auto all = static_cast<std::ptrdiff_t>(lamps.size());
     switch (basedOn) {
     case 0:
@@ -112,7 +112,7 @@ Settings settingsForLamps(const Lamps& lamps)
     RunningMean mean;
     for (const auto& lamp : lamps)
         mean.add(*lamp);
-    return {mean.result(), !lamps.empty() && lamps.back()->onoff.value_or(false), {}};
+    return {mean.result(), !lamps.empty() && lamps.back()->expectedPower().value_or(false), {}};
 }
 
 Settings settingsForMultiZoneLamp(const Lamp& lamp)

@@ -44,7 +44,8 @@ public:
 
     virtual std::optional<SocketError> enableBroadcast(bool enabled) = 0;
     /// Sends to an IP address (or a host name, which is resolved in the background). Sends on one
-    /// socket leave in order. Empty data is not sent; failures are not reported to the caller.
+    /// socket leave in order, but that none waits for another host's name. Empty data is not sent;
+    /// failures are not reported to the caller.
     virtual void sendDataToHost(Datagram data, const std::string& host, std::uint16_t port) = 0;
     /// Starts continuous delivery; later calls do nothing and succeed. Answers the error, if any.
     virtual std::optional<SocketError> beginReceiving() = 0;

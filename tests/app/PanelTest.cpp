@@ -348,6 +348,9 @@ TEST_F(Panel, rowsFollowALightStrip)
         for (const char* name : {"Shelf", "Hall", "Yard", "Late"})
             EXPECT_EQ(shelf(name), std::pair(100, on)) << name;
     }
+    engine().commands().allOn(true);
+    receive(lightState(3, {.power = 0, .label = "Shelf"})); // which did not hear of it
+    EXPECT_EQ(shelf("Hall"), std::pair(100, false));
 
     row("Shelf").strip.navigationButton().press();
     EXPECT_EQ(shelf("zone 2"), std::pair(100, false));

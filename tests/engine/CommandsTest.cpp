@@ -213,8 +213,6 @@ struct Collections : Commands {
 
 TEST_F(Collections, summariesAreRunningMeans)
 {
-    engine().commands().locationOn(location, true);
-    EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.2", "117 127.0.9.3"}));
     const Summaries& summaries = engine().summaries();
     EXPECT_EQ(
         summaries.settingsForGroup("0").colour, 3125); // ((1 + 2) / 2 + 3) / 2, and 4 for half
@@ -236,6 +234,8 @@ TEST_F(Collections, summariesAreRunningMeans)
         EXPECT_EQ(summaries.settingsForGroup(empty).onoff, c.empty);
         EXPECT_EQ(summaries.settingsForGroup(empty).brightness, 0);
     }
+    engine().commands().locationOn(location, true);
+    EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.2", "117 127.0.9.3"}));
 }
 
 } // namespace lumeroom::test
