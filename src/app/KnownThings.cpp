@@ -107,7 +107,7 @@ std::vector<KnownThing> KnownThings::all() const
         things.push_back(thingOf(*lamp));
     for (const auto& lamp : lamps) {
         for (const Zone& zone : lamp->zonesInOrder()) {
-            if (things.size() < lamps.size() + kMostZones)
+            if (lamp->has(zone) && things.size() < lamps.size() + kMostZones)
                 things.push_back(thingOf(zone, *lamp));
         }
     }

@@ -16,7 +16,7 @@ std::optional<std::string> nameFrom(const std::string& label)
 
 StripRecord StripRecord::of(const Lamp& lamp)
 {
-    StripRecord record{lamp.id, {}, lamp.capabilities, lamp.zones ? lamp.zones->size() : 0};
+    StripRecord record{lamp.id, {}, lamp.capabilities, lamp.numberOfZones()};
     record.settings.adopt(lamp);
     record.settings.onoff = lamp.expectedPower();
     record.settings.label = nameFrom(lamp.label);
@@ -37,7 +37,7 @@ StripRecord StripRecord::of(
 StripRecord StripRecord::of(const Zone& zone, const Lamp& lamp)
 {
     StripRecord record{fmt::format("{}-{}", lamp.id, zone.zone), {}, {}, 0};
-    record.settings.adopt(zone);
+    record.settings.adopt(zone.expectedColour());
     record.settings.onoff = lamp.expectedPower();
     record.settings.label = fmt::format("zone {}", zone.zone);
     return record;

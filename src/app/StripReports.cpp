@@ -28,7 +28,7 @@ void StripReports::updateLamps(const Lamps& lamps) const
         if (!lamp->onoff || !lamp->brightness)
             continue;
         if (lamp->zones)
-            m_factory.showZones(*strip, lamp->zones->size());
+            m_factory.showZones(*strip, lamp->numberOfZones());
         strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(
             StripRecord::of(*lamp).settings);
     }

@@ -30,10 +30,10 @@ struct EngineRoom::Machinery {
         , polls(registry, sockets, queue, with.runLoop, with.log)
         , discovery(with.defaults, with.log, notifier, polls, with.arpTable)
         , liveness(registry, discovery, queue, with.runLoop)
-        , intake(registry, notifier, liveness, polls, catalogue, with.log)
+        , commands(registry, sockets, with.defaults, with.log)
+        , intake(registry, notifier, liveness, polls, commands, catalogue, with.log)
         , dispatcher({with.runLoop, with.log, notifier, registry, liveness, intake, polls, embargo})
         , summaries(registry, with.defaults)
-        , commands(registry, sockets, with.defaults, with.log)
         , groupings({with.runLoop, with.log, notifier, registry, intake, polls, embargo})
         , tags({with.log, notifier, registry, intake, sockets, embargo})
         , heartbeat({with.runLoop, with.pacer, with.defaults, with.log, notifier, discovery, polls,
@@ -51,10 +51,10 @@ struct EngineRoom::Machinery {
     Polls polls;
     Discovery discovery;
     Liveness liveness;
+    LampCommands commands;
     RecordIntake intake;
     ReceiveDispatcher dispatcher;
     Summaries summaries;
-    LampCommands commands;
     GroupingCommands groupings;
     TagCommands tags;
     Heartbeat heartbeat;

@@ -114,7 +114,8 @@ std::string written(const Value& value, Log& log)
 {
     if (const auto* dictionary = value.as<Value::Dictionary>())
         return JSONFromDictionary(*dictionary, log);
-    if (value.is<std::int64_t>() || value.is<double>() || value.is<bool>())
+    if (value.is<std::int64_t>() || value.is<Value::LargeInteger>() || value.is<double>()
+        || value.is<bool>())
         return fmt::format("{:.2f}", value.doubleValue());
     std::string text = value.is<std::string>() ? value.stringValue() : description(value);
     if (text == "true" || text == "false" || text.starts_with('['))

@@ -6,6 +6,7 @@
 #include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
 #include "engine/LampSockets.h"
+#include "engine/Summaries.h"
 #include "engine/WireFormat.h"
 
 #include <algorithm>
@@ -122,6 +123,8 @@ void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
     if (lamp.zones && !settings.hasAll()) {
         for (const Zone& zone : lamp.zonesInOrder())
             sendColourToLampZone(settings, lamp, zone.zone);
+        if (!lamp.allZonesAreKnown())
+            lamp.forZonesToCome.adopt(settings);
         return;
     }
     const Settings working = merged(settings, lamp);
@@ -129,6 +132,11 @@ void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
         wire::lightSetColor(
             lamp.mac, toWire(working), colourDurationMilliseconds(*working.duration)));
     lamp.adopt(settings); // the next partial command builds on this one
+    lamp.forZonesToCome = {};
+    if (!lamp.zones)
+        return;
+    for (Zone& zone : *lamp.zones)
+        zone.colourSent = working;
 }
 
 void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, int number)
@@ -140,11 +148,14 @@ void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, in
             lamp.label, number);
         return;
     }
-    const Settings working = merged(settings, *zone);
+    const Settings working = merged(settings, zone->expectedColour());
     sendDirect("MULTIZONE_SETCOLORZONES", lamp,
         wire::multizoneSetColorZones(lamp.mac, static_cast<std::uint8_t>(number), toWire(working),
             colourDurationMilliseconds(*working.duration)));
     zone->adopt(settings);
+    if (zone->colourSent)
+        zone->colourSent->adopt(settings);
+    adoptMeanOfZones(lamp);
 }
 
 void LampCommands::sendSetLabelToLamp(const std::string& label, Lamp& lamp)

@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 #include "engine/EngineNotifier.h"
+#include "engine/LampCommands.h"
 #include "engine/LampRegistry.h"
 #include "engine/Liveness.h"
 #include "engine/Polls.h"
@@ -62,16 +63,6 @@ bool addToKnown(
     return true;
 }
 
-/// A light strip's own record is the mean of its zones. One without a state yet waits for its
-/// first report of power.
-void showMeanOfZones(Lamp& lamp)
-{
-    if (!lamp.onoff)
-        return;
-    lamp.adopt(settingsForMultiZoneLamp(lamp));
-    ++lamp.reports;
-}
-
 constexpr std::string_view kGroupConflict
     = "groups found on bulbs with matching guid's but not matching labels. (We may be in the "
       "middle of updating groups which would explain this ) Lumeroom should check the updated "
@@ -85,11 +76,12 @@ constexpr std::string_view kLocationConflict
 } // namespace
 
 RecordIntake::RecordIntake(LampRegistry& registry, const EngineNotifier& notifier,
-    Liveness& liveness, Polls& polls, ProductCatalogue& catalogue, Log& log)
+    Liveness& liveness, Polls& polls, LampCommands& commands, ProductCatalogue& catalogue, Log& log)
     : m_registry(registry)
     , m_notifier(notifier)
     , m_liveness(liveness)
     , m_polls(polls)
+    , m_commands(commands)
     , m_catalogue(catalogue)
     , m_log(log)
 {
@@ -181,7 +173,7 @@ void RecordIntake::addHuePowerToLamp(
         m_notifier.sendLampsStateChangedNotificationToDelegate();
         return;
     }
-    lamp->adopt(settingsForMultiZoneLamp(*lamp)); // whose colours the zone notifications tell
+    adoptMeanOfZones(*lamp); // whose colours the zone notifications tell
     if (powerChanged || wasSwitched)
         m_notifier.sendLampPowerReportedNotificationToDelegate();
 }
@@ -245,14 +237,18 @@ void RecordIntake::addHueZoneToLamp(
         lamp->zones.emplace();
     const LampColour reported = fromWire(colour);
     const Zone* known = getZoneFromLamp(number, *lamp);
-    if (known && sameColour(*known, reported))
+    // One that was painted with the lamp and reports its former colour was not, after all.
+    if (known && sameColour(*known, reported) && sameColour(known->expectedColour(), reported))
         return;
 
     const bool changed = known != nullptr;
     if (changed)
         lamp->zones->erase(lamp->zones->begin() + (known - lamp->zones->data()));
     lamp->zones->push_back({reported, number}); // a changed zone moves to the end
-    showMeanOfZones(*lamp);
+    if (!changed && lamp->forZonesToCome.hasAny())
+        m_commands.sendColourToLampZone({lamp->forZonesToCome, {}, {}}, *lamp, number);
+    adoptMeanOfZones(*lamp);
+    ++lamp->reports;
     if (changed)
         m_notifier.sendLampsZoneStateChangedNotificationToDelegate();
     else

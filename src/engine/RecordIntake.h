@@ -6,6 +6,7 @@
 namespace lumeroom {
 
 class EngineNotifier;
+class LampCommands;
 class LampRegistry;
 class Liveness;
 class Log;
@@ -17,7 +18,7 @@ class ProductCatalogue;
 class RecordIntake {
 public:
     RecordIntake(LampRegistry& registry, const EngineNotifier& notifier, Liveness& liveness,
-        Polls& polls, ProductCatalogue& catalogue, Log& log);
+        Polls& polls, LampCommands& commands, ProductCatalogue& catalogue, Log& log);
 
     /// A record of a lamp that was not heard at this address before, else null.
     std::shared_ptr<Lamp> addLampToRespondingLamps(
@@ -46,6 +47,7 @@ private:
     const EngineNotifier& m_notifier;
     Liveness& m_liveness;
     Polls& m_polls;
+    LampCommands& m_commands;
     ProductCatalogue& m_catalogue;
     Log& m_log;
 };

@@ -243,6 +243,26 @@ void Lamp::inherit(const Lamp& other)
     *this = std::move(heir);
 }
 
+bool Lamp::has(const Zone& zone) const
+{
+    return zonecount.value_or(0) == 0 || zone.zone < *zonecount;
+}
+
+std::size_t Lamp::numberOfZones() const
+{
+    if (!zones)
+        return 0;
+    return zonecount.value_or(0) == 0 ? zones->size() : static_cast<std::size_t>(*zonecount);
+}
+
+bool Lamp::allZonesAreKnown() const
+{
+    const std::vector<Zone> reported = zonesInOrder();
+    const auto known = std::count_if(
+        reported.begin(), reported.end(), [this](const Zone& zone) { return has(zone); });
+    return static_cast<std::size_t>(known) >= numberOfZones();
+}
+
 std::vector<Zone> Lamp::zonesInOrder() const
 {
     std::vector<Zone> ordered = zones.value_or(std::vector<Zone>());

@@ -82,7 +82,11 @@ struct Settings : LampColour {
 /// One zone of a multizone lamp.
 struct Zone : LampColour {
     int zone = 0; ///< 0 to 255
+    /// What the lamp was sent as a whole since the zone last reported.
+    std::optional<LampColour> colourSent = {};
 
+    /// As the zone was told, or else as it has reported.
+    const LampColour& expectedColour() const { return colourSent ? *colourSent : *this; }
     Value::Dictionary toDictionary() const;
     std::optional<Value> valueForKey(std::string_view key) const;
 };
@@ -167,6 +171,7 @@ struct Lamp : LampColour {
     std::optional<int> capabilities;
     std::optional<int> zonecount; ///< 0 to 255
     std::optional<std::vector<Zone>> zones; ///< in order of arrival
+    LampColour forZonesToCome; ///< told the lamp while zones of it had still to report
 
     /// As the lamp was told, or else as it has reported.
     std::optional<bool> expectedPower() const { return powerSent ? powerSent : onoff; }
@@ -178,6 +183,12 @@ struct Lamp : LampColour {
     /// Those of its further records at whose addresses it has answered. What only claims to be the
     /// lamp is not sent what the lamp is.
     std::vector<std::shared_ptr<Lamp>> answeringElsewhere() const;
+    /// Lamps report zones by eights; the last report may hold some that the lamp does not have.
+    bool has(const Zone& zone) const;
+    /// By the lamp's own count or, without one, those that have reported.
+    std::size_t numberOfZones() const;
+    /// Whether each zone has reported: they are learnt some seconds after the lamp.
+    bool allZonesAreKnown() const;
     /// The record's zones by ascending number; empty without zones.
     std::vector<Zone> zonesInOrder() const;
 };

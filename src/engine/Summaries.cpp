@@ -120,9 +120,17 @@ Settings settingsForMultiZoneLamp(const Lamp& lamp)
     if (!lamp.zones)
         return settingsOfUnknownLamps();
     RunningMean mean;
-    for (const Zone& zone : *lamp.zones)
-        mean.add(zone);
+    for (const Zone& zone : *lamp.zones) {
+        if (lamp.has(zone))
+            mean.add(zone.expectedColour());
+    }
     return {mean.result(), {}, {}};
+}
+
+void adoptMeanOfZones(Lamp& lamp)
+{
+    if (lamp.onoff)
+        lamp.adopt(settingsForMultiZoneLamp(lamp));
 }
 
 } // namespace lumeroom

@@ -315,15 +315,16 @@ TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
     loop.advance(Seconds(5));
     EXPECT_TRUE(panel.rows.empty());
     receive(stateMultizone(3, 8, 0, 100)); // new zones while zones are in view
-    receive(stateZone(3, 8, 0, 100));
+    receive(stateZone(3, 5, 0, 100)); // and three that the lamp does not have
     receive(stateMultizone(3, 8, 0, 100));
     loop.advance(Seconds(2));
-    EXPECT_EQ(panel.rows.size(), 8U);
+    EXPECT_EQ(panel.rows.size(), 5U);
     navigation().back.press();
     EXPECT_TRUE(row("Desk").strip.navigationButton().isHidden());
     receive(stateZone(1, 8, 0, 100)); // a lamp that turns out to have zones
     loop.runPosted();
     EXPECT_FALSE(row("Desk").strip.navigationButton().isHidden());
+    EXPECT_EQ(row("Desk").strip.navigationButton().toolTip(), "View 8 zones");
 }
 
 TEST_F(Panel, rowsFollowALightStrip)
@@ -358,6 +359,17 @@ TEST_F(Panel, rowsFollowALightStrip)
     EXPECT_EQ(shelf("zone 2"), std::pair(255, false));
     receive(lightState(3, {.label = "Shelf"}));
     EXPECT_EQ(shelf("zone 2"), std::pair(255, true));
+    const auto dim = [this](Value::Dictionary settings) {
+        engine().commands().sendSettingsToLamp(Settings::fromDictionary(settings), lampID(3));
+        panel.didEndLiveResize();
+    };
+    dim({{"colour", 1}, {"saturation", 0}, {"brightness", 40}, {"warmth", 0}});
+    EXPECT_EQ(shelf("zone 2"), std::pair(40, true));
+    navigation().back.press();
+    dim({{"brightness", 30}});
+    EXPECT_EQ(shelf("Shelf"), std::pair(30, true));
+    receive(stateZone(3, 8, 0, 100)); // which was told neither
+    EXPECT_EQ(shelf("Shelf").first, (30 + 255) / 2);
 }
 
 TEST_F(Panel, draggingReordersAndIsKept)

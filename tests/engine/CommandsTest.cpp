@@ -176,6 +176,7 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
         EXPECT_EQ(fields(each[n]), (Fields{n == 2 ? 9000 : 100 + n, 65025, 2550, 3500, 400}));
     }
     EXPECT_EQ(lamp->zonesInOrder()[2].brightness, 10);
+    EXPECT_EQ(lamp->brightness, 10);
 
     const Settings whole
         = settings({{"colour", 1}, {"saturation", 0}, {"brightness", 255}, {"warmth", 0}});
@@ -188,10 +189,20 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
         settings({{"colour", 77}, {"onoff", false}}), "d073d5000001-3");
     EXPECT_EQ(sent(), (std::vector<std::string>{"501 127.0.9.1"}));
     engine().commands().sendSettingsToLamp(settings({{"brightness", 20}}), lampID(1) + "-3");
-    EXPECT_EQ(fields(sockets.take().at(0)), (Fields{77, 65025, 5100, 3500, 400})); // builds on it
+    EXPECT_EQ(fields(sockets.take().at(0)), (Fields{77, 65025, 5100, 9000, 400})); // builds on both
+    engine().commands().sendSettingsToLamp(settings({{"warmth", 5000}}), lampID(1));
+    const auto painted = sockets.take();
+    EXPECT_EQ(fields(painted.at(2)), (Fields{1, 65025, 65025, 4000, 400})); // as it was sent
+    EXPECT_EQ(fields(painted.at(3)), (Fields{77, 65025, 5100, 4000, 400}));
     engine().commands().sendSettingsToLamp(settings({{"onoff", false}}), lampID(1) + "-3");
     engine().commands().sendSettingsToLamp(settings({{"colour", 1}}), lampID(1) + "-99");
     EXPECT_TRUE(sent().empty());
+    receive(stateZone(1, 12, 2, 9000));
+    engine().commands().sendSettingsToLamp(settings({{"brightness", 5}}), lampID(1));
+    EXPECT_EQ(sockets.take().size(), 8U);
+    receive(stateMultizone(1, 12, 8, 200));
+    EXPECT_EQ(fields(sockets.take().at(3)), (Fields{203, 65025, 1275, 3500, 400})); // caught up
+    EXPECT_EQ(lamp->brightness, 5); // with the twelve zones that it has
 }
 
 struct Collections : Commands {
