@@ -320,6 +320,7 @@ TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
     loop.advance(Seconds(2));
     EXPECT_EQ(panel.rows.size(), 5U);
     navigation().back.press();
+    EXPECT_EQ(row("Shelf").strip.navigationButton().toolTip(), "View 5 zones");
     EXPECT_TRUE(row("Desk").strip.navigationButton().isHidden());
     receive(stateZone(1, 8, 0, 100)); // a lamp that turns out to have zones
     loop.runPosted();
@@ -365,11 +366,12 @@ TEST_F(Panel, rowsFollowALightStrip)
     };
     dim({{"colour", 1}, {"saturation", 0}, {"brightness", 40}, {"warmth", 0}});
     EXPECT_EQ(shelf("zone 2"), std::pair(40, true));
+    receive(stateZone(3, 8, 2, 100)); // which did not hear of it
+    EXPECT_EQ(shelf("zone 2"), std::pair(255, true));
     navigation().back.press();
+    EXPECT_EQ(shelf("Shelf"), std::pair((40 + 255) / 2, true));
     dim({{"brightness", 30}});
     EXPECT_EQ(shelf("Shelf"), std::pair(30, true));
-    receive(stateZone(3, 8, 0, 100)); // which was told neither
-    EXPECT_EQ(shelf("Shelf").first, (30 + 255) / 2);
 }
 
 TEST_F(Panel, draggingReordersAndIsKept)

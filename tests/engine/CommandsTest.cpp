@@ -202,7 +202,13 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
     EXPECT_EQ(sockets.take().size(), 8U);
     receive(stateMultizone(1, 12, 8, 200));
     EXPECT_EQ(fields(sockets.take().at(3)), (Fields{203, 65025, 1275, 3500, 400})); // caught up
-    EXPECT_EQ(lamp->brightness, 5); // with the twelve zones that it has
+    EXPECT_EQ(lamp->brightness, 5);
+    receive(stateZone(1, 24, 2, 9000));
+    engine().commands().sendSettingsToLamp(settings({{"brightness", 6}}), lampID(1));
+    engine().commands().sendSettingsToLamp(whole, lampID(1));
+    sockets.take();
+    receive(stateMultizone(1, 24, 16, 200));
+    EXPECT_TRUE(sent().empty()); // all are painted
 }
 
 struct Collections : Commands {

@@ -237,6 +237,7 @@ TEST_F(Dispatcher, aLightStripsRecordIsTheMeanOfItsZones)
     receive(stateZone(1, 8, 0, 1000)); // which comes last then, and counts for one half
     EXPECT_EQ(lamp->colour, 3000);
     EXPECT_EQ(lamp->reports, reports + 2);
+    receive(stateMultizone(1, 8, 8, 9)); // zones that the lamp does not have
     receive(lightState(1, {.hue = 60000}));
     EXPECT_EQ(lamp->colour, 3000);
     EXPECT_EQ(delegate.zonePowers, 1);
