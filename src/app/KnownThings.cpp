@@ -74,7 +74,7 @@ std::optional<KnownThing> KnownThings::findZone(const std::string& id) const
     if (!lamp || !lamp->zones)
         return {};
     for (const Zone& zone : *lamp->zones) {
-        if (KnownThing thing = thingOf(zone, *lamp); thing.target.id == id)
+        if (KnownThing thing = thingOf(zone, *lamp); lamp->has(zone) && thing.target.id == id)
             return thing;
     }
     return {};

@@ -75,8 +75,10 @@ void LampCommands::sendSettingsToLamp(const Settings& settings, std::string_view
         return;
     const std::int64_t number = Value(id.substr(minus + 1)).integerValue();
     const auto zone = static_cast<int>(std::clamp<std::int64_t>(number, INT_MIN, INT_MAX));
-    if (const auto lamp = lampWithEitherID(id.substr(0, minus)))
+    if (const auto lamp = lampWithEitherID(id.substr(0, minus))) {
         sendColourToLampZone(settings, *lamp, zone);
+        adoptMeanOfZones(*lamp);
+    }
 }
 
 void LampCommands::sendSettingsToGroup(const Settings& settings, std::string_view id)
@@ -123,6 +125,7 @@ void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
     if (lamp.zones && !settings.hasAll()) {
         for (const Zone& zone : lamp.zonesInOrder())
             sendColourToLampZone(settings, lamp, zone.zone);
+        adoptMeanOfZones(lamp);
         if (!lamp.allZonesAreKnown())
             lamp.forZonesToCome.adopt(settings);
         return;
@@ -155,7 +158,14 @@ void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, in
     zone->adopt(settings);
     if (zone->colourSent)
         zone->colourSent->adopt(settings);
-    adoptMeanOfZones(lamp);
+}
+
+void LampCommands::sendToZoneThatCame(Lamp& lamp, int zone)
+{
+    if (lamp.forZonesToCome.hasAny())
+        sendColourToLampZone({lamp.forZonesToCome, {}, {}}, lamp, zone);
+    if (lamp.allZonesAreKnown())
+        lamp.forZonesToCome = {};
 }
 
 void LampCommands::sendSetLabelToLamp(const std::string& label, Lamp& lamp)

@@ -38,12 +38,14 @@ public:
     /// One LIGHT_SETPOWER. The record's power changes only when the lamp reports it.
     void sendPowerToLamp(bool on, Lamp& lamp);
     /// One LIGHT_SETCOLOR, or for a part of the colour of a multizone lamp one
-    /// MULTIZONE_SETCOLORZONES for each zone, so that the zones keep what is not set.
+    /// MULTIZONE_SETCOLORZONES for each zone, so that the zones keep what is not set. Zones that
+    /// have still to report get it when they do.
     void sendColourToLamp(const Settings& settings, Lamp& lamp);
-    void sendColourToLampZone(const Settings& settings, Lamp& lamp, int zone);
+    void sendToZoneThatCame(Lamp& lamp, int zone);
     void sendSetLabelToLamp(const std::string& label, Lamp& lamp);
 
 private:
+    void sendColourToLampZone(const Settings& settings, Lamp& lamp, int zone);
     void sendSettings(const Settings& settings, Lamp& lamp);
     void sendSettings(const Settings& settings, const Lamps& lamps);
     void sendPower(bool on, const Lamps& lamps);

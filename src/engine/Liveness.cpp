@@ -81,6 +81,8 @@ void Liveness::received(const Target& target, const UdpSocket& socket, const Soc
 
 void Liveness::heard(Lamp& lamp)
 {
+    if (lamp.polling.isSilent())
+        lamp.forZonesToCome = {}; // who knows what happened meanwhile
     lamp.polling.unanswered = 0;
     lamp.polling.pause = 0;
     lamp.polling.lastHeard = m_runLoop.elapsed();

@@ -245,8 +245,8 @@ void RecordIntake::addHueZoneToLamp(
     if (changed)
         lamp->zones->erase(lamp->zones->begin() + (known - lamp->zones->data()));
     lamp->zones->push_back({reported, number}); // a changed zone moves to the end
-    if (!changed && lamp->forZonesToCome.hasAny())
-        m_commands.sendColourToLampZone({lamp->forZonesToCome, {}, {}}, *lamp, number);
+    if (!changed)
+        m_commands.sendToZoneThatCame(*lamp, number);
     adoptMeanOfZones(*lamp);
     ++lamp->reports;
     if (changed)

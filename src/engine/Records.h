@@ -82,7 +82,8 @@ struct Settings : LampColour {
 /// One zone of a multizone lamp.
 struct Zone : LampColour {
     int zone = 0; ///< 0 to 255
-    /// What the lamp was sent as a whole since the zone last reported.
+    /// What it was sent with the whole lamp, and since. Any report of its own is believed instead,
+    /// even one that crossed the command.
     std::optional<LampColour> colourSent = {};
 
     /// As the zone was told, or else as it has reported.
@@ -171,7 +172,7 @@ struct Lamp : LampColour {
     std::optional<int> capabilities;
     std::optional<int> zonecount; ///< 0 to 255
     std::optional<std::vector<Zone>> zones; ///< in order of arrival
-    LampColour forZonesToCome; ///< told the lamp while zones of it had still to report
+    LampColour forZonesToCome; ///< what zones are sent that have still to report, until all have
 
     /// As the lamp was told, or else as it has reported.
     std::optional<bool> expectedPower() const { return powerSent ? powerSent : onoff; }

@@ -33,8 +33,8 @@ private:
 /// The mean of lamps, as powered as the last.
 Settings settingsForLamps(const Lamps& lamps);
 
-/// The same over a lamp's zones, in their order of arrival, with no power. A lamp without zones
-/// reads as all lamps do before any has answered.
+/// The same over the zones that a lamp has, in their order of arrival, with no power. A lamp
+/// without zones reads as all lamps do before any has answered.
 Settings settingsForMultiZoneLamp(const Lamp& lamp);
 /// A light strip's own record shows its zones. One without a state yet waits for its first report
 /// of power.

@@ -133,9 +133,6 @@ TEST_F(ScriptingTest, zonesAndManyStripsThatAreNotShown)
     sockets.take();
     const StripTarget zone{lampID(3) + "-2", StripType::Zone};
     EXPECT_EQ(shown(zone).hue, 0); // 102 of 65,535
-    const std::size_t known = scripting.everything().size();
-    receive(stateZone(3, 5, 0, 100)); // three of the eight are none of the lamp's
-    EXPECT_EQ(scripting.everything().size(), known - 3);
     EXPECT_TRUE(scripting.strip(zone)->reasonToRefuse({.state = false}));
     scripting.strip(zone)->apply({.brightness = 40});
     EXPECT_EQ(sent(501), 1U);
@@ -154,6 +151,10 @@ TEST_F(ScriptingTest, zonesAndManyStripsThatAreNotShown)
     for (unsigned n = 10; n < 15; ++n)
         finder.stripFor({lampID(n), StripType::Lamp});
     EXPECT_EQ(finder.stripInUse({lampID(4) + "-0", StripType::Zone}), nullptr);
+    const std::size_t known = scripting.everything().size();
+    receive(stateZone(3, 5, 0, 100)); // three of the eight are none of the lamp's
+    EXPECT_EQ(scripting.everything().size(), known - 3);
+    EXPECT_FALSE(scripting.thing({lampID(3) + "-5", StripType::Zone}));
 }
 
 TEST_F(ScriptingTest, theListsHoldWhatThePanelShowsUntilItChanges)
