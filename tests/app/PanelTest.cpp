@@ -368,8 +368,10 @@ TEST_F(Panel, rowsFollowALightStrip)
     EXPECT_EQ(shelf("zone 2"), std::pair(40, true));
     receive(stateZone(3, 8, 2, 100)); // which did not hear of it
     EXPECT_EQ(shelf("zone 2"), std::pair(255, true));
+    engine().commands().sendSettingsToLamp(
+        Settings::fromDictionary({{"brightness", 55}}), lampID(3) + "-2");
     navigation().back.press();
-    EXPECT_EQ(shelf("Shelf"), std::pair((40 + 255) / 2, true));
+    EXPECT_EQ(shelf("Shelf"), std::pair((40 + 55) / 2, true));
     dim({{"brightness", 30}});
     EXPECT_EQ(shelf("Shelf"), std::pair(30, true));
 }
