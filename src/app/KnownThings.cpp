@@ -71,10 +71,10 @@ Lamps KnownThings::foundByID(const Lamps& lamps) const
 std::optional<KnownThing> KnownThings::findZone(const std::string& id) const
 {
     const auto lamp = m_registry.lampWithID(id.substr(0, id.rfind('-')));
-    if (!lamp || !lamp->zones)
+    if (!lamp)
         return {};
-    for (const Zone& zone : *lamp->zones) {
-        if (KnownThing thing = thingOf(zone, *lamp); lamp->has(zone) && thing.target.id == id)
+    for (const Zone& zone : lamp->ownZones()) {
+        if (KnownThing thing = thingOf(zone, *lamp); thing.target.id == id)
             return thing;
     }
     return {};
@@ -106,8 +106,8 @@ std::vector<KnownThing> KnownThings::all() const
     for (const auto& lamp : lamps)
         things.push_back(thingOf(*lamp));
     for (const auto& lamp : lamps) {
-        for (const Zone& zone : lamp->zonesInOrder()) {
-            if (lamp->has(zone) && things.size() < lamps.size() + kMostZones)
+        for (const Zone& zone : lamp->ownZones()) {
+            if (things.size() < lamps.size() + kMostZones)
                 things.push_back(thingOf(zone, *lamp));
         }
     }

@@ -133,10 +133,8 @@ void PanelSetUp::addZoneStrips()
     const auto lamp = lampOfZones();
     if (!lamp)
         return;
-    for (const Zone& zone : lamp->zonesInOrder()) {
-        if (lamp->has(zone))
-            addStrip(StripRecord::of(zone, *lamp), StripType::Zone, m_nextTag++);
-    }
+    for (const Zone& zone : lamp->ownZones())
+        addStrip(StripRecord::of(zone, *lamp), StripType::Zone, m_nextTag++);
 }
 
 void PanelSetUp::addStrip(const StripRecord& record, StripType type, std::optional<int> tag)

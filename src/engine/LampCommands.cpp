@@ -136,10 +136,10 @@ void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
             lamp.mac, toWire(working), colourDurationMilliseconds(*working.duration)));
     lamp.adopt(settings); // the next partial command builds on this one
     lamp.forZonesToCome = {};
-    if (!lamp.zones)
-        return;
-    for (Zone& zone : *lamp.zones)
-        zone.colourSent = working;
+    if (lamp.zones) {
+        for (Zone& zone : *lamp.zones)
+            zone.colourSent = working;
+    }
 }
 
 void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, int number)

@@ -257,10 +257,7 @@ std::size_t Lamp::numberOfZones() const
 
 bool Lamp::allZonesAreKnown() const
 {
-    const std::vector<Zone> reported = zonesInOrder();
-    const auto known = std::count_if(
-        reported.begin(), reported.end(), [this](const Zone& zone) { return has(zone); });
-    return static_cast<std::size_t>(known) >= numberOfZones();
+    return ownZones().size() >= numberOfZones();
 }
 
 std::vector<Zone> Lamp::zonesInOrder() const
@@ -269,6 +266,13 @@ std::vector<Zone> Lamp::zonesInOrder() const
     std::sort(ordered.begin(), ordered.end(),
         [](const Zone& a, const Zone& b) { return a.zone < b.zone; });
     return ordered;
+}
+
+std::vector<Zone> Lamp::ownZones() const
+{
+    std::vector<Zone> own = zonesInOrder();
+    std::erase_if(own, [this](const Zone& zone) { return !has(zone); });
+    return own;
 }
 
 Zone* getZoneFromLamp(int number, Lamp& lamp)

@@ -192,6 +192,8 @@ struct Lamp : LampColour {
     bool allZonesAreKnown() const;
     /// The record's zones by ascending number; empty without zones.
     std::vector<Zone> zonesInOrder() const;
+    /// The same without those that the lamp does not have.
+    std::vector<Zone> ownZones() const;
 };
 
 using Lamps = std::vector<std::shared_ptr<Lamp>>;
