@@ -2,9 +2,9 @@
 
 #include "base/Log.h"
 #include "base/UserDefaults.h"
-#include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
 #include "engine/WireFormat.h"
+#include "support/FakeSockets.h"
 #include "support/LampReplies.h"
 #include "support/ManualRunLoop.h"
 
@@ -49,10 +49,6 @@ struct SilentSocket : UdpSocket {
     bool isClosed() const override { return false; }
 };
 
-struct NoArpTable : ArpTable {
-    void read(std::function<void(Result)>) override { }
-};
-
 /// Runs `command` and reports its allocations per call.
 template <typename Command> void count(benchmark::State& state, Command command)
 {
@@ -78,7 +74,7 @@ void sendSettingsToLamp(benchmark::State& state)
     ManualRunLoop loop;
     RunLoopPacer pacer(loop);
     UserDefaults defaults;
-    NoArpTable arp;
+    test::NoArpTable arp;
     EngineRoom engine({loop, pacer, defaults, log,
         [](UdpSocketDelegate&) { return std::make_shared<SilentSocket>(); }, {}, arp});
     SilentSocket socket;

@@ -6,7 +6,6 @@
 #include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "desktop/QtRunLoop.h"
-#include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
 #include "support/FakeSockets.h"
 #include "support/LampReplies.h"
@@ -35,10 +34,6 @@ inline int runBenchmarks(int argc, char** argv)
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
-
-struct NoArpTable : ArpTable {
-    void read(std::function<void(Result)>) override { }
-};
 
 /// A datagram of the n-th lamp, which may be beyond the 255th.
 inline Datagram ofLamp(unsigned lamp, Datagram datagram)
@@ -92,7 +87,7 @@ struct PanelOfLamps {
     QtRunLoop loop;
     RunLoopPacer pacer{loop};
     UserDefaults defaults;
-    NoArpTable arp;
+    test::NoArpTable arp;
     test::FakeSockets sockets;
     EngineRoom engine{{loop, pacer, defaults, log, sockets.factory(), {}, arp}};
     ControlPanelWindow window;

@@ -2,10 +2,10 @@
 
 #include "base/Log.h"
 #include "base/UserDefaults.h"
-#include "engine/ArpTable.h"
 #include "engine/AsyncUdpSocket.h"
 #include "engine/DatagramReader.h"
 #include "engine/EngineRoom.h"
+#include "support/FakeSockets.h"
 #include "support/LampReplies.h"
 #include "support/ManualRunLoop.h"
 
@@ -37,10 +37,6 @@ std::vector<Datagram> burst(unsigned lamps, unsigned turn)
     return datagrams;
 }
 
-struct NoArpTable : ArpTable {
-    void read(std::function<void(Result)>) override { }
-};
-
 struct Receiving {
     explicit Receiving(unsigned lamps)
     {
@@ -62,7 +58,7 @@ struct Receiving {
     ManualRunLoop loop;
     RunLoopPacer pacer{loop};
     UserDefaults defaults;
-    NoArpTable arp;
+    test::NoArpTable arp;
     UdpIoThread io{loop, log};
     EngineRoom engine{{loop, pacer, defaults, log, io.socketFactory(), {}, arp}};
 };

@@ -2,9 +2,9 @@
 
 #include "base/Log.h"
 #include "base/UserDefaults.h"
-#include "engine/ArpTable.h"
 #include "engine/AsyncUdpSocket.h"
 #include "engine/EngineRoom.h"
+#include "support/FakeSockets.h"
 #include "support/ManualRunLoop.h"
 
 #include <benchmark/benchmark.h>
@@ -49,10 +49,6 @@ private:
     std::thread m_thread;
 };
 
-struct NoArpTable : ArpTable {
-    void read(std::function<void(Result)>) override { }
-};
-
 /// An engine with one lamp at 127.0.83.1, on which a plain socket listens.
 struct EngineWithLamp {
     EngineWithLamp()
@@ -80,7 +76,7 @@ struct EngineWithLamp {
     ManualRunLoop loop;
     RunLoopPacer pacer{loop};
     UserDefaults defaults;
-    NoArpTable arp;
+    test::NoArpTable arp;
     UdpIoThread io{loop, log};
     EngineRoom engine{{loop, pacer, defaults, log, io.socketFactory(), {}, arp}};
     sockaddr_in address{};

@@ -4,8 +4,6 @@
 #include "base/Log.h"
 #include "strips/GroupingAccess.h"
 
-#include <algorithm>
-
 namespace lumeroom {
 
 namespace {
@@ -141,31 +139,24 @@ void GroupWorkflows::remove(StripType type, const std::string& name)
     m_stage.rebuild();
 }
 
-bool GroupWorkflows::fillMenus(bool withTags)
+void GroupWorkflows::fillMenus(bool withTags)
 {
-    const bool groups = fillMenusOf(StripType::Group);
-    const bool locations = fillMenusOf(StripType::Location);
-    const bool tags = withTags && fillMenusOf(StripType::Tag);
-    return groups || locations || tags;
+    fillMenusOf(StripType::Group);
+    fillMenusOf(StripType::Location);
+    if (withTags)
+        fillMenusOf(StripType::Tag);
 }
 
-bool GroupWorkflows::fillMenusOf(StripType type)
+void GroupWorkflows::fillMenusOf(StripType type)
 {
-    std::vector<std::string> names;
-    groupingAccess(type)->forEach(m_engineRoom.registry(),
-        [&](const std::string&, const std::string& name) { names.push_back(name); });
     Menus& filled = menus(type);
-    const auto& present = filled.edit.items();
-    if (std::equal(names.begin(), names.end(), present.begin(), present.end(),
-            [](const auto& name, const auto& item) { return name == item->title(); }))
-        return false;
     filled.edit.removeAllItems();
     filled.remove.removeAllItems();
-    for (const std::string& name : names) {
+    const auto add = [&](const std::string&, const std::string& name) {
         filled.edit.addItem(name, [this, type, name] { editStep1(type, name); });
         filled.remove.addItem(name, [this, type, name] { remove(type, name); });
-    }
-    return true;
+    };
+    groupingAccess(type)->forEach(m_engineRoom.registry(), add);
 }
 
 void GroupWorkflows::editGroupActionButton(const Rectangle& button)

@@ -38,9 +38,8 @@ public:
     MenuModel& deleteLocationMenu() { return menus(StripType::Location).remove; }
     MenuModel& editTagMenu() { return menus(StripType::Tag).edit; }
     MenuModel& deleteTagMenu() { return menus(StripType::Tag).remove; }
-    /// Fills the menus with the names that the engine knows; those of tags only on demand. False if
-    /// they held just these.
-    bool fillMenus(bool withTags);
+    /// Fills the menus with the names that the engine knows; those of tags only on demand.
+    void fillMenus(bool withTags);
     /// Pops the menu up over the button, whose frame is in window coordinates.
     void editGroupActionButton(const Rectangle& button);
     void deleteGroupActionButton(const Rectangle& button);
@@ -54,7 +53,7 @@ private:
         MenuModel remove;
     };
 
-    bool fillMenusOf(StripType type);
+    void fillMenusOf(StripType type);
     void makeStep1(StripType type);
     void makePopoverClose(StripType type, int tag, const std::string& name);
     void make(StripType type, const Strips& strips, const std::string& name);

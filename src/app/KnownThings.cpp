@@ -4,7 +4,6 @@
 #include "engine/Summaries.h"
 #include "strips/GroupingAccess.h"
 
-#include <algorithm>
 #include <map>
 #include <unordered_map>
 
@@ -58,24 +57,14 @@ KnownThing KnownThings::collection(
         std::move(lamps)};
 }
 
-/// A lamp that came back at another address has a second record, which look-ups do not find.
-Lamps KnownThings::foundByID(const Lamps& lamps) const
+std::optional<KnownThing> KnownThings::findZone(const StripTarget& target) const
 {
-    Lamps found;
-    std::copy_if(lamps.begin(), lamps.end(), std::back_inserter(found), [this](const auto& lamp) {
-        return !lamp->id.empty() && m_registry.lampWithID(lamp->id) == lamp;
-    });
-    return found;
-}
-
-std::optional<KnownThing> KnownThings::findZone(const std::string& id) const
-{
-    const auto lamp = m_registry.lampWithID(id.substr(0, id.rfind('-')));
+    const auto lamp = m_registry.lampWithID(target.lampID());
     if (!lamp)
         return {};
     for (const Zone& zone : lamp->ownZones()) {
-        if (KnownThing thing = thingOf(zone, *lamp); thing.target.id == id)
-            return thing;
+        if (zoneID(*lamp, zone) == target.id)
+            return thingOf(zone, *lamp);
     }
     return {};
 }
@@ -88,19 +77,19 @@ std::optional<KnownThing> KnownThings::find(const StripTarget& target) const
         return lamp && lamp->id == id ? std::optional(thingOf(*lamp)) : std::nullopt;
     }
     if (target.type == StripType::Zone)
-        return findZone(id);
+        return findZone(target);
     if (target == kAllLamps)
-        return collection(target, "All", foundByID(m_registry.lightsArray()));
+        return collection(target, "All", m_registry.distinctLamps());
     const auto* access = groupingAccess(target.type);
     const auto label = access ? access->label(m_registry, id) : std::nullopt;
     if (!label)
         return {};
-    return collection(target, *label, foundByID(access->lamps(m_registry, id)));
+    return collection(target, *label, access->lamps(m_registry, id));
 }
 
 std::vector<KnownThing> KnownThings::all() const
 {
-    const Lamps lamps = foundByID(m_registry.lightsArray());
+    const Lamps& lamps = m_registry.distinctLamps();
     Members members = membersOf(lamps);
     std::vector<KnownThing> things;
     for (const auto& lamp : lamps)

@@ -32,8 +32,7 @@ public:
 
 private:
     KnownThing collection(const StripTarget& target, const std::string& label, Lamps lamps) const;
-    std::optional<KnownThing> findZone(const std::string& id) const;
-    Lamps foundByID(const Lamps& lamps) const;
+    std::optional<KnownThing> findZone(const StripTarget& target) const;
 
     const LampRegistry& m_registry;
     const Summaries& m_summaries;

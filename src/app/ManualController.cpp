@@ -51,7 +51,11 @@ PanelSetUp::Companions ManualController::companions()
         .made
         = [this](const auto& strip) { m_stage.selection().setRightmostSelectionButtonOf(strip); },
         .addToStatusMenu = [this](const auto& strip) { m_statusMenu.addStrip(*strip); },
-        .fillEditMenus = [this](bool withTags) { fillEditMenus(withTags); },
+        .fillEditMenus =
+            [this](bool withTags) {
+                fillEditMenus(withTags);
+                m_groupingIsNew = false; // the rows are made at the same time
+            },
         .finish = [this] { m_lampsPopUp.populateLampsPopUp(); },
         .placed = [this] { m_scripting.rebuild(); },
         .closeEditPopovers = [this] { m_stage.closeEditPopovers(); },
@@ -70,13 +74,12 @@ NavigationActions ManualController::navigationActions()
     };
 }
 
-bool ManualController::fillEditMenus(bool withTags)
+void ManualController::fillEditMenus(bool withTags)
 {
-    const bool isNews = m_workflows.fillMenus(withTags);
+    m_workflows.fillMenus(withTags);
     NavigationModel& navigation = m_panelSetUp.navigation().model();
     navigation.editGroup.setEnabled(!m_workflows.editGroupMenu().items().empty());
     navigation.deleteGroup.setEnabled(!m_workflows.deleteGroupMenu().items().empty());
-    return isNews;
 }
 
 Scripting::Actions ManualController::scriptingActions()
@@ -124,7 +127,7 @@ void ManualController::observeSettings()
     observe(keys::kBadgeIcon, [this] { m_statusMenu.updateDockIcon(); });
     observe(keys::kPresets, [this] { m_lampsPopUp.populateLampsPopUp(); });
     observe(keys::kCurrentTheme, [this] {
-        if (m_panelSetUp.layoutManager().theme() != m_defaults.get(keys::kCurrentTheme))
+        if (m_panelSetUp.layoutManager().theme() != m_panelSetUp.layoutManager().storedTheme())
             m_panelSetUp.showStoredTheme();
     });
 }
@@ -195,21 +198,25 @@ void ManualController::updateStrips()
     m_reports.updateLamps(registry.distinctLamps());
     if (const auto lamp = m_panelSetUp.lampOfZones())
         m_reports.updateZones(*lamp);
-    if (navigation.shows(StripType::Group))
-        m_reports.updateGroups(registry.groupsArray());
-    if (navigation.shows(StripType::Location))
-        m_reports.updateLocations(registry.locationssArray());
-    if (navigation.shows(StripType::Tag))
-        m_reports.updateTags(registry.tagsArray());
+    for (const GroupingAccess& access : groupingAccesses()) {
+        if (navigation.shows(access.type))
+            m_reports.updateGroupings(access, registry);
+    }
     if (navigation.model().all.state())
         m_reports.updateGroupAll();
-    if (fillEditMenus(false)) { // a group or a location became known
-        m_lampsPopUp.populateLampsPopUp();
-        if (navigation.shows(StripType::Group) || navigation.shows(StripType::Location))
-            m_panelSetUp.refreshSoon();
-    }
+    if (std::exchange(m_groupingIsNew, false))
+        showNewGroupings();
     m_statusMenu.updateDockIcon();
     m_scripting.invalidate();
+}
+
+void ManualController::showNewGroupings()
+{
+    fillEditMenus(false);
+    m_lampsPopUp.populateLampsPopUp();
+    const Navigation& navigation = m_panelSetUp.navigation();
+    if (navigation.shows(StripType::Group) || navigation.shows(StripType::Location))
+        m_panelSetUp.refreshSoon();
 }
 
 void ManualController::lampZoneStatesChanged()

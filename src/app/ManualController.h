@@ -52,6 +52,7 @@ public:
     // From the engine
     void newLampsAdded() override;
     void lampStatesChanged() override;
+    void groupingBecameKnown() override { m_groupingIsNew = true; }
     void lampZoneStatesChanged() override;
     void newZoneAdded() override;
     void lampPowerReported() override;
@@ -76,8 +77,8 @@ public:
 private:
     PanelSetUp::Companions companions();
     NavigationActions navigationActions();
-    /// False if the menus held just these names.
-    bool fillEditMenus(bool withTags);
+    void fillEditMenus(bool withTags);
+    void showNewGroupings();
     void observeSettings();
     void updateStrips();
     Scripting::Actions scriptingActions();
@@ -98,6 +99,7 @@ private:
     Scripting m_scripting;
     /// Many reports come in a row: the strips are brought up to date once, after all of them.
     CallSoon m_updateStrips;
+    bool m_groupingIsNew = false; ///< to the menus and the panel
     std::vector<Subscription> m_observations;
     Lifeline m_lifeline;
 };

@@ -93,9 +93,10 @@ void PanelSetUp::addLampStrips(const Lamps& lamps)
     }
     if (!m_navigation.filter() || m_navigation.filterType() == StripType::None)
         return;
-    // Narrowed down, the lamps are gone through again; the order keeps one strip of each.
+    // Narrowed down, each lamp counts twice, and twice as many places of the stored order are
+    // looked at. The order keeps one strip of each.
     for (const auto& lamp : lamps)
-        addStrip(StripRecord::of(*lamp), StripType::Lamp, std::nullopt);
+        m_collection.add(m_collection.getStripWithID(lamp->id));
 }
 
 void PanelSetUp::addGroupStrips()
@@ -137,11 +138,10 @@ void PanelSetUp::addZoneStrips()
         addStrip(StripRecord::of(zone, *lamp), StripType::Zone, m_nextTag++);
 }
 
-void PanelSetUp::addStrip(const StripRecord& record, StripType type, std::optional<int> tag)
+void PanelSetUp::addStrip(const StripRecord& record, StripType type, int tag)
 {
     const auto strip = m_factory.makeControlStripForLamp(record, type);
-    if (tag)
-        strip->setTag(*tag);
+    strip->setTag(tag);
     m_environment.companions.made(strip);
     m_collection.add(strip);
 }
@@ -175,21 +175,21 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
     }
     // What waits is done with this, and where it may not reuse the rows, neither may this.
     m_deferredRefresh.cancel();
-    const bool asksForNewRows = !recycling;
-    if (!std::exchange(m_deferredRecycling, true))
-        recycling = false;
-    if (!recycling)
+    const bool mayReuse = std::exchange(m_deferredRecycling, true) && recycling;
+    if (!mayReuse)
         m_factory.forgetRecycled();
     m_former = m_collection.strips();
     for (const auto& strip : m_former) {
         strip->deactivate();
-        if (recycling)
+        if (mayReuse)
             m_factory.recycleStrip(strip);
     }
     m_factory.forgetUnknown();
     m_environment.panel.keepFocus();
-    if (asksForNewRows) // which no button in a row does
-        m_former.clear(); // so that the new ones take their memory
+    // Rows of another layout go before the new ones are made, which then take their memory. No
+    // control in a row asks for another layout, so none of them is at work now.
+    if (!recycling)
+        m_former.clear();
     setUp();
 }
 
@@ -273,7 +273,7 @@ void PanelSetUp::switchTheme(int theme)
 
 void PanelSetUp::showStoredTheme()
 {
-    m_layoutManager.setTheme(static_cast<int>(m_environment.defaults.get(keys::kCurrentTheme)));
+    m_layoutManager.setTheme(m_layoutManager.storedTheme());
     restoreWindowSize();
     refreshSetUpUsingRecycling(false);
 }

@@ -79,14 +79,14 @@ private:
     void addGroupStrips();
     void addZoneStrips();
     void hideFormerRows();
-    void addStrip(const StripRecord& record, StripType type, std::optional<int> tag);
+    void addStrip(const StripRecord& record, StripType type, int tag);
 
     Environment m_environment;
     LayoutManager m_layoutManager;
     Navigation m_navigation;
     StripCollection m_collection;
     StripFactory m_factory;
-    Strips m_former; ///< whose rows show until the new ones stand
+    Strips m_former; ///< whose rows, if they may be reused, show until the new ones stand
     CallSoon m_letFormerGo;
     bool m_attemptedSetUp = false;
     bool m_setUp = false; ///< a pass has found lamps

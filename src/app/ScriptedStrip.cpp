@@ -51,7 +51,7 @@ std::optional<std::string_view> ScriptedStrip::reasonNotToSend(const ScriptSetti
                "sends it.";
     if (settings.hue && target().type == StripType::Lamp)
         return "A lamp's hue is not sent by itself. Apply sends it.";
-    if (settings.brightness && *settings.brightness == this->settings().brightness.value_or(0) - 1)
+    if (settings.brightness && m_controlStrip->isReadBackLoss(*settings.brightness))
         return "One below the present brightness counts as the lamp's rounding. Apply sends it.";
     return {};
 }

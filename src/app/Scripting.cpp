@@ -126,9 +126,7 @@ void Scripting::allOff() const
     call(m_actions.allOff);
 }
 
-// A preset that is called "All on" comes before the command of that name. The menu's other entries,
-// "Manage presets..." and its title, are found by their names as presets are; they have the tag of
-// the first preset, and so run it.
+// A preset that is called "All on" comes before the command of that name.
 int Scripting::implementPresetFromScript(const std::string& name)
 {
     const MenuModel* presets = m_actions.presetPullDown ? m_actions.presetPullDown() : nullptr;

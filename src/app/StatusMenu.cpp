@@ -44,7 +44,7 @@ void StatusMenu::addStrip(LampControlStrip& strip)
     m_statusMenu.addItem(std::move(item));
 }
 
-// An entry keeps its title: the views of the menu tell by it what has stayed.
+// An entry keeps its title: the views of the menu tell by it, too, what has stayed.
 void StatusMenu::renameStrip(LampControlStrip& strip)
 {
     const auto entry = strip.statusBarMenuItem();

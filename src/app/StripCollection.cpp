@@ -93,10 +93,8 @@ std::shared_ptr<LampControlStrip> StripCollection::getGroupStripWithID(std::stri
 Strips StripCollection::stripsOfLamps(const std::vector<std::shared_ptr<Lamp>>& lamps) const
 {
     Strips strips;
-    std::set<const LampControlStrip*> given; // a lamp can have a record for each of two addresses
     for (const auto& lamp : lamps) {
-        auto strip = getStripWithID(lamp->id);
-        if (strip && given.insert(strip.get()).second)
+        if (auto strip = getStripWithID(lamp->id))
             strips.push_back(std::move(strip));
     }
     return strips;

@@ -10,8 +10,6 @@
 
 #include <fmt/core.h>
 
-#include <algorithm>
-
 namespace lumeroom {
 
 StripFactory::StripFactory(const Environment& environment)
@@ -110,12 +108,11 @@ void StripFactory::showZones(LampControlStrip& strip, std::size_t zones) const
     button.setHidden(false);
 }
 
-// The first of those kept. One that is not kept yet is not kept by being asked for either.
 std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
     const std::string& id, StripType type)
 {
-    const auto found = m_recycler.lower_bound({type, id});
-    if (found != m_recycler.end() && found->first == std::pair(type, id))
+    const auto found = m_recycler.find({id, type});
+    if (found != m_recycler.end())
         return found->second;
     return std::make_shared<LampControlStrip>(id, type, m_environment.surroundings);
 }
@@ -123,18 +120,12 @@ std::shared_ptr<LampControlStrip> StripFactory::recycledStripForID(
 void StripFactory::forgetUnknown()
 {
     const LampRegistry& registry = m_environment.engineRoom.registry();
-    std::erase_if(
-        m_recycler, [&](const auto& entry) { return !entry.second->target().isKnown(registry); });
+    std::erase_if(m_recycler, [&](const auto& entry) { return !entry.first.isKnown(registry); });
 }
 
 void StripFactory::recycleStrip(const std::shared_ptr<LampControlStrip>& strip)
 {
-    const std::pair key(strip->type(), strip->getID());
-    const auto [first, last] = m_recycler.equal_range(key);
-    const bool kept
-        = std::any_of(first, last, [&](const auto& entry) { return entry.second == strip; });
-    if (!kept)
-        m_recycler.emplace(key, strip);
+    m_recycler.try_emplace(strip->target(), strip);
 }
 
 } // namespace lumeroom

@@ -3,6 +3,8 @@
 #include "app/StripCollection.h"
 #include "app/StripRecord.h"
 
+#include <map>
+
 namespace lumeroom {
 
 class EngineRoom;
@@ -40,7 +42,7 @@ private:
     void setUpNavigationButton(LampControlStrip& strip) const;
 
     Environment m_environment;
-    std::multimap<std::pair<StripType, std::string>, std::shared_ptr<LampControlStrip>> m_recycler;
+    std::map<StripTarget, std::shared_ptr<LampControlStrip>> m_recycler;
 };
 
 } // namespace lumeroom

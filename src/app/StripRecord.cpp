@@ -36,11 +36,16 @@ StripRecord StripRecord::of(
 
 StripRecord StripRecord::of(const Zone& zone, const Lamp& lamp)
 {
-    StripRecord record{fmt::format("{}-{}", lamp.id, zone.zone), {}, {}, 0};
+    StripRecord record{zoneID(lamp, zone), {}, {}, 0};
     record.settings.adopt(zone.expectedColour());
     record.settings.onoff = lamp.expectedPower();
     record.settings.label = fmt::format("zone {}", zone.zone);
     return record;
+}
+
+std::string zoneID(const Lamp& lamp, const Zone& zone)
+{
+    return fmt::format("{}-{}", lamp.id, zone.zone);
 }
 
 StripRecord StripRecord::ofAll(const Settings& summary)

@@ -21,4 +21,7 @@ struct StripRecord {
     static StripRecord ofAll(const Settings& summary);
 };
 
+/// The lamp's ID, "-", the number.
+std::string zoneID(const Lamp& lamp, const Zone& zone);
+
 } // namespace lumeroom

@@ -27,10 +27,10 @@ void StripReports::updateLamps(const Lamps& lamps) const
             strip->setCapabilities(*lamp->capabilities);
         if (!lamp->onoff || !lamp->brightness)
             continue;
-        if (lamp->zones)
-            m_factory.showZones(*strip, lamp->numberOfZones());
-        strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(
-            StripRecord::of(*lamp).settings);
+        const StripRecord record = StripRecord::of(*lamp);
+        if (record.zones > 0)
+            m_factory.showZones(*strip, record.zones);
+        strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
     }
 }
 
@@ -43,46 +43,30 @@ void StripReports::updateZones(const Lamp& lamp) const
     }
 }
 
-void StripReports::updateGroups(const Groups& groups) const
+void StripReports::updateGroupings(const GroupingAccess& access, const LampRegistry& registry) const
 {
-    for (const auto& group : groups)
-        showSummary(group->id, StripType::Group);
-}
-
-void StripReports::updateLocations(const Locations& locations) const
-{
-    for (const auto& location : locations)
-        showSummary(location->id, StripType::Location);
-}
-
-void StripReports::updateTags(const Tags& tags) const
-{
-    for (const auto& tag : tags)
-        showSummary(tag->id, StripType::Tag);
+    access.forEach(registry, [&](const std::string& id, const std::string&) {
+        if (const auto strip = m_collection.getGroupStripWithID(id))
+            showSummary(*strip, access.summary(m_summaries, id));
+    });
 }
 
 void StripReports::updateGroupAll() const
 {
-    if (!m_collection.getGroupStripWithID(kAllLampsId)) {
-        if (m_log.shows(1))
-            m_log.line("can't find all group");
-        return;
-    }
-    showSummary(kAllLampsId, StripType::Group);
+    if (const auto strip = m_collection.getGroupStripWithID(kAllLampsId))
+        showSummary(*strip, m_summaries.settingsForGroup(kAllLampsId));
+    else if (m_log.shows(1))
+        m_log.line("can't find all group");
 }
 
-void StripReports::showSummary(std::string_view id, StripType type) const
+void StripReports::showSummary(LampControlStrip& strip, const Settings& summary) const
 {
-    const auto strip = m_collection.getGroupStripWithID(id);
-    if (!strip)
-        return;
-    const Settings summary = groupingAccess(type)->summary(m_summaries, id);
     if (!summary.onoff || !summary.brightness)
         return;
     StripSettings report;
     report.adopt(summary);
     report.onoff = summary.onoff;
-    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(report);
+    strip.implementSettingsFromDictionaryWithoutActingObservingEmbargo(report);
 }
 
 } // namespace lumeroom

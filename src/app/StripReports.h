@@ -5,10 +5,12 @@
 namespace lumeroom {
 
 class Log;
+class LampControlStrip;
+class LampRegistry;
 class StripCollection;
 class StripFactory;
 class Summaries;
-enum class StripType;
+struct GroupingAccess;
 
 /// Brings what the engine knows to the strips, without anything being sent back.
 class StripReports {
@@ -18,13 +20,11 @@ public:
 
     void updateLamps(const Lamps& lamps) const;
     void updateZones(const Lamp& lamp) const;
-    void updateGroups(const Groups& groups) const;
-    void updateLocations(const Locations& locations) const;
-    void updateTags(const Tags& tags) const;
+    void updateGroupings(const GroupingAccess& access, const LampRegistry& registry) const;
     void updateGroupAll() const;
 
 private:
-    void showSummary(std::string_view id, StripType type) const;
+    void showSummary(LampControlStrip& strip, const Settings& summary) const;
 
     const Summaries& m_summaries;
     const StripCollection& m_collection;

@@ -83,8 +83,8 @@ void AsyncUdpSocket::sendDataToHost(Datagram data, const std::string& host, std:
         const bool asked = isLookingUp(host, port);
         if (asked)
             address.reset(); // behind those that wait for it
-        const bool mayGoNow = address && !asked && firstReady() == m_pending.end();
-        if (mayGoNow && trySend(data, host, *address) == Sent::Done)
+        if (address && firstReady() == m_pending.end()
+            && trySend(data, host, *address) == Sent::Done)
             return;
         enqueue({std::move(data), host, port, address});
         if (address)
@@ -184,9 +184,8 @@ AsyncUdpSocket::Sent AsyncUdpSocket::trySend(
 
 bool AsyncUdpSocket::isLookingUp(const std::string& host, std::uint16_t port) const
 {
-    return std::any_of(m_pending.begin(), m_pending.end(), [&](const Pending& pending) {
-        return !pending.address && pending.host == host && pending.port == port;
-    });
+    return std::any_of(m_pending.begin(), m_pending.end(),
+        [&](const Pending& pending) { return pending.waitsFor(host, port); });
 }
 
 /// What goes out next: all in order, but that nobody waits for the name of another host.
@@ -251,9 +250,7 @@ void AsyncUdpSocket::resolved(
     const std::string& host, std::uint16_t port, const std::optional<SocketAddress>& address)
 {
     const std::lock_guard lock(m_mutex);
-    const auto isWaiting = [&](const Pending& pending) {
-        return !pending.address && pending.host == host && pending.port == port;
-    };
+    const auto isWaiting = [&](const Pending& pending) { return pending.waitsFor(host, port); };
     if (!address) {
         m_io.complaints().failed(host, "no such host");
         std::erase_if(m_pending, isWaiting);

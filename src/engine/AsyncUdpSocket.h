@@ -42,6 +42,11 @@ private:
         std::string host;
         std::uint16_t port = 0;
         std::optional<SocketAddress> address; ///< nothing while the name is being looked up
+
+        bool waitsFor(const std::string& name, std::uint16_t itsPort) const
+        {
+            return !address && host == name && port == itsPort;
+        }
     };
     enum class Sent { Done, Later };
 

@@ -19,6 +19,13 @@ public:
         if (m_delegate)
             m_delegate->lampStatesChanged();
     }
+    void sendGroupingBecameKnownNotificationToDelegate() const
+    {
+        if (m_delegate) {
+            m_delegate->groupingBecameKnown();
+            m_delegate->lampStatesChanged();
+        }
+    }
     void sendLampsZoneStateChangedNotificationToDelegate() const
     {
         if (m_delegate)

@@ -162,8 +162,9 @@ void LampCommands::sendColourToLampZone(const Settings& settings, Lamp& lamp, in
 
 void LampCommands::sendToZoneThatCame(Lamp& lamp, int zone)
 {
-    if (lamp.forZonesToCome.hasAny())
-        sendColourToLampZone({lamp.forZonesToCome, {}, {}}, lamp, zone);
+    if (!lamp.forZonesToCome.hasAny())
+        return;
+    sendColourToLampZone({lamp.forZonesToCome, {}, {}}, lamp, zone);
     if (lamp.allZonesAreKnown())
         lamp.forZonesToCome = {};
 }
@@ -177,9 +178,9 @@ void LampCommands::sendSetLabelToLamp(const std::string& label, Lamp& lamp)
 void LampCommands::sendSettings(const Settings& settings, Lamp& lamp)
 {
     // Nothing is sent to a lamp that is so already, and was not just told otherwise.
-    const bool present = lamp.onoff.value_or(false);
     if (settings.onoff
-        && (*settings.onoff != present || *settings.onoff != lamp.powerSent.value_or(present)))
+        && (*settings.onoff != lamp.onoff.value_or(false)
+            || *settings.onoff != lamp.expectedPower().value_or(false)))
         sendPowerToLamp(*settings.onoff, lamp);
     if (settings.hasAny())
         sendColourToLamp(settings, lamp);

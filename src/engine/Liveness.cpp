@@ -81,8 +81,9 @@ void Liveness::received(const Target& target, const UdpSocket& socket, const Soc
 
 void Liveness::heard(Lamp& lamp)
 {
-    if (lamp.polling.isSilent())
-        lamp.forZonesToCome = {}; // who knows what happened meanwhile
+    // What was told before a silence is not carried out after it.
+    if (Lamp* known = lamp.polling.isSilent() ? m_registry.lampWithTarget(*lamp.mac) : nullptr)
+        known->forZonesToCome = {};
     lamp.polling.unanswered = 0;
     lamp.polling.pause = 0;
     lamp.polling.lastHeard = m_runLoop.elapsed();

@@ -21,6 +21,8 @@ public:
     virtual void newLampsAdded() = 0;
     /// A lamp's colour, power, group or location changed, or a group or location became known.
     virtual void lampStatesChanged() = 0;
+    /// A group or location became known; `lampStatesChanged` follows.
+    virtual void groupingBecameKnown() = 0;
     virtual void lampZoneStatesChanged() = 0;
     virtual void newZoneAdded() = 0;
     /// The power of a multizone lamp changed, whose colour the zones tell; or a lamp that was

@@ -204,13 +204,13 @@ void RecordIntake::addLocationToLamp(
 void RecordIntake::addGroupToKnownGroups(const std::shared_ptr<Group>& group)
 {
     if (addToKnown(m_registry.groupsArray(), group))
-        m_notifier.sendLampsStateChangedNotificationToDelegate();
+        m_notifier.sendGroupingBecameKnownNotificationToDelegate();
 }
 
 void RecordIntake::addLocationToKnownLocations(const std::shared_ptr<Location>& location)
 {
     if (addToKnown(m_registry.locationssArray(), location))
-        m_notifier.sendLampsStateChangedNotificationToDelegate();
+        m_notifier.sendGroupingBecameKnownNotificationToDelegate();
 }
 
 void RecordIntake::addTagLabelToKnownTags(const std::string& label, std::uint64_t tag)
@@ -237,7 +237,7 @@ void RecordIntake::addHueZoneToLamp(
         lamp->zones.emplace();
     const LampColour reported = fromWire(colour);
     const Zone* known = getZoneFromLamp(number, *lamp);
-    // One that was painted with the lamp and reports its former colour was not, after all.
+    // One that reports its former colour did not hear what the whole lamp was sent.
     if (known && sameColour(*known, reported) && sameColour(known->expectedColour(), reported))
         return;
 

@@ -13,7 +13,8 @@ class Log;
 class Polls;
 class ProductCatalogue;
 
-/// Fills the records from what lamps report, and tells the delegate what changed.
+/// Fills the records from what lamps report, and tells the delegate what changed. A zone that comes
+/// late is sent what its lamp was told meanwhile.
 /// Each operation for a target that no lamp has answers with a log line and nothing else.
 class RecordIntake {
 public:

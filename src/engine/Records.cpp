@@ -245,14 +245,16 @@ void Lamp::inherit(const Lamp& other)
 
 bool Lamp::has(const Zone& zone) const
 {
-    return zonecount.value_or(0) == 0 || zone.zone < *zonecount;
+    const int count = zonecount.value_or(0);
+    return count == 0 || zone.zone < count;
 }
 
 std::size_t Lamp::numberOfZones() const
 {
     if (!zones)
         return 0;
-    return zonecount.value_or(0) == 0 ? zones->size() : static_cast<std::size_t>(*zonecount);
+    const int count = zonecount.value_or(0);
+    return count == 0 ? zones->size() : static_cast<std::size_t>(count);
 }
 
 bool Lamp::allZonesAreKnown() const

@@ -2,7 +2,6 @@
 
 #include "engine/AsyncUdpSocket.h"
 #include "engine/DatagramReader.h"
-#include "engine/HostResolver.h"
 
 #include <pthread.h>
 #include <sys/epoll.h>
@@ -10,6 +9,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <utility>
 
 namespace lumeroom {
 
@@ -17,10 +17,10 @@ namespace {
 constexpr UdpIoThread::Key kWakeKey = 0;
 }
 
-UdpIoThread::UdpIoThread(RunLoop& runLoop, Log& log)
+UdpIoThread::UdpIoThread(RunLoop& runLoop, Log& log, HostResolver::Ask ask)
     : m_runLoop(runLoop)
     , m_complaints(log)
-    , m_resolver(std::make_unique<HostResolver>())
+    , m_resolver(std::make_unique<HostResolver>(std::move(ask)))
     , m_epoll(::epoll_create1(EPOLL_CLOEXEC))
     , m_wake(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
     , m_thread([this] { run(); })

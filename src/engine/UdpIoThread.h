@@ -1,7 +1,7 @@
 #pragma once
 
+#include "engine/HostResolver.h"
 #include "engine/NetworkComplaints.h"
-#include "engine/UdpSocket.h"
 
 #include <map>
 #include <mutex>
@@ -10,7 +10,6 @@
 namespace lumeroom {
 
 class AsyncUdpSocket;
-class HostResolver;
 class Log;
 class RunLoop;
 
@@ -18,7 +17,7 @@ class RunLoop;
 /// before it does.
 class UdpIoThread {
 public:
-    UdpIoThread(RunLoop& runLoop, Log& log);
+    UdpIoThread(RunLoop& runLoop, Log& log, HostResolver::Ask ask = HostResolver::systemResolver());
     ~UdpIoThread();
     UdpIoThread(const UdpIoThread&) = delete;
     UdpIoThread& operator=(const UdpIoThread&) = delete;

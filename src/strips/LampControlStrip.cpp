@@ -169,10 +169,7 @@ void LampControlStrip::switchOff()
 
 void LampControlStrip::implementSettingsFromDictionary(const StripSettings& settings)
 {
-    // A lamp reports a brightness back one lower than it was sent; that must not move the slider.
-    const bool readBackLoss = settings.brightness
-        && integerPart(*settings.brightness) == m_controls.brightnessSlider.integerValue() - 1;
-    if (!readBackLoss)
+    if (settings.brightness && !isReadBackLoss(*settings.brightness))
         showInSlider(m_controls.brightnessSlider, settings.brightness);
     showInSlider(m_controls.colourSlider, settings.colour);
     showInSlider(m_controls.satSlider, settings.saturation);
@@ -185,6 +182,11 @@ void LampControlStrip::implementSettingsFromDictionary(const StripSettings& sett
     if (settings.label)
         m_controls.label.setText(*settings.label);
     m_controls.showColourOfSliders();
+}
+
+bool LampControlStrip::isReadBackLoss(double brightness) const
+{
+    return integerPart(brightness) == m_controls.brightnessSlider.integerValue() - 1;
 }
 
 void LampControlStrip::showInSlider(SliderModel& slider, const std::optional<double>& value)

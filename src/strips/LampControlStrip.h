@@ -69,6 +69,8 @@ public:
 
     /// Shows the settings and acts on them as if the user had moved the controls.
     void implementSettingsFromDictionary(const StripSettings& settings);
+    /// A lamp reports a brightness back one lower than it was sent; that does not move the slider.
+    bool isReadBackLoss(double brightness) const;
     /// Shows them and sends nothing.
     void implementSettingsFromDictionaryWithoutActing(const StripSettings& settings);
     /// The same, unless under embargo: the way of the lamps' reports.

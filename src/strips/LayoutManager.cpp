@@ -36,11 +36,16 @@ LayoutManager::LayoutManager(UserDefaults& defaults, Log& log, const PanelGeomet
     : m_defaults(defaults)
     , m_log(log)
     , m_panel(panel)
-    , m_theme(static_cast<int>(
-          std::clamp<std::int64_t>(defaults.get(keys::kCurrentTheme), -1, theme::kCount)))
+    , m_theme(storedTheme())
 {
     if (!themeExists())
         m_log.line("{} {} is no layout, ignored", keys::kCurrentTheme.name, m_theme);
+}
+
+int LayoutManager::storedTheme() const
+{
+    const std::int64_t stored = m_defaults.get(keys::kCurrentTheme);
+    return static_cast<int>(std::clamp<std::int64_t>(stored, -1, theme::kCount));
 }
 
 void LayoutManager::setTheme(int theme)

@@ -40,6 +40,8 @@ public:
 
     int theme() const { return m_theme; }
     void setTheme(int theme);
+    /// May be one that does not exist.
+    int storedTheme() const;
     /// The view's wish to show which theme it is; told of each one that is set.
     std::function<void(int theme)> segmentedControl;
     bool themeExists() const;

@@ -14,8 +14,13 @@ bool StripTarget::isKnown(const LampRegistry& registry) const
 {
     if (const auto* access = groupingAccess(type))
         return id == kAllLampsId || access->label(registry, id);
-    return registry.lampWithID(type == StripType::Zone ? id.substr(0, id.rfind('-')) : id)
-        != nullptr;
+    return registry.lampWithID(lampID()) != nullptr;
+}
+
+std::string_view StripTarget::lampID() const
+{
+    const std::string_view whole = id;
+    return type == StripType::Zone ? whole.substr(0, whole.rfind('-')) : whole;
 }
 
 void StripTarget::sendSettingsToGroup(LampCommands& commands, const Settings& settings) const

@@ -21,6 +21,8 @@ struct StripTarget {
 
     bool isGroup() const;
     bool isKnown(const LampRegistry& registry) const;
+    /// The lamp's own ID, or that of a zone's lamp.
+    std::string_view lampID() const;
     bool operator==(const StripTarget&) const = default;
     bool operator<(const StripTarget& other) const
     {

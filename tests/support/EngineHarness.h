@@ -46,6 +46,7 @@ class RecordingDelegate : public QVLIFXEngineDelegate {
 public:
     void newLampsAdded() override { ++newLamps; }
     void lampStatesChanged() override { ++states; }
+    void groupingBecameKnown() override { }
     void lampZoneStatesChanged() override { ++zoneStates; }
     void newZoneAdded() override { ++newZones; }
     void lampPowerReported() override { ++zonePowers; }

@@ -143,6 +143,8 @@ std::optional<KnownThing> ScriptingTree::thingAt(const QString& path) const
 
 bool ScriptingTree::exists(const QString& path) const
 {
+    if (path.size() > kMostCharacters)
+        return false;
     const ObjectKind* const kind = kindAt(path);
     return path == bus::kRootPath || (kind && folderOf(*kind) == path) || thingAt(path);
 }
@@ -170,10 +172,9 @@ QString ScriptingTree::introspect(const QString& path) const
 bool ScriptingTree::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
 {
     const QString interface = message.interface();
-    const bool mayExist = message.path().size() <= kMostCharacters;
     // The bus library describes the objects, and paths of nothing too, and answers pings.
     if (message.type() != QDBusMessage::MethodCallMessage || interface == kPeer
-        || (interface == kIntrospectable && mayExist && exists(message.path())))
+        || (interface == kIntrospectable && exists(message.path())))
         return false;
     QDBusMessage reply;
     try {

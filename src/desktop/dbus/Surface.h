@@ -159,7 +159,7 @@ private:
             if (property.name == name)
                 return property;
         }
-        constexpr int kShown = 100;
+        constexpr int kShown = 100; // a name in a dictionary may have any length
         throw Refusal{QDBusError::UnknownProperty,
             QStringLiteral("There is no property %1.").arg(name.left(kShown))};
     }
