@@ -68,7 +68,6 @@ TEST(Pacer, aThreadEndsAtOnceWhateverItsPause)
         while (passes == 0)
             std::this_thread::yield();
         task.reset(); // returns, or the test hangs
-        EXPECT_GE(passes, 1);
     }
 }
 

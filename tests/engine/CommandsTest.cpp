@@ -11,17 +11,11 @@ Settings settings(const Value::Dictionary& dictionary)
     return Settings::fromDictionary(dictionary);
 }
 
-unsigned u16(const SentDatagram& sent, std::size_t offset)
-{
-    return sent.data.at(offset) + 256U * sent.data.at(offset + 1);
-}
-
 /// A colour command's hue, saturation, brightness, kelvin and milliseconds.
 std::vector<unsigned> fields(const SentDatagram& sent)
 {
     const std::size_t at = sent.type() == 102 ? 37 : 38;
-    return {
-        u16(sent, at), u16(sent, at + 2), u16(sent, at + 4), u16(sent, at + 6), u16(sent, at + 8)};
+    return {sent.u16(at), sent.u16(at + 2), sent.u16(at + 4), sent.u16(at + 6), sent.u16(at + 8)};
 }
 
 using Fields = std::vector<unsigned>;
@@ -78,7 +72,7 @@ TEST_F(Commands, transitionTimes)
         engine().commands().sendSettingsToLamp(settings(c.colour), lampID(1));
         EXPECT_EQ(fields(sockets.take().at(0))[4], c.colourMilliseconds);
         engine().commands().lampOn(lampID(1), false);
-        EXPECT_EQ(u16(sockets.take().at(0), 38), c.powerMilliseconds);
+        EXPECT_EQ(sockets.take().at(0).u16(38), c.powerMilliseconds);
     }
 }
 
@@ -92,7 +86,7 @@ TEST_F(Commands, powerGoesFirstAndOnlyIfItDiffers)
     EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.1", "102 127.0.9.1"}));
     EXPECT_EQ(lamp->onoff, true); // until the lamp says so
     engine().commands().groupOn("0", true); // asked for outright it is sent in any case
-    EXPECT_EQ(u16(sockets.take().at(0), 36), 65535U);
+    EXPECT_EQ(sockets.take().at(0).u16(36), 65535U);
 }
 
 TEST_F(Commands, whatIsNoLampIsSentNothing)
@@ -162,7 +156,7 @@ TEST_F(Commands, aLampHeardAtTwoAddressesIsToldAtBoth)
     EXPECT_EQ(hosts(52), all); // one stays in, the other is sent out
 }
 
-TEST_F(Commands, zonesKeepWhatIsNotSet)
+TEST_F(Commands, zonesKeepWhatIsNotSetAndLateOnesCatchUp)
 {
     const auto lamp = addStrip(1, 8);
     receive(stateZone(1, 8, 2, 9000)); // now last in the array
@@ -203,7 +197,9 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
     receive(stateMultizone(1, 12, 8, 200));
     EXPECT_EQ(fields(sockets.take().at(3)), (Fields{203, 65025, 1275, 3500, 400})); // caught up
     EXPECT_EQ(lamp->brightness, 5);
-    for (const unsigned count : {24U, 32U, 40U}) { // later ones: nothing is left to be told
+    // Later ones, of which nothing is left to be told: at 24 all had come, at 32 the whole lamp was
+    // painted, at 40 it was silent.
+    for (const unsigned count : {24U, 32U, 40U}) {
         receive(stateZone(1, count, 2, 9000));
         if (count > 24)
             engine().commands().sendSettingsToLamp(settings({{"brightness", 6}}), lampID(1));
@@ -217,25 +213,19 @@ TEST_F(Commands, zonesKeepWhatIsNotSet)
     }
 }
 
-struct Collections : Commands {
-    Collections()
-    {
-        for (unsigned n = 1; n <= 4; ++n)
-            addLamp(n, {.hue = n * 1000, .brightness = n * 10000, .power = n % 2 ? 65535U : 0U});
-        for (const unsigned n : {1U, 2U})
-            receive(stateGrouping(53, n, 0xAA, "Den"));
-        for (const unsigned n : {2U, 3U})
-            receive(stateGrouping(50, n, 0xBB, "Home"));
-        receive(stateTagLabels(1, 1, "Den"));
-        receive(stateTags(4, 1));
-        drainQueue();
-    }
-    const std::string group = std::string(32, 'a');
-    const std::string location = std::string(32, 'b');
-};
-
-TEST_F(Collections, summariesAreRunningMeans)
+TEST_F(Commands, summariesAreRunningMeansAndALocationIsSwitched)
 {
+    for (unsigned n = 1; n <= 4; ++n)
+        addLamp(n, {.hue = n * 1000, .brightness = n * 10000, .power = n % 2 ? 65535U : 0U});
+    for (const unsigned n : {1U, 2U})
+        receive(stateGrouping(53, n, 0xAA, "Den"));
+    for (const unsigned n : {2U, 3U})
+        receive(stateGrouping(50, n, 0xBB, "Home"));
+    receive(stateTagLabels(1, 1, "Den"));
+    receive(stateTags(4, 1));
+    drainQueue();
+    const std::string group(32, 'a');
+    const std::string location(32, 'b');
     const Summaries& summaries = engine().summaries();
     EXPECT_EQ(
         summaries.settingsForGroup("0").colour, 3125); // ((1 + 2) / 2 + 3) / 2, and 4 for half

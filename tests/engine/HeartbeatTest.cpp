@@ -1,7 +1,5 @@
 #include "support/EngineHarness.h"
 
-#include <fmt/core.h>
-
 #include <cmath>
 #include <map>
 

@@ -66,7 +66,7 @@ TEST(WireFormat, labelsAreCutAt32Bytes)
     EXPECT_EQ(wire::deviceSetTagLabels(kLamp, 1, longLabel).size(), 76U);
 }
 
-TEST(WireFormat, coloursGoOutScaledBy255)
+TEST(WireFormat, numbersAreScaledAndKeptWithinTheirBits)
 {
     const LampColour full{.colour = 65535, .saturation = 0, .brightness = 255, .warmth = 5500};
     EXPECT_EQ(toWire(full), (WireColour{65535, 65025, 65025, 3500}));

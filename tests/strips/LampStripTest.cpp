@@ -54,7 +54,7 @@ TEST_F(LampStrip, powerOnLeavesColoursAloneThatAreZonesOrUnknown)
     sockets.take();
     strip->switchOff();
     strip->switchOn();
-    receive(stateService(2), "127.0.9.2"); // nothing is known of its colour yet
+    receive(stateService(2), lampAddress(2)); // nothing is known of its colour yet
     makeStrip(lampID(2), StripType::Lamp)->switchOn();
     EXPECT_EQ(sent(), (Lines{"power 1 off", "power 1 on", "power 2 on"}));
 }
@@ -160,7 +160,7 @@ TEST_F(LampStrip, aTransitionMovesTheControlsOnlyWhenItIsShort)
             StripSettings::fromDictionary(settings));
         const auto datagrams = sockets.sent();
         EXPECT_EQ(sent(), (Lines{"power 1 off", "colour 1: 0 63750 25500 3500"}));
-        EXPECT_EQ(datagrams.at(1).data.at(45) + 256 * datagrams.at(1).data.at(46), 400);
+        EXPECT_EQ(datagrams.at(1).u16(45), 400U);
         EXPECT_EQ(strip->brightnessSlider().integerValue(), c.shown);
         EXPECT_FALSE(strip->embargo());
     }

@@ -61,15 +61,13 @@ struct StripHarness : EngineHarness {
     {
         Lines result;
         for (const SentDatagram& datagram : sockets.take()) {
-            const auto u16 = [&](std::size_t at) {
-                return datagram.data.at(at) + 256U * datagram.data.at(at + 1);
-            };
             const auto colour = [&](std::size_t at) {
-                return fmt::format("{} {} {} {}", u16(at), u16(at + 2), u16(at + 4), u16(at + 6));
+                return fmt::format("{} {} {} {}", datagram.u16(at), datagram.u16(at + 2),
+                    datagram.u16(at + 4), datagram.u16(at + 6));
             };
             const std::string lamp = datagram.host.substr(datagram.host.rfind('.') + 1);
             if (datagram.type() == 117)
-                result.push_back(fmt::format("power {} {}", lamp, u16(36) ? "on" : "off"));
+                result.push_back(fmt::format("power {} {}", lamp, datagram.u16(36) ? "on" : "off"));
             else if (datagram.type() == 102)
                 result.push_back(fmt::format("colour {}: {}", lamp, colour(37)));
             else if (datagram.type() == 501)

@@ -18,7 +18,8 @@ struct SentDatagram {
     std::string host;
     std::uint16_t port = 0;
 
-    unsigned type() const { return data.size() < 34 ? 0u : data[32] + 256u * data[33]; }
+    unsigned u16(std::size_t at) const { return data.at(at) + 256U * data.at(at + 1); }
+    unsigned type() const { return data.size() < 34 ? 0U : u16(32); }
 };
 
 /// Sockets that keep what is sent, in the order of all sends.
