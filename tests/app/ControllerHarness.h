@@ -28,6 +28,7 @@ struct Controller : EngineHarness {
     {
         addLamp(n, {.brightness = 50000, .label = name});
     }
+    NavigationModel& navigation() { return *panel.navigation; }
 
     FakePanel panel;
     ManualController controller{loop, defaults, log, engine(), panel};

@@ -46,7 +46,7 @@ private:
 class FakePanel : public PanelView {
 public:
     void setTitle(const std::string& text) override { title = text; }
-    void makeKeyAndFront() override { ++timesInFront; }
+    void makeKeyAndFront() override { }
     int runModal(const Alert& alert) override
     {
         alerts.push_back(alert);
@@ -69,10 +69,10 @@ public:
     Size contentSize() const override { return content; }
     Size screenSize() const override { return {1920, 1080}; }
     Size scrollViewSize() const override { return content; }
-    void setContainerSize(Size size) override { container = size; }
+    void setContainerSize(Size) override { }
     void setContentSize(Size size) override { content = size; }
-    void setContentMinSize(Size size) override { least = size; }
-    void setContentMaxSize(Size size) override { most = size; }
+    void setContentMinSize(Size) override { }
+    void setContentMaxSize(Size) override { }
     void setScrollers(bool horizontal, bool vertical) override
     {
         scrollers = {horizontal, vertical};
@@ -108,13 +108,11 @@ public:
     NavigationActions actions;
     std::function<void()> didEndLiveResize;
     bool throbbing = false;
-    int timesInFront = 0;
     int builds = 0;
     int rowsMade = 0;
     int answer = 0; ///< the button that is pressed in alerts
     Size rowSize{800, 50};
     Size content{900, 400};
-    Size container, least, most;
     std::pair<bool, bool> scrollers;
     std::vector<FakeRow*> rows; ///< as they show, from the first
     std::optional<WorkflowPopover> workflow;

@@ -34,7 +34,6 @@ struct Workflows : Controller {
         launch();
         navigation().tags.press();
     }
-    NavigationModel& navigation() { return *panel.navigation; }
     std::vector<Kind> kinds()
     {
         const auto id = [](const auto& records) { return records.at(0)->id; };

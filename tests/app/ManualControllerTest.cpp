@@ -135,7 +135,7 @@ TEST_F(Controller, theOrderIsKeptOverRuns)
         Value::Array{Value::Dictionary{{"ID", lampID(3)}, {"group", false}},
             Value::Dictionary{{"ID", "gone"}, {"group", false}},
             Value::Dictionary{{"ID", lampID(1)}, {"group", true}}, "rubbish",
-            Value::Dictionary{{"ID", lampID(3)}, {"group", false}}}); // again
+            Value::Dictionary{{"ID", lampID(3)}, {"group", false}}}); // only its first place counts
     for (unsigned n = 1; n <= 5; ++n)
         addNamed(n, "Lamp " + std::to_string(n));
     launch();

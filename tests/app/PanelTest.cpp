@@ -2,13 +2,6 @@
 
 namespace lumeroom::test {
 
-namespace {
-
-constexpr unsigned kStateGroup = 53;
-constexpr unsigned kStateLocation = 50;
-
-} // namespace
-
 /// Three lamps; the first two in the group "Study" and the location "Home", the third a multizone
 /// one; the first carries the tag "Reading".
 struct Panel : Controller {
@@ -26,8 +19,8 @@ struct Panel : Controller {
         receive(stateTags(1, 1));
         launch();
         loop.advance(Seconds(2));
+        controller.statusMenu().setBadgeLabel = [this](std::optional<int> now) { badge = now; };
     }
-    NavigationModel& navigation() { return *panel.navigation; }
     FakeRow& row(const std::string& name)
     {
         for (FakeRow* candidate : panel.rows) {
@@ -43,6 +36,8 @@ struct Panel : Controller {
         navigation().tags.press();
         navigation().all.press();
     }
+
+    std::optional<int> badge;
 };
 
 TEST_F(Panel, afterABuildEveryRowShowsItsRecordInItsWell)
@@ -67,15 +62,13 @@ TEST_F(Panel, afterABuildEveryRowShowsItsRecordInItsWell)
     loop.advance(Seconds(0.1));
     const auto sent = sockets.takeOfType(102);
     ASSERT_EQ(sent.size(), 1U);
-    EXPECT_NEAR(sent[0].data.at(41) + 256 * sent[0].data.at(42), 188 * 255, 510); // a bit darker
+    EXPECT_NEAR(sent[0].u16(41), 188 * 255, 510); // a bit darker
 }
 
 TEST_F(Panel, aLampAtANewAddressIsOneLamp)
 {
     furnish();
     defaults.setObject("badgeIcon", true);
-    std::optional<int> badge;
-    controller.statusMenu().setBadgeLabel = [&](std::optional<int> number) { badge = number; };
     receive(stateService(1), "127.0.9.99");
     ASSERT_EQ(engine().registry().lightsArray().size(), 4U);
     receive(lightState(1, {.brightness = 25700, .label = "Table"}));
@@ -154,8 +147,6 @@ TEST_F(Panel, theRuleForGroupsAndTheBadgeFollowTheirSettingsAtOnce)
     loop.runPosted();
     EXPECT_TRUE(row("Study").strip.onOffButton().state());
 
-    std::optional<int> badge;
-    controller.statusMenu().setBadgeLabel = [&](std::optional<int> number) { badge = number; };
     defaults.setObject("badgeIcon", true);
     loop.runPosted();
     EXPECT_EQ(badge, 2);
@@ -304,11 +295,10 @@ TEST_F(Panel, aRowShowsThePowerThatWasSentUntilItsLampTellsItsOwn)
     EXPECT_TRUE(row("Desk").strip.onOffButton().state());
 }
 
-TEST_F(Panel, whatIsEmptyIsNotWaitedFor)
+TEST_F(Panel, zonesComeAsTheyBecomeKnownAndNoneAreWaitedFor)
 {
     furnish();
-    const auto shelf = engine().registry().lampWithID(lampID(3));
-    shelf->zones.reset();
+    engine().registry().lampWithID(lampID(3))->zones.reset();
     controller.panelSetUp().navigation().navigateToZones(row("Shelf").strip);
     EXPECT_TRUE(panel.rows.empty());
     EXPECT_FALSE(panel.throbbing);
@@ -346,7 +336,7 @@ TEST_F(Panel, rowsFollowALightStrip)
         dark.at(36 + 2 + 8 * zone + 5) = 100; // the high byte of the brightness
     receive(dark);
     for (const bool on : {true, false}) {
-        receive(lightState(3, {.power = std::uint16_t(on ? 65535 : 0), .label = "Shelf"}));
+        receive(lightState(3, {.power = on ? 65535U : 0U, .label = "Shelf"}));
         for (const char* name : {"Shelf", "Hall", "Yard", "Late"})
             EXPECT_EQ(shelf(name), std::pair(100, on)) << name;
     }

@@ -14,17 +14,6 @@ struct ScriptingTest : Controller {
         loop.advance(Seconds(8));
         sockets.take();
     }
-    /// Shows this page alone.
-    void show(ButtonModel& page)
-    {
-        NavigationModel& navigation = controller.panelSetUp().navigation().model();
-        if (!page.state())
-            page.press();
-        if (&page != &navigation.lights && navigation.lights.state())
-            navigation.lights.press();
-        loop.advance(Seconds(8));
-        sockets.take();
-    }
     ScriptSettings shown(const StripTarget& target)
     {
         return ScriptSettings::of(scripting.thing(target)->record.settings);
@@ -32,7 +21,6 @@ struct ScriptingTest : Controller {
     std::size_t sent(unsigned type) { return sockets.takeOfType(type).size(); }
 
     Scripting& scripting = controller.scripting();
-    NavigationModel& pages = controller.panelSetUp().navigation().model();
     const StripTarget desk{lampID(1), StripType::Lamp};
     StripTarget kitchen;
 };
@@ -100,7 +88,10 @@ TEST_F(ScriptingTest, whatThePanelDoesNotShowIsReachedAllTheSame)
     scripting.strip(all)->apply({.state = false});
     EXPECT_EQ(sent(117), 2U);
 
-    show(pages.groups);
+    navigation().groups.press();
+    navigation().lights.press();
+    loop.advance(Seconds(8));
+    sockets.take();
     EXPECT_EQ(panel.names(), Names{"Kitchen"});
     EXPECT_EQ(scripting.getGroups().at(0)->getLamps().size(), 0U);
     int changes = 0;
@@ -159,8 +150,8 @@ TEST_F(ScriptingTest, zonesAndManyStripsThatAreNotShown)
 
 TEST_F(ScriptingTest, theListsHoldWhatThePanelShowsUntilItChanges)
 {
-    pages.groups.press();
-    pages.all.press();
+    navigation().groups.press();
+    navigation().all.press();
     loop.advance(Seconds(1));
     const auto lamps = scripting.getLamps();
     ASSERT_EQ(lamps.size(), 2U);
@@ -172,7 +163,7 @@ TEST_F(ScriptingTest, theListsHoldWhatThePanelShowsUntilItChanges)
     EXPECT_EQ(scripting.getLamps(), lamps);
     scripting.invalidate();
     EXPECT_NE(scripting.getLamps(), lamps);
-    pages.lights.press();
+    navigation().lights.press();
     loop.advance(Seconds(1));
     EXPECT_TRUE(scripting.getLamps().empty());
 }

@@ -1,28 +1,12 @@
 #include "app/StatusMenu.h"
 #include "ControllerHarness.h"
 #include "strips/LampsPopUp.h"
-#include "support/FakeOwner.h"
+#include "strips/StripHarness.h"
 
 namespace lumeroom::test {
 
-using Lines = Names;
-
-struct StatusItem : EngineHarness {
-    StatusItem()
-    {
-        statusMenu.setBadgeLabel = [this](std::optional<int> number) { badge = number; };
-    }
-    std::unique_ptr<LampControlStrip> makeStrip(unsigned n, const std::string& name)
-    {
-        auto strip = std::make_unique<LampControlStrip>(
-            lampID(n), StripType::Lamp, StripSurroundings{loop, defaults, log, owner});
-        strip->reactivateWithEngineRoom(&engine());
-        strip->label().setText(name);
-        return strip;
-    }
-    FakeOwner owner;
+struct StatusItem : StripHarness {
     Lines calls;
-    std::optional<int> badge = -1;
     StatusMenu statusMenu{engine().registry(), defaults,
         {.showManualControl = [this] { calls.emplace_back("show"); },
             .allOn = [this] { calls.emplace_back("on"); },
@@ -38,10 +22,12 @@ TEST_F(StatusItem, theMenuControlsTheLamps)
     EXPECT_EQ(titles(statusMenu.statusMenu()), always);
     addLamp(1, {.power = 0});
     sockets.take();
-    const auto desk = makeStrip(1, "Desk");
-    const auto other = makeStrip(2, "Other");
-    statusMenu.addStrip(*desk);
-    statusMenu.addStrip(*other);
+    const auto desk = makeStrip(lampID(1), StripType::Lamp);
+    const auto other = makeStrip(lampID(2), StripType::Lamp);
+    for (LampControlStrip* strip : {desk.get(), other.get()}) {
+        strip->label().setText("Desk");
+        statusMenu.addStrip(*strip);
+    }
     const auto& items = statusMenu.statusMenu().items();
     ASSERT_EQ(items.size(), 6U);
     EXPECT_EQ(items[4]->title(), "Desk");
@@ -57,9 +43,7 @@ TEST_F(StatusItem, theMenuControlsTheLamps)
     EXPECT_EQ(calls, (Lines{"on", "off", "show", "show"}));
     EXPECT_EQ(titles(*items[2]->submenu()), (Lines{"Turn all on", "Turn all off"}));
 
-    other->label().setText("Desk");
-    statusMenu.addStrip(*other);
-    const auto old = statusMenu.statusMenu().items().back();
+    const auto old = items.back();
     statusMenu.begin(); // anew, while a view still shows the old entries
     statusMenu.addStrip(*desk);
     statusMenu.addStrip(*other);

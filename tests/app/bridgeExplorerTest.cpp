@@ -1,5 +1,7 @@
 #include "app/bridgeExplorer.h"
-#include "support/EngineHarness.h"
+#include "engine/Records.h"
+
+#include <gtest/gtest.h>
 
 namespace lumeroom::test {
 

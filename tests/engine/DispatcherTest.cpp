@@ -230,7 +230,7 @@ TEST_F(Dispatcher, aLightStripsRecordIsTheMeanOfItsZones)
     EXPECT_FALSE(lamp->colour); // without a power nothing is shown of it
     receive(lightState(1, {.hue = 60000}));
     EXPECT_EQ(lamp->colour, 4000);
-    EXPECT_EQ(delegate.zonePowers, 1);
+    EXPECT_EQ(delegate.powers, 1);
     const auto reports = lamp->reports;
     receive(stateZone(1, 8, 1, 5000));
     EXPECT_EQ(lamp->colour, 4500);
@@ -240,9 +240,9 @@ TEST_F(Dispatcher, aLightStripsRecordIsTheMeanOfItsZones)
     receive(stateMultizone(1, 8, 8, 9)); // zones that the lamp does not have
     receive(lightState(1, {.hue = 60000}));
     EXPECT_EQ(lamp->colour, 3000);
-    EXPECT_EQ(delegate.zonePowers, 1);
+    EXPECT_EQ(delegate.powers, 1);
     receive(lightState(1, {.power = 0}));
-    EXPECT_EQ(delegate.zonePowers, 2);
+    EXPECT_EQ(delegate.powers, 2);
     EXPECT_EQ(delegate.states, 0);
 }
 

@@ -49,7 +49,7 @@ public:
     void groupingBecameKnown() override { }
     void lampZoneStatesChanged() override { ++zoneStates; }
     void newZoneAdded() override { ++newZones; }
-    void lampPowerReported() override { ++zonePowers; }
+    void lampPowerReported() override { ++powers; }
     void engineIsSsearching(bool now) override { searching.push_back(now); }
     void lampCapabilitiesChanged() override { }
     int runModal(const Alert& alert) override
@@ -62,7 +62,7 @@ public:
     int states = 0;
     int zoneStates = 0;
     int newZones = 0;
-    int zonePowers = 0;
+    int powers = 0;
     std::vector<bool> searching;
     std::vector<Alert> alerts;
 };
@@ -85,15 +85,14 @@ struct EngineHarness : ::testing::Test {
     }
 
     /// By the socket of that lamp at that address, if it has one, as an answer comes.
-    void receive(
-        const Datagram& datagram, const std::string& from = "127.0.9.1", std::uint16_t port = 56700)
+    void receive(const Datagram& datagram, const std::string& from = "127.0.9.1")
     {
         Target target{};
         if (datagram.size() >= 16)
             std::copy_n(datagram.begin() + 8, 8, target.begin());
         const Lamp* lamp = engine().registry().lampAtAddress(from, target);
         const auto socket = lamp && lamp->socket ? lamp->socket : sockets.factory()(engine());
-        engine().udpSocketDidReceiveData(*socket, datagram, socketAddress(from, port));
+        engine().udpSocketDidReceiveData(*socket, datagram, socketAddress(from, 56700));
     }
     /// Makes the n-th lamp known, with its state, as if it had answered.
     std::shared_ptr<Lamp> addLamp(unsigned n, const LightState& state = {})
@@ -138,8 +137,6 @@ struct EngineHarness : ::testing::Test {
         {"pid": 1, "name": "Colour lamp", "features": {"color": true, "multizone": false}},
         {"pid": 10, "name": "White lamp",
             "features": {"color": false, "multizone": false, "temperature_range": [2700, 2700]}},
-        {"pid": 11, "name": "Warm white lamp",
-            "features": {"color": false, "multizone": false, "temperature_range": [2700, 6500]}},
         {"pid": 31, "name": "Strip", "features": {"color": true, "multizone": true}}]}])";
 
     std::vector<std::string> lines;

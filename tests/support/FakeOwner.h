@@ -18,7 +18,7 @@ public:
         calls.push_back(line);
     }
     void stripHasMissedReports() override { calls.emplace_back("missed"); }
-    void stripHasChanged() override { ++changes; }
+    void stripHasChanged() override { }
     void targetWasRenamed(LampControlStrip& strip) override
     {
         calls.push_back("renamed " + strip.getID());
@@ -46,7 +46,6 @@ public:
     std::vector<std::string> calls;
     std::vector<Point> points; ///< of the moves
     bool canEditEffects = true;
-    int changes = 0;
     /// How many datagrams have been sent when an effect is stopped.
     std::function<std::size_t()> sent = [] { return 0; };
 

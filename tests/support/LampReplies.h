@@ -65,9 +65,9 @@ inline Datagram reply(unsigned type, unsigned lamp, const Bytes& payload)
     return datagram;
 }
 
-inline Datagram stateService(unsigned lamp, unsigned service = 1, std::uint32_t port = 56700)
+inline Datagram stateService(unsigned lamp)
 {
-    return reply(3, lamp, Bytes().u8(service).u32(port));
+    return reply(3, lamp, Bytes().u8(1).u32(56700));
 }
 
 struct LightState {
@@ -86,7 +86,9 @@ inline Datagram lightState(unsigned lamp, const LightState& state)
     return reply(107, lamp, payload.u16(0).u16(state.power).text(state.label, 32).u64(0));
 }
 
-/// `type` is 53 for a group, 50 for a location.
+constexpr unsigned kStateGroup = 53;
+constexpr unsigned kStateLocation = 50;
+
 inline Datagram stateGrouping(unsigned type, unsigned lamp, unsigned guidByte,
     std::string_view label, std::uint64_t updated = 7)
 {
@@ -96,9 +98,9 @@ inline Datagram stateGrouping(unsigned type, unsigned lamp, unsigned guidByte,
     return reply(type, lamp, payload.text(label, 32).u64(updated));
 }
 
-inline Datagram stateVersion(unsigned lamp, std::uint32_t product, std::uint32_t vendor = 1)
+inline Datagram stateVersion(unsigned lamp, std::uint32_t product)
 {
-    return reply(33, lamp, Bytes().u32(vendor).u32(product).u32(12));
+    return reply(33, lamp, Bytes().u32(1).u32(product).u32(12));
 }
 
 inline Datagram stateTagLabels(unsigned lamp, std::uint64_t field, std::string_view label)
