@@ -6,28 +6,16 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QTemporaryDir>
 
 namespace lumeroom::test {
 
 /// The whole program in this process, told of three lamps.
 struct WholeProgram : EngineAndLamps {
-    /// Everything of this type and text, in any window, is chosen.
-    template <typename Control> static void choose(const QString& text)
-    {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            for (Control* control : window->findChildren<Control*>()) {
-                if (control->text() == text)
-                    QMetaObject::invokeMethod(
-                        control, control->isWidgetType() ? "click" : "trigger");
-            }
-        }
-    }
     bool allAre(bool on)
     {
         for (std::size_t i = 0; i < network.count(); ++i) {
-            if (onLamp(i, [](VirtualLamp& lamp, Time now) { return lamp.power(now); }) != on)
+            if (isOn(i) != on)
                 return false;
         }
         return true;

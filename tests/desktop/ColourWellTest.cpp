@@ -9,7 +9,6 @@
 #include "support/ManualRunLoop.h"
 #include "support/QtTestInput.h"
 
-#include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QPushButton>
@@ -57,15 +56,6 @@ struct ColourWell : ::testing::Test, ControlTarget {
     }
     void handleControl(const ControlModel&) override { ++handled; }
     void unfilteredAction(const ControlModel&) override { }
-    ZTColourPicker& picker() { return *popover.picker(); }
-    QAbstractButton& button(const QString& title)
-    {
-        for (QPushButton* found : popover.findChildren<QPushButton*>()) {
-            if (found->text() == title)
-                return *found;
-        }
-        throw std::out_of_range(title.toStdString());
-    }
     void click()
     {
         mouse(*well, QEvent::MouseButtonPress, 15);
@@ -128,7 +118,7 @@ TEST_F(ColourWell, picksInBothModes)
     key(*circle, Qt::Key_Up);
     EXPECT_NEAR(model.colour().saturation, 0.55, 1e-3);
 
-    button("Whites").click();
+    test::choose<QPushButton>("Whites");
     mouseAt(*circle, QEvent::MouseButtonPress, {13.5, 100});
     mouseAt(*circle, QEvent::MouseMove, {500, 100});
     mouseAt(*circle, QEvent::MouseButtonRelease, {500, 100});

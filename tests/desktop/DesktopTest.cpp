@@ -1,6 +1,5 @@
 #include "app/ui/ConsoleWindow.h"
 #include "base/DefaultsKeys.h"
-#include "base/Log.h"
 #include "base/UserDefaults.h"
 #include "desktop/CommandLine.h"
 #include "desktop/Demonstration.h"

@@ -5,7 +5,6 @@
 #include "support/QtTestInput.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -20,19 +19,14 @@ namespace {
 using Names = std::vector<std::string>;
 
 /// The menu's entries as a reader sees them; "-" for a line between them.
-QStringList texts(const QList<QAction*>& actions)
+QStringList texts(const QMenu& menu)
 {
     QStringList list;
-    for (const QAction* action : actions) {
+    for (const QAction* action : menu.actions()) {
         if (action->isVisible())
             list << (action->isSeparator() ? QStringLiteral("-") : action->text());
     }
     return list;
-}
-
-QStringList texts(const QMenu& menu)
-{
-    return texts(menu.actions());
 }
 
 QMenu* menuNamed(const QMainWindow& window, const QString& title)

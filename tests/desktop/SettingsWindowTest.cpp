@@ -2,8 +2,8 @@
 #include "app/ui/SettingEditors.h"
 #include "base/DefaultsKeys.h"
 #include "support/ManualRunLoop.h"
+#include "support/QtTestInput.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -12,7 +12,6 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -75,8 +74,7 @@ TEST_F(SettingsDialog, actsOnANumberOnceItIsTyped)
     setElsewhere(keys::kVerbosity, 1); // does not take away what is typed
     EXPECT_EQ(field->text(), "12 s");
     emit field->editingFinished();
-    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QCoreApplication::sendEvent(&fade, &enter);
+    test::key(fade, Qt::Key_Return);
     EXPECT_EQ(*defaults.objectForKey(keys::kDefaultTransition), Value(12.0));
 }
 
@@ -113,10 +111,7 @@ TEST_F(SettingsDialog, restoresAPageOnceConfirmed)
             ASSERT_TRUE(box);
             box->button(answer)->click();
         });
-        for (auto* button : window.findChildren<QPushButton*>()) {
-            if (button->text() == "&Restore defaults" && button->isVisible())
-                button->click();
-        }
+        test::choose<QPushButton>("&Restore defaults");
         loop.runPosted();
     };
     restore(QMessageBox::Cancel);

@@ -1,14 +1,9 @@
 #include "desktop/StripRows.h"
-#include "strips/ui/DragHandle.h"
 #include "support/QtTestInput.h"
 
 namespace lumeroom::test {
 
-namespace {
-
 using Calls = std::vector<std::string>;
-
-} // namespace
 
 struct StripDragging : StripRows {
     /// Rows one below the other.

@@ -2,7 +2,6 @@
 #include "strips/ui/SliderView.h"
 #include "support/QtTestInput.h"
 
-#include <QAbstractButton>
 #include <QMenu>
 
 namespace lumeroom::test {
@@ -14,14 +13,6 @@ namespace {
 const std::vector<int> kTags{ct::kLabel, ct::kOnOffButton, ct::kBrightnessSlider, ct::kColourSlider,
     ct::kSaturationSlider, ct::kRenameButton, ct::kKindBadge, ct::kEffectButton,
     ct::kSelectionButton, ct::kWarmthSlider, ct::kDragHandle, ct::kNavigationButton};
-
-void showEverything(LampControlStrip& strip)
-{
-    strip.showSelectedButton(true);
-    strip.kindBadge().setImage(BadgeModel::Image::LightStrip);
-    strip.kindBadge().setHidden(false);
-    strip.navigationButton().setHidden(false);
-}
 
 /// The one control without a tag.
 const QWidget* wellOf(const ControlStripView& row)
@@ -39,7 +30,10 @@ TEST_F(StripRows, everyLayoutHasRoomForEveryControl)
 {
     for (int theme = 0; theme < theme::kCount; ++theme) {
         LampControlStrip& strip = addStrip("Desk lamp with a long name", theme);
-        showEverything(strip);
+        strip.showSelectedButton(true);
+        strip.kindBadge().setImage(BadgeModel::Image::LightStrip);
+        strip.kindBadge().setHidden(false);
+        strip.navigationButton().setHidden(false);
         container.show();
         ControlStripView& row = rowOf(strip);
         row.setShown(true);
@@ -67,7 +61,7 @@ TEST_F(StripRows, everyLayoutHasRoomForEveryControl)
     }
 }
 
-TEST_F(StripRows, anUprightSliderIsFullAtTheTop)
+TEST_F(StripRows, anUprightSliderFollowsTheHandTheKeysAndReports)
 {
     LampControlStrip& strip = addStrip("Desk", theme::kSingleControl);
     container.show();

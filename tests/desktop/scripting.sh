@@ -62,7 +62,7 @@ expect 2 "brightness is a whole number, not '1.5'" "$client" set Desk brightness
 expect 2 "'name' cannot be set; these can: brightness, hue, whiteness, state" "$client" set Desk name Other
 ! "$client" $'dance\e\u202e' 2>&1 | grep -q $'[\e\u202e]' || fail "a message works the terminal"
 
-"$lumeroom" --demo --log 2>"$folder/log" &
+"$lumeroom" --demo 2>/dev/null &
 program=$!
 wait_for shows_lamps 8
 named() { ctl lamps --names | grep -qx "$1"; }
@@ -202,5 +202,5 @@ expect 3 "Lumeroom is not running" ctl lamps
 
 # Without a bus the program works, and says once what is missing
 DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$lumeroom" --demo --log --snapshot "$folder/panel.png" \
-    >"$folder/table" 2>"$folder/log"
+    >/dev/null 2>"$folder/log"
 [ "$(grep -c "no session bus: scripts cannot reach the program" "$folder/log")" -eq 1 ]

@@ -65,6 +65,10 @@ struct EngineAndLamps : ::testing::Test {
         network.withLamp(index, [&](VirtualLamp& lamp, Time now) { result = look(lamp, now); });
         return result;
     }
+    bool isOn(std::size_t index)
+    {
+        return onLamp(index, [](VirtualLamp& lamp, Time now) { return lamp.power(now); });
+    }
     static std::string lampID(unsigned number)
     {
         return "d073d500000" + std::to_string(number) + "0000";

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -47,11 +47,22 @@ template <typename View = QWidget> View* named(const QWidget& parent, const QStr
     return nullptr;
 }
 
+/// Chooses everything of this type and text that can be seen, in any window.
+template <typename Control> void choose(const QString& text)
+{
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        for (Control* control : window->findChildren<Control*>()) {
+            if (control->text() == text && control->isVisible())
+                QMetaObject::invokeMethod(control, control->isWidgetType() ? "click" : "trigger");
+        }
+    }
+}
+
 /// Pressed and let go.
-inline void key(QWidget& widget, Qt::Key which, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+inline void key(QWidget& widget, Qt::Key which)
 {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, which, modifiers);
+        QKeyEvent event(type, which, Qt::NoModifier);
         QCoreApplication::sendEvent(&widget, &event);
     }
 }

@@ -191,10 +191,6 @@ struct Tray : test::EngineAndLamps {
         xcb_disconnect(x);
         return true;
     }
-    bool deskIsOn()
-    {
-        return onLamp(0, [](VirtualLamp& lamp, Time now) { return lamp.power(now); });
-    }
 
     QTemporaryDir folder;
     Desktop desktop;
@@ -218,11 +214,11 @@ TEST_F(Tray, theMenuOnTheBusSwitchesTheLamps)
     const QByteArray lit = entry(menu, "Desk")->icon();
     EXPECT_FALSE(lit.isEmpty());
     desktop.choose(entry(menu, "Desk")->id);
-    EXPECT_TRUE(workUntil([&] { return !deskIsOn(); }));
+    EXPECT_TRUE(workUntil([&] { return !isOn(0); }));
     EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count") == 2; }));
     EXPECT_NE(entry(desktop.openMenu(), "Desk")->icon(), lit);
     desktop.choose(menu.children[2].children[0].id);
-    EXPECT_TRUE(workUntil([&] { return deskIsOn(); }));
+    EXPECT_TRUE(workUntil([&] { return isOn(0); }));
     desktop.choose(menu.children[2].children[1].id);
     EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count-visible") == false; }));
 }
