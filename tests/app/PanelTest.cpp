@@ -271,6 +271,10 @@ TEST_F(Panel, aGroupThatBecomesKnownIsInTheMenusAndOnThePanel)
     EXPECT_EQ(titles(controller.workflows().editGroupMenu()), (Names{"Study", "Hall"}));
     loop.advance(Seconds(2));
     EXPECT_EQ(row("Hall").strip.navigationButton().toolTip(), "View 1 lamps");
+    receive(stateGrouping(kStateLocation, 3, 10, "Yard"));
+    loop.advance(Seconds(2));
+    EXPECT_EQ(titles(controller.workflows().editLocationMenu()).back(), "Yard");
+    EXPECT_EQ(row("Yard").strip.navigationButton().toolTip(), "View 1 lamps");
 }
 
 TEST_F(Panel, aRowShowsThePowerThatWasSentUntilItsLampTellsItsOwn)
@@ -331,10 +335,12 @@ TEST_F(Panel, rowsFollowALightStrip)
         return std::pair(row(name).strip.brightnessSlider().integerValue(),
             row(name).strip.onOffButton().state());
     };
+    const int all = shelf("All").first;
     Datagram dark = stateMultizone(3, 8, 0, 100);
     for (std::size_t zone = 0; zone < 8; ++zone)
         dark.at(36 + 2 + 8 * zone + 5) = 100; // the high byte of the brightness
     receive(dark);
+    EXPECT_LT(shelf("All").first, all);
     for (const bool on : {true, false}) {
         receive(lightState(3, {.power = on ? 65535U : 0U, .label = "Shelf"}));
         for (const char* name : {"Shelf", "Hall", "Yard", "Late"})
