@@ -136,6 +136,7 @@ void GroupWorkflows::remove(StripType type, const std::string& name)
         return;
     if (const auto id = family.idForName(m_engineRoom.registry(), name))
         family.remove(m_engineRoom, *id);
+    fillMenusOf(type); // a rebuild may have to wait
     m_stage.rebuild();
 }
 

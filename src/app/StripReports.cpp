@@ -36,7 +36,7 @@ void StripReports::updateLamps(const Lamps& lamps) const
 
 void StripReports::updateZones(const Lamp& lamp) const
 {
-    for (const Zone& zone : lamp.ownZones()) {
+    for (const Zone& zone : lamp.zonesInOrder()) {
         const StripRecord record = StripRecord::of(zone, lamp);
         if (const auto strip = m_collection.getStripWithID(record.id))
             strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);

@@ -81,9 +81,10 @@ void Liveness::received(const Target& target, const UdpSocket& socket, const Soc
 
 void Liveness::heard(Lamp& lamp)
 {
-    // What was told before a silence is not carried out after it.
-    if (Lamp* known = lamp.polling.isSilent() ? m_registry.lampWithTarget(*lamp.mac) : nullptr)
-        known->forZonesToCome = {};
+    Lamp* known = m_registry.lampWithTarget(*lamp.mac);
+    const auto speaks = [](const Lamp& record) { return !record.polling.isSilent(); };
+    if (known && !firstRecord(*known, speaks))
+        known->forZonesToCome = {}; // what was told before a silence is not carried out after it
     lamp.polling.unanswered = 0;
     lamp.polling.pause = 0;
     lamp.polling.lastHeard = m_runLoop.elapsed();

@@ -196,6 +196,7 @@ TEST_F(Workflows, removing)
         choose(menu, kind.name);
         EXPECT_EQ(linesWith("instructed"), 0);
         panel.answer = 0;
+        panel.rows.at(0)->dragged = true; // the rebuild has to wait
         choose(menu, kind.name);
         EXPECT_EQ(linesWith(kind.removed), 1);
         ASSERT_GE(panel.alerts.size(), 2U);
@@ -204,6 +205,8 @@ TEST_F(Workflows, removing)
         EXPECT_EQ(panel.alerts[0].buttons, (Names{"Delete", "Cancel"}));
         // A location goes the way of a group, and so it stays.
         EXPECT_EQ(menu.items().empty(), kind.type != StripType::Location);
+        panel.rows.at(0)->dragged = false;
+        loop.advance(Seconds(6));
     }
     EXPECT_FALSE(navigation().editGroup.isEnabled());
 }

@@ -412,6 +412,9 @@ TEST_F(Panel, layoutsSetTheWindow)
     defaults.setObject(keys::kCurrentTheme, 2); // by an import, say
     loop.runPosted();
     EXPECT_EQ(panel.rows.size(), 3U);
+    defaults.setObject("currentTheme", std::int64_t(1) << 32);
+    loop.runPosted();
+    EXPECT_TRUE(panel.rows.empty());
 
     defaults.setObject("colourPickerType", 1);
     controller.switchTheme(3);

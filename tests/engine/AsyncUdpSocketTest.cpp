@@ -139,8 +139,9 @@ TEST_F(AsyncUdp, sendsLeaveInOrderAndWaitForNoOtherHostsName)
 {
     Peer peer;
     std::promise<void> serverSpeaks;
-    UdpIoThread slow(loop, log, [&serverSpeaks](const std::string&, std::uint16_t port) {
-        serverSpeaks.get_future().wait();
+    const auto spoken = serverSpeaks.get_future().share();
+    UdpIoThread slow(loop, log, [spoken](const std::string&, std::uint16_t port) {
+        spoken.wait();
         return addressFromLiteral("127.0.0.1", port);
     });
     const auto socket = slow.socketFactory()(received);
