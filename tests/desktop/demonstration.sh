@@ -36,8 +36,8 @@ fails_with 2 'it is a folder' "$folder/config"
 ends_well() { # the settings file to keep, the signal
     "$lumeroom" --demo --defaults "$1" &
     program=$!
-    sleep 2
-    while [ ! -e "$1.lock" ]; do sleep 0.1; done
+    while ! grep -qs knownIPs "$1"; do sleep 0.1; done
+    sleep 2 # a lamp has answered, and soon is on the panel
     fails_with 1 'in use' "$1"
     for _ in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20; do
         kill -"$2" $program 2>/dev/null || true # again and again while it ends
