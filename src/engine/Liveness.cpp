@@ -79,12 +79,19 @@ void Liveness::received(const Target& target, const UdpSocket& socket, const Soc
         announced(*record);
 }
 
-void Liveness::heard(Lamp& lamp)
+/// What was told before the lamp fell silent at all its addresses is not carried out after it.
+void Liveness::endSilence(const Lamp& lamp)
 {
     Lamp* known = m_registry.lampWithTarget(*lamp.mac);
     const auto speaks = [](const Lamp& record) { return !record.polling.isSilent(); };
     if (known && !firstRecord(*known, speaks))
-        known->forZonesToCome = {}; // what was told before a silence is not carried out after it
+        known->forZonesToCome = {};
+}
+
+void Liveness::heard(Lamp& lamp)
+{
+    if (lamp.polling.isSilent())
+        endSilence(lamp);
     lamp.polling.unanswered = 0;
     lamp.polling.pause = 0;
     lamp.polling.lastHeard = m_runLoop.elapsed();

@@ -28,6 +28,7 @@ public:
     void received(const Target& target, const UdpSocket& socket, const SocketAddress& from);
 
 private:
+    void endSilence(const Lamp& lamp);
     void heard(Lamp& lamp);
     void answered(Lamp& lamp);
 
