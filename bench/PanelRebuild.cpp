@@ -44,7 +44,7 @@ void cold(benchmark::State& state)
 /// Without layouts, pictures, names and meaning.
 void plainWidgets(benchmark::State& state)
 {
-    constexpr int kChildren = 13; // what a strip has
+    constexpr int kChildren = 16; // what a strip has
     const auto rows = static_cast<int>(state.range(0));
     QScrollArea window;
     window.resize(915, 540);

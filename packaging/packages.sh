@@ -6,7 +6,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
     nlohmann-json3-dev fonts-dejavu-core)
 display_packages=(xvfb fonts-droid-fallback)
 test_packages=(libgtest-dev libbenchmark-dev iproute2 util-linux dbus-daemon libglib2.0-bin
-    x11-utils)
+    x11-utils xdotool python3-pyatspi at-spi2-core)
 check_packages=(clang clang-format clang-tidy libclang-rt-dev)
 
 # The packages among the arguments that are not installed.

@@ -1,15 +1,13 @@
 #include "app/GroupWorkflows.h"
 
 #include "app/WorkflowStage.h"
+#include "app/WorkflowSummary.h"
 #include "base/Log.h"
 #include "strips/GroupingAccess.h"
 
 namespace lumeroom {
 
 namespace {
-
-constexpr Size kMakeSize{220, 133};
-constexpr Size kEditSize{226, 97};
 
 LampReferences referencesTo(const Strips& strips)
 {
@@ -46,10 +44,13 @@ void GroupWorkflows::makeStep1(StripType type)
     m_stage.selection().deselectAndShowAllLampSelectionButtons();
     m_stage.showWorkflowPopover({.title = std::string(family.makeTitle),
         .name = {},
+        .asksForName = true,
         .confirm = std::string(family.makeConfirm),
-        .contentSize = kMakeSize,
-        .pointsAt = {},
         .endsWithTheView = false,
+        .state =
+            [this, &family](const std::string& name) {
+                return stateOfMake(family, m_engineRoom.registry(), pickedLamps(), name);
+            },
         .close
         = [this, type](int tag, const std::string& name) { makePopoverClose(type, tag, name); }});
 }
@@ -72,6 +73,29 @@ void GroupWorkflows::make(StripType type, const Strips& strips, const std::strin
     groupingFamily(type).make(m_engineRoom, referencesTo(strips), name);
     if (m_stage.isShown(groupingFamily(type).type))
         m_stage.rebuild();
+    m_stage.showNew({newestNamed(type, name), type});
+}
+
+/// The ID of what was made last with this name, which need not be the only one.
+std::string GroupWorkflows::newestNamed(StripType type, const std::string& name) const
+{
+    std::string newest;
+    groupingAccess(type)->forEach(
+        m_engineRoom.registry(), [&](const std::string& id, const std::string& label) {
+            if (label == name)
+                newest = id;
+        });
+    return newest;
+}
+
+Lamps GroupWorkflows::pickedLamps() const
+{
+    Lamps lamps;
+    for (const auto& strip : m_stage.selection().getSelectedLampStrips()) {
+        if (auto lamp = m_engineRoom.registry().lampWithID(strip->getID()))
+            lamps.push_back(std::move(lamp));
+    }
+    return lamps;
 }
 
 void GroupWorkflows::editStep1(StripType type, const std::string& name)
@@ -91,10 +115,13 @@ void GroupWorkflows::editStep1(StripType type, const std::string& name)
     // One of a tag stays open when the panel goes back by itself.
     m_stage.showWorkflowPopover({.title = std::string(family.editTitle),
         .name = name,
+        .asksForName = false,
         .confirm = "Save",
-        .contentSize = kEditSize,
-        .pointsAt = {},
         .endsWithTheView = type != StripType::Tag,
+        .state =
+            [this, &family, id = *id](const std::string&) {
+                return stateOfEdit(family, m_engineRoom.registry(), id, pickedLamps());
+            },
         .close
         = [this, type](int tag, const std::string& text) { editPopoverClose(type, tag, text); }});
 }
@@ -109,8 +136,8 @@ void GroupWorkflows::select(const Lamps& lamps, const std::string& name)
     m_stage.selection().setSelectedLampStripsAndShow(m_stage.stripsOfLamps(lamps));
 }
 
-// The name in the field is a key, by which the group is found again, and no new name for it: with
-// another text in it the edit is dropped, or goes to the group that has that name.
+// The name is a key, by which the group is found again: where it has another by now, the edit is
+// dropped, or goes to the group that has that name.
 void GroupWorkflows::editPopoverClose(StripType type, int tag, const std::string& name)
 {
     m_stage.closeWorkflowPopover();

@@ -60,6 +60,8 @@ private:
     void editStep1(StripType type, const std::string& name);
     void editPopoverClose(StripType type, int tag, const std::string& name);
     void remove(StripType type, const std::string& name);
+    std::string newestNamed(StripType type, const std::string& name) const;
+    Lamps pickedLamps() const;
     void select(const Lamps& lamps, const std::string& name);
     void popUpOver(const Rectangle& button, MenuModel& menu);
     Menus& menus(StripType type) { return m_menus[type]; }

@@ -8,6 +8,7 @@ namespace lumeroom {
 /// What sets groups, locations and tags apart from one another in the workflows.
 struct GroupingFamily {
     StripType type; ///< of its strips
+    std::string_view noun;
 
     // Texts that end in the name of the group, location or tag
     std::string_view editDescription; ///< beside the panel
@@ -19,11 +20,14 @@ struct GroupingFamily {
     std::string_view makeTitle;
     std::string_view editTitle;
     std::string_view makeConfirm;
+    std::string_view afterTheLastLamp; ///< what becomes of one whose lamps were all taken out
 
     void (*make)(EngineRoom& engine, const LampReferences& lamps, const std::string& name);
     void (*edit)(EngineRoom& engine, std::string_view id, const LampReferences& lamps);
     void (*remove)(EngineRoom& engine, std::string_view id);
 
+    /// What the lamp has to leave to come into another one; null for none.
+    const Grouping* (*heldBy)(const Lamp& lamp);
     /// The ID of the first with this name; nothing if there is none.
     std::optional<std::string> (*idForName)(const LampRegistry& registry, std::string_view name);
 };

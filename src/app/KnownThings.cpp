@@ -53,8 +53,9 @@ KnownThing KnownThings::collection(
     const Settings summary = target.type == StripType::Group
         ? m_summaries.settingsForLampsOfGroup(lamps)
         : settingsForLamps(lamps);
-    return {target, StripRecord::of(target.id, label.empty() ? target.id : label, summary),
-        std::move(lamps)};
+    StripRecord record = StripRecord::of(target.id, label.empty() ? target.id : label, summary);
+    record.condition = StripCondition::of(lamps);
+    return {target, std::move(record), std::move(lamps)};
 }
 
 std::optional<KnownThing> KnownThings::findZone(const StripTarget& target) const

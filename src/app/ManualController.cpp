@@ -7,6 +7,8 @@
 #include "engine/EngineRoom.h"
 #include "strips/GroupingAccess.h"
 
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace lumeroom {
@@ -31,11 +33,25 @@ ManualController::ManualController(
     , m_reports(engineRoom.summaries(), m_panelSetUp.collection(), m_panelSetUp.factory(), log)
     , m_stage(m_panelSetUp, panel)
     , m_workflows(engineRoom, log, m_stage)
+    , m_emptyPanel(
+          {runLoop, engineRoom, panel, m_panelSetUp, [this] { return m_stage.popoverIsOpen(); }})
     , m_known(engineRoom.registry(), engineRoom.summaries())
     , m_stripFinder({runLoop, defaults, log, *this}, engineRoom, m_known, m_panelSetUp.collection())
     , m_scripting(m_known, m_panelSetUp.collection(), m_stripFinder, log, scriptingActions())
+    , m_undo({engineRoom, runLoop, m_known, m_stripFinder, m_panelSetUp.collection(),
+          [this] { m_scripting.changed(); }})
     , m_updateStrips(runLoop, [this] { updateStrips(); })
+    , m_updateGroupConditions(
+          runLoop, [this] { m_reports.updateGroupConditions(m_engineRoom.registry()); })
 {
+    m_emptyPanel.offers() = {
+        .makeGroup = [this] { m_workflows.makeGroupStep1(); },
+        .makeLocation = [this] { m_workflows.makeLocationStep1(); },
+        .makeTag = [this] { m_workflows.makeTagStep1(); },
+        .back = [this] { m_panelSetUp.navigation().goBack(); },
+        .showLampAddresses = {},
+        .showDemonstration = {},
+    };
 }
 
 ManualController::~ManualController()
@@ -56,9 +72,20 @@ PanelSetUp::Companions ManualController::companions()
                 fillEditMenus(withTags);
                 m_groupingIsNew = false; // the rows are made at the same time
             },
-        .finish = [this] { m_lampsPopUp.populateLampsPopUp(); },
-        .placed = [this] { m_scripting.rebuild(); },
+        .foundNoLamps = [this] { m_emptyPanel.foundNoLamps(); },
+        .finish =
+            [this] {
+                m_lampsPopUp.populateLampsPopUp();
+                m_stage.panelWasBuilt();
+                m_emptyPanel.wasBuilt();
+            },
+        .placed =
+            [this] {
+                m_scripting.rebuild();
+                m_emptyPanel.wasPlaced();
+            },
         .closeEditPopovers = [this] { m_stage.closeEditPopovers(); },
+        .cancelWorkflow = [this] { return m_stage.cancelWorkflow(); },
         .popoverIsOpen = [this] { return m_stage.popoverIsOpen(); },
     };
 }
@@ -86,8 +113,8 @@ Scripting::Actions ManualController::scriptingActions()
 {
     return {
         .stripsInGroup = [this](const std::string& id) { return getStripsInGroup(id); },
-        .allOn = [this] { allOn(); },
-        .allOff = [this] { allOff(); },
+        .allOn = [this] { turnAll(true); },
+        .allOff = [this] { turnAll(false); },
         .allBlink = [this] { allBlink(); },
         .presetPullDown = {},
         .implementPreset = {},
@@ -105,6 +132,7 @@ void ManualController::awakeFromNib()
     m_panel.setTitle(fmt::format("{} manual control panel", kBundleName));
     fillEditMenus(false);
     m_panel.setNavigation(m_panelSetUp.navigation().model(), navigationActions());
+    m_panel.setFind(m_panelSetUp.find().actions());
     m_panel.setDidEndLiveResize([this] { windowDidEndLiveResize(); });
 }
 
@@ -148,14 +176,43 @@ void ManualController::showManualControl()
 
 void ManualController::allOn()
 {
-    m_engineRoom.commands().allOn(true);
+    turnAllByHand(true);
 }
 
 void ManualController::allOff()
 {
-    for (const auto& strip : collection())
-        strip->stopEffect();
-    m_engineRoom.commands().allOn(false);
+    turnAllByHand(false);
+}
+
+void ManualController::turnAllByHand(bool on)
+{
+    m_undo.undo().change({{}, std::make_shared<int>()}, on ? "All on" : "All off",
+        m_engineRoom.registry().distinctLamps(), [this, on] { turnAll(on); });
+}
+
+void ManualController::turnAll(bool on)
+{
+    if (!on) {
+        for (const auto& strip : collection())
+            strip->stopEffect();
+    }
+    m_engineRoom.commands().allOn(on);
+}
+
+void ManualController::stripSends(
+    LampControlStrip& strip, const ControlModel& control, const std::function<void()>& send)
+{
+    m_undo.stripSends(strip, control, send);
+}
+
+void ManualController::colourIsUnsent(LampControlStrip& strip, bool unsent)
+{
+    m_undo.colourIsUnsent(strip, unsent);
+}
+
+void ManualController::userHasCancelled(LampControlStrip& strip, const ControlModel& control)
+{
+    m_undo.userHasCancelled(strip, control);
 }
 
 void ManualController::windowDidEndLiveResize()
@@ -203,7 +260,7 @@ void ManualController::updateStrips()
             m_reports.updateGroupings(access, registry);
     }
     if (navigation.model().all.state())
-        m_reports.updateGroupAll();
+        m_reports.updateGroupAll(registry.distinctLamps());
     if (std::exchange(m_groupingIsNew, false))
         showNewGroupings();
     m_statusMenu.updateDockIcon();
@@ -269,6 +326,7 @@ void ManualController::stripHasMissedReports()
 
 void ManualController::stripHasChanged()
 {
+    m_updateGroupConditions.request();
     m_scripting.changed();
 }
 

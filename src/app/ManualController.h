@@ -1,10 +1,12 @@
 #pragma once
 
+#include "app/EmptyPanel.h"
 #include "app/GroupWorkflows.h"
 #include "app/PanelSetUp.h"
 #include "app/Scripting.h"
 #include "app/StatusMenu.h"
 #include "app/StripReports.h"
+#include "app/StripUndo.h"
 #include "app/WorkflowStage.h"
 #include "base/CallSoon.h"
 #include "base/UserDefaults.h"
@@ -38,7 +40,10 @@ public:
     PanelSetUp& panelSetUp() { return m_panelSetUp; }
     StatusMenu& statusMenu() { return m_statusMenu; }
     GroupWorkflows& workflows() { return m_workflows; }
+    WorkflowStage& workflowStage() { return m_stage; }
     Scripting& scripting() { return m_scripting; }
+    Undo& undo() { return m_undo.undo(); }
+    EmptyPanel& emptyPanel() { return m_emptyPanel; }
     const KnownThings& known() const { return m_known; }
     StripFinder& stripFinder() { return m_stripFinder; }
     const Strips& collection() const { return m_panelSetUp.collection().strips(); }
@@ -63,6 +68,10 @@ public:
     // From the strips
     void sendSettingsToStripsInGroup(
         const StripSettings& settings, const StripTarget& group) override;
+    void stripSends(LampControlStrip& strip, const ControlModel& control,
+        const std::function<void()>& send) override;
+    void colourIsUnsent(LampControlStrip& strip, bool unsent) override;
+    void userHasCancelled(LampControlStrip& strip, const ControlModel& control) override;
     void targetWasRenamed(LampControlStrip& strip) override;
     void stripHasMissedReports() override;
     void stripHasChanged() override;
@@ -81,6 +90,8 @@ private:
     void showNewGroupings();
     void observeSettings();
     void updateStrips();
+    void turnAll(bool on);
+    void turnAllByHand(bool on);
     Scripting::Actions scriptingActions();
 
     RunLoop& m_runLoop;
@@ -94,11 +105,14 @@ private:
     StripReports m_reports;
     WorkflowStage m_stage;
     GroupWorkflows m_workflows;
+    EmptyPanel m_emptyPanel;
     KnownThings m_known;
     StripFinder m_stripFinder;
     Scripting m_scripting;
+    StripUndo m_undo;
     /// Many reports come in a row: the strips are brought up to date once, after all of them.
     CallSoon m_updateStrips;
+    CallSoon m_updateGroupConditions;
     bool m_groupingIsNew = false; ///< to the menus and the panel
     std::vector<Subscription> m_observations;
     Lifeline m_lifeline;

@@ -29,6 +29,9 @@ struct NavigationModel {
     ButtonModel editGroup{0, ButtonModel::Kind::Momentary};
     ButtonModel deleteGroup{0, ButtonModel::Kind::Momentary};
 
+    /// Leaves this one of the five on alone.
+    std::function<void(ButtonModel& kind)> showOnly;
+
     std::optional<NavigationFilter> filter;
     /// The view's wish to be told of a change of the filter.
     std::function<void()> onChange;

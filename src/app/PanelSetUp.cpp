@@ -26,12 +26,18 @@ PanelSetUp::PanelSetUp(Environment environment)
     : m_environment(std::move(environment))
     , m_layoutManager(m_environment.defaults, m_environment.log, m_environment.panel)
     , m_navigation({[this] { m_layoutManager.saveWindowState(); },
-          [this] { refreshSetUpUsingRecycling(true); },
-          [this] { m_environment.companions.closeEditPopovers(); }})
+          [this] {
+              m_find.close(); // it was for the page before
+              refreshSetUpUsingRecycling(true);
+          },
+          [this] { m_environment.companions.closeEditPopovers(); },
+          [this] { return m_environment.companions.cancelWorkflow(); }})
     , m_collection(m_environment.defaults, m_environment.log)
     , m_factory(
           {{m_environment.runLoop, m_environment.defaults, m_environment.log, m_environment.owner},
               m_environment.engineRoom, m_environment.panel, m_layoutManager, m_navigation})
+    , m_find(m_environment.engineRoom.registry(), m_collection, m_environment.panel,
+          [this] { recalculateControlStripPositions(); })
     , m_letFormerGo(m_environment.runLoop, [this] { m_former.clear(); })
 {
 }
@@ -53,11 +59,10 @@ void PanelSetUp::setUp()
         if (m_environment.log.shows(1))
             m_environment.log.line("No lights found, trying again in 1.5s");
         hideFormerRows();
-        m_environment.panel.startThrobber();
+        m_environment.companions.foundNoLamps();
         m_retry = m_environment.runLoop.after(kSetUpRetry, [this] { setUp(); });
         return;
     }
-    m_environment.panel.stopThrobber();
     if (lamps && (m_navigation.shows(StripType::Lamp) || m_navigation.filter()))
         addLampStrips(*lamps);
     addGroupStrips();
@@ -68,9 +73,17 @@ void PanelSetUp::setUp()
     m_collection.applySortOrder();
     hideFormerRows();
     recalculateControlStripPositions();
+    revealWhatIsNew();
     m_environment.companions.finish();
     m_setUp = true;
     m_setUpBuffered = false;
+}
+
+void PanelSetUp::revealWhatIsNew()
+{
+    const auto strip = m_navigation.takeStripToReveal(m_collection.strips());
+    if (auto* view = strip ? strip->getControlStripView() : nullptr)
+        m_environment.panel.reveal(*view);
 }
 
 /// The lamps that the filter leaves; nothing for a filter that is not about lamps.
@@ -114,12 +127,16 @@ void PanelSetUp::addGroupStrips()
         if (!m_navigation.shows(access.type))
             continue;
         access.forEach(registry, [&](const std::string& id, const std::string& label) {
-            add(StripRecord::of(id, label, access.summary(summaries, id)), access.type,
-                m_nextTag++);
+            StripRecord record = StripRecord::of(id, label, access.summary(summaries, id));
+            record.condition = StripCondition::of(access.lamps(registry, id));
+            add(record, access.type, m_nextTag++);
         });
     }
-    if (m_navigation.model().all.state())
-        add(StripRecord::ofAll(summaries.settingsForGroup(kAllLampsId)), StripType::Group, 0);
+    if (m_navigation.model().all.state()) {
+        StripRecord all = StripRecord::ofAll(summaries.settingsForGroup(kAllLampsId));
+        all.condition = StripCondition::of(registry.distinctLamps());
+        add(all, StripType::Group, 0);
+    }
 }
 
 std::shared_ptr<Lamp> PanelSetUp::lampOfZones() const
@@ -201,7 +218,10 @@ void PanelSetUp::hideFormerRows()
     const std::set<std::shared_ptr<LampControlStrip>> shown(strips.begin(), strips.end());
     for (const auto& strip : m_former) {
         auto* view = strip->getControlStripView();
-        if (view && !shown.contains(strip))
+        if (shown.contains(strip))
+            continue;
+        strip->forgetUnsentColour();
+        if (view)
             view->setShown(false);
     }
     m_letFormerGo.request(); // not now: a button in one of the rows may be what led here
@@ -225,10 +245,11 @@ void PanelSetUp::refreshSoon()
         = m_environment.runLoop.after(kSetUpBuffer, [this] { refreshSetUpUsingRecycling(true); });
 }
 
-Size PanelSetUp::containerSize() const
+void PanelSetUp::fitContainer()
 {
+    PanelView& panel = m_environment.panel;
     const Size strips = m_layoutManager.getViewSize();
-    return {strips.width, std::max(strips.height, m_environment.panel.scrollViewSize().height)};
+    panel.setContainerSize({strips.width, std::max(strips.height, panel.scrollViewSize().height)});
 }
 
 void PanelSetUp::recalculateControlStripPositions()
@@ -240,19 +261,40 @@ void PanelSetUp::recalculateControlStripPositions()
         auto* view = strip->getControlStripView();
         if (!view)
             continue;
-        const Point origin = m_layoutManager.getNextPointFor(view->size());
-        if (!view->isBeingDragged())
-            view->setOrigin(origin, true);
-        views.push_back(view);
+        const bool shown = m_find.shows(*strip) || view->isInUse();
+        if (shown) {
+            view->setWidth(m_layoutManager.widthFor(view->naturalSize()));
+            const Point origin = m_layoutManager.getNextPointFor(view->size());
+            if (!view->isBeingDragged())
+                view->setOrigin(origin, !m_find.isOn());
+            views.push_back(view);
+        }
+        view->setShown(shown);
     }
     panel.setKeyboardOrder(views);
+    if (!m_find.isOn()) // a window fits all its rows, and not those that were found for a moment
+        fitWindow();
+    fitContainer();
+    // A window may be too narrow for a single column.
+    const float room = panel.contentSize().width - LayoutManager::kBesideTheStrips;
+    const bool cut = m_layoutManager.getViewSize().width > room;
+    panel.setScrollers(m_layoutManager.shouldScrollHorizontally() || cut,
+        m_layoutManager.shouldScrollVertically());
+    m_find.wasPlaced(views.size());
+    m_environment.companions.placed();
+}
+
+void PanelSetUp::fitWindow()
+{
+    PanelView& panel = m_environment.panel;
+    if (m_collection.strips().empty()) { // it keeps its size, but not the limits of former rows
+        panel.setContentMaxSize(panel.screenSize());
+        panel.setContentMinSize({1, 1});
+        return;
+    }
     panel.setContentSize(m_layoutManager.getWindowSize());
     panel.setContentMaxSize(m_layoutManager.getMaxWindowSize());
     panel.setContentMinSize(m_layoutManager.getMinWindowSize());
-    panel.setContainerSize(containerSize());
-    panel.setScrollers(
-        m_layoutManager.shouldScrollHorizontally(), m_layoutManager.shouldScrollVertically());
-    m_environment.companions.placed();
 }
 
 void PanelSetUp::restoreWindowSize()
@@ -273,6 +315,7 @@ void PanelSetUp::switchTheme(int theme)
 
 void PanelSetUp::showStoredTheme()
 {
+    m_find.close();
     m_layoutManager.setTheme(m_layoutManager.storedTheme());
     restoreWindowSize();
     refreshSetUpUsingRecycling(false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Navigation.h"
+#include "app/PanelFind.h"
 #include "app/StripFactory.h"
 #include "base/CallSoon.h"
 #include "base/RunLoop.h"
@@ -23,12 +24,16 @@ public:
         std::function<void(const std::shared_ptr<LampControlStrip>&)> addToStatusMenu;
         /// The menus of groups, locations and tags. Those of tags change only with tags in view.
         std::function<void(bool withTags)> fillEditMenus;
+        /// A pass has found no lamps.
+        std::function<void()> foundNoLamps;
         /// The strips stand in their order.
         std::function<void()> finish;
         /// The rows were placed anew.
         std::function<void()> placed;
         /// The panel goes back from what it was navigated to.
         std::function<void()> closeEditPopovers;
+        /// The user goes back. True if that ended a workflow, which has gone back itself.
+        std::function<bool()> cancelWorkflow;
         /// While the user edits in a popover over the panel, it is not built anew.
         std::function<bool()> popoverIsOpen;
     };
@@ -47,7 +52,10 @@ public:
     const StripCollection& collection() const { return m_collection; }
     Navigation& navigation() { return m_navigation; }
     LayoutManager& layoutManager() { return m_layoutManager; }
+    const Navigation& navigation() const { return m_navigation; }
     const StripFactory& factory() const { return m_factory; }
+    PanelFind& find() { return m_find; }
+    const PanelFind& find() const { return m_find; }
 
     /// Builds the panel; while no lamp is known, tries again every 1.5 seconds.
     void setUp();
@@ -57,8 +65,8 @@ public:
     void refreshSoon();
     /// The lamp whose zones are on the panel; null in other views.
     std::shared_ptr<Lamp> lampOfZones() const;
-    /// Of the container of the strips, which fills what it scrolls in.
-    Size containerSize() const;
+    /// The container of the strips fills what it scrolls in, whose size has changed.
+    void fitContainer();
     /// Places every strip that the user does not hold, and fits the window and its scroll bars.
     void recalculateControlStripPositions();
     /// Gives the window the size that is stored for the layout, which a grid wraps to.
@@ -78,6 +86,8 @@ private:
     void addLampStrips(const Lamps& lamps);
     void addGroupStrips();
     void addZoneStrips();
+    void revealWhatIsNew();
+    void fitWindow();
     void hideFormerRows();
     void addStrip(const StripRecord& record, StripType type, int tag);
 
@@ -86,6 +96,7 @@ private:
     Navigation m_navigation;
     StripCollection m_collection;
     StripFactory m_factory;
+    PanelFind m_find;
     Strips m_former; ///< whose rows, if they may be reused, show until the new ones stand
     CallSoon m_letFormerGo;
     bool m_attemptedSetUp = false;

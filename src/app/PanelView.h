@@ -1,29 +1,18 @@
 #pragma once
 
+#include "app/FindModel.h"
+#include "app/PanelNotice.h"
+#include "app/WorkflowPopover.h"
 #include "engine/QVLIFXEngineDelegate.h"
 #include "strips/LampControlStrip.h"
 #include "strips/LayoutManager.h"
+
+#include <optional>
 
 namespace lumeroom {
 
 struct NavigationActions;
 struct NavigationModel;
-
-/// A popover over the panel in which a group, location or tag is made or edited. It closes only
-/// through its two buttons.
-struct WorkflowPopover {
-    static constexpr int kCancelTag = 0;
-    static constexpr int kConfirmTag = 1;
-
-    std::string title;
-    std::string name; ///< what the name field begins with
-    std::string confirm; ///< the title of the second button; the first is "Cancel"
-    Size contentSize; ///< the least that it takes
-    Rectangle pointsAt; ///< in the container of the strips
-    bool endsWithTheView = false; ///< dropped when the panel goes back by itself
-    /// A button was pressed; with its tag and the text of the name field.
-    std::function<void(int tag, const std::string& name)> close;
-};
 
 /// The control panel's window, as its controller sees it.
 class PanelView : public PanelGeometry {
@@ -42,6 +31,14 @@ public:
     virtual void startThrobber() = 0;
     virtual void stopThrobber() = 0;
 
+    /// Words in the middle of the panel, or none.
+    virtual void showNotice(const std::optional<PanelNotice>& notice) = 0;
+
+    /// The actions last longer than the view's use of them.
+    virtual void setFind(FindActions actions) = 0;
+    /// The field for a name: open with this count, or closed.
+    virtual void showFind(const std::optional<FoundCount>& count) = 0;
+
     /// A row for the strip in the container; null for a theme that does not exist.
     virtual std::unique_ptr<LampControlStripView> newControlStripView(
         LampControlStrip& strip, int theme)
@@ -52,6 +49,8 @@ public:
     virtual void setContentMinSize(Size size) = 0;
     virtual void setContentMaxSize(Size size) = 0;
     virtual void setScrollers(bool horizontal, bool vertical) = 0;
+    /// Scrolls the row into sight.
+    virtual void reveal(const LampControlStripView& row) = 0;
     /// Before the rows are made anew: the keyboard comes back to where it is now, if it can.
     virtual void keepFocus() = 0;
     /// The rows in the order in which the keyboard goes through them.
@@ -60,7 +59,10 @@ public:
     /// Pops the menu up as a context menu at this point of the window.
     virtual void popUpMenu(MenuModel& menu, Point at) = 0;
     virtual void showWorkflowPopover(const WorkflowPopover& popover) = 0;
-    /// Where a popover is open, its name field has the keyboard again.
+    /// What is picked has changed: the state of the popover is to be looked at.
+    virtual void updateWorkflowPopover() = 0;
+    /// Where a popover is open, it has the keyboard again: in its name field or, where it has none,
+    /// at the first lamp to pick.
     virtual void bringWorkflowPopoverToFront() = 0;
     virtual void closeWorkflowPopover() = 0;
 };

@@ -14,7 +14,8 @@ ScriptSettings ScriptSettings::of(const StripSettings& settings)
     const auto whole
         = [](const std::optional<double>& value) { return static_cast<int>(value.value_or(0)); };
     return {static_cast<int>(settings.colour.value_or(0) / kColourPerHue),
-        whole(settings.saturation), whole(settings.brightness), settings.onoff.value_or(false)};
+        whole(settings.saturation), whole(settings.brightness), settings.onoff.value_or(false),
+        whole(settings.warmth)};
 }
 
 StripSettings ScriptSettings::stripSettings() const
@@ -26,6 +27,8 @@ StripSettings ScriptSettings::stripSettings() const
         settings.saturation = *whiteness;
     if (brightness)
         settings.brightness = *brightness;
+    if (warmth)
+        settings.warmth = *warmth;
     settings.onoff = state;
     return settings;
 }

@@ -11,6 +11,7 @@ struct ScriptSettings {
     std::optional<int> whiteness = {}; ///< 0 for full colour to 255 for white
     std::optional<int> brightness = {}; ///< 0 to 255
     std::optional<bool> state = {};
+    std::optional<int> warmth = {}; ///< 0 to 6500: 9000 minus kelvin
 
     static ScriptSettings of(const StripSettings& settings);
     StripSettings stripSettings() const;

@@ -50,6 +50,9 @@ const std::vector<Setting>& table()
             "Switching a group on also sends its &settings",
             "Its lamps then take on the colour and brightness of the group's controls."},
         {kPanel, keys::kColourPickerType, Kind::Switch, "Hide the colour &wells in the strips"},
+        {kPanel, keys::kColourSliderActsAtOnce, Kind::Switch, "The &colour slider acts at once",
+            "Otherwise it shows its colour in the well, and the lamp gets it with Return or a "
+            "click on the ring round the well."},
         {kPanel, keys::kScrollToDimTrackingSpeed, Kind::Number, "&Scrolling speed",
             "How much each line of scrolling over a colour well changes the brightness, in steps "
             "of 1/255.",

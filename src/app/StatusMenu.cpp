@@ -34,14 +34,27 @@ void StatusMenu::begin()
     presets->setSubmenu(m_statusPeresetSubMenu);
     m_statusMenu.addItem(std::move(presets));
     m_statusMenu.addSeparator();
+    m_statusMenu.addItem("Quit", [this] {
+        if (quit)
+            quit();
+    });
 }
 
 void StatusMenu::addStrip(LampControlStrip& strip)
 {
-    auto item = std::make_shared<MenuItemModel>(controltag::kStatusMenuItem, strip.label().text());
+    constexpr std::size_t kWithoutStrips = 5;
+    if (m_statusMenu.items().size() == kWithoutStrips)
+        m_statusMenu.insertItem(1, MenuItemModel::separator()); // before Quit
+    m_statusMenu.insertItem(2, entryFor(strip));
+}
+
+std::shared_ptr<MenuItemModel> StatusMenu::entryFor(LampControlStrip& strip)
+{
+    auto item
+        = std::make_shared<MenuItemModel>(controltag::kStatusMenuItem, strip.label().shownText());
     item->setIdentity(fmt::format("{} {}", static_cast<int>(strip.type()), strip.getID()));
     strip.setStatusBarMenuItem(item);
-    m_statusMenu.addItem(std::move(item));
+    return item;
 }
 
 // An entry keeps its title: the views of the menu tell by it, too, what has stayed.
@@ -53,10 +66,7 @@ void StatusMenu::renameStrip(LampControlStrip& strip)
         return;
     m_statusMenu.removeAllItems();
     for (const auto& item : items) {
-        if (item == entry)
-            addStrip(strip);
-        else
-            m_statusMenu.addItem(item);
+        m_statusMenu.addItem(item == entry ? entryFor(strip) : item);
     }
 }
 

@@ -21,6 +21,9 @@ public:
     /// The desktop's way to show this number on the program's icon; nothing clears it.
     std::function<void(std::optional<int>)> setBadgeLabel;
 
+    /// The desktop's way to end the program.
+    std::function<void()> quit;
+
     MenuModel& statusMenu() { return m_statusMenu; }
     /// The presets, behind the entries for all lamps.
     MenuModel& statusPeresetSubMenu() { return *m_statusPeresetSubMenu; }
@@ -29,7 +32,7 @@ public:
     void populatePresetPullDown();
     /// Empties the menu down to the entries that are always there.
     void begin();
-    /// An entry that switches the strip's target over and shows its colour.
+    /// An entry that switches the strip's target over and shows whether it is on, and its colour.
     void addStrip(LampControlStrip& strip);
     /// The strip's entry, where it has one, takes its present name.
     void renameStrip(LampControlStrip& strip);
@@ -44,6 +47,8 @@ public:
     bool applicationShouldHandleReopen();
 
 private:
+    static std::shared_ptr<MenuItemModel> entryFor(LampControlStrip& strip);
+
     const LampRegistry& m_registry;
     const UserDefaults& m_defaults;
     Actions m_actions;

@@ -33,12 +33,17 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     for (auto* value : {&shown.brightness, &shown.colour, &shown.saturation, &shown.warmth})
         *value = value->value_or(0);
     strip->setCapabilities(record.capabilities.value_or(kCapabilitiesColourLamp));
+    strip->setCondition(record.condition);
     // To the last fraction, which a report does not care for.
     strip->brightnessSlider().setValue(static_cast<float>(*shown.brightness));
-    strip->colourSlider().setValue(static_cast<float>(*shown.colour));
+    if (strip->showsUnsentColour())
+        shown.colour.reset(); // the user is still choosing it
+    else
+        strip->colourSlider().setValue(static_cast<float>(*shown.colour));
     strip->satSlider().setValue(static_cast<float>(*shown.saturation));
     strip->warmthSlider().setValue(static_cast<float>(*shown.warmth));
     strip->implementSettingsFromDictionaryWithoutActing(shown);
+    strip->label().setStandIn(record.isNew ? kNameOfNewLamp : "");
     strip->setSelected(false);
     strip->showSelectedButton(false);
     if (type == StripType::Lamp && record.zones > 0) {

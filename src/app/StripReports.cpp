@@ -3,10 +3,22 @@
 #include "app/StripCollection.h"
 #include "app/StripFactory.h"
 #include "base/Log.h"
+#include "engine/LampRegistry.h"
 #include "engine/Summaries.h"
 #include "strips/GroupingAccess.h"
 
 namespace lumeroom {
+
+namespace {
+
+Lamps lampsOf(const StripTarget& group, const LampRegistry& registry)
+{
+    if (group.id == kAllLampsId)
+        return registry.distinctLamps();
+    return groupingAccess(group.type)->lamps(registry, group.id);
+}
+
+} // namespace
 
 StripReports::StripReports(const Summaries& summaries, const StripCollection& collection,
     const StripFactory& factory, Log& log)
@@ -25,9 +37,11 @@ void StripReports::updateLamps(const Lamps& lamps) const
             continue;
         if (lamp->capabilities)
             strip->setCapabilities(*lamp->capabilities);
+        const StripRecord record = StripRecord::of(*lamp);
+        strip->setCondition(record.condition);
+        strip->label().setStandIn(record.isNew ? kNameOfNewLamp : "");
         if (!lamp->onoff || !lamp->brightness)
             continue;
-        const StripRecord record = StripRecord::of(*lamp);
         if (record.zones > 0)
             m_factory.showZones(*strip, record.zones);
         strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
@@ -38,25 +52,41 @@ void StripReports::updateZones(const Lamp& lamp) const
 {
     for (const Zone& zone : lamp.zonesInOrder()) {
         const StripRecord record = StripRecord::of(zone, lamp);
-        if (const auto strip = m_collection.getStripWithID(record.id))
-            strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
+        const auto strip = m_collection.getStripWithID(record.id);
+        if (!strip)
+            continue;
+        strip->setCondition(record.condition);
+        strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
     }
 }
 
 void StripReports::updateGroupings(const GroupingAccess& access, const LampRegistry& registry) const
 {
     access.forEach(registry, [&](const std::string& id, const std::string&) {
-        if (const auto strip = m_collection.getGroupStripWithID(id))
-            showSummary(*strip, access.summary(m_summaries, id));
+        const auto strip = m_collection.getGroupStripWithID(id);
+        if (!strip)
+            return;
+        strip->setCondition(StripCondition::of(access.lamps(registry, id)));
+        showSummary(*strip, access.summary(m_summaries, id));
     });
 }
 
-void StripReports::updateGroupAll() const
+void StripReports::updateGroupAll(const Lamps& lamps) const
 {
-    if (const auto strip = m_collection.getGroupStripWithID(kAllLampsId))
+    if (const auto strip = m_collection.getGroupStripWithID(kAllLampsId)) {
+        strip->setCondition(StripCondition::of(lamps));
         showSummary(*strip, m_summaries.settingsForGroup(kAllLampsId));
-    else if (m_log.shows(1))
+    } else if (m_log.shows(1)) {
         m_log.line("can't find all group");
+    }
+}
+
+void StripReports::updateGroupConditions(const LampRegistry& registry) const
+{
+    for (const auto& strip : m_collection.strips()) {
+        if (strip->isGroup())
+            strip->setCondition(StripCondition::of(lampsOf(strip->target(), registry)));
+    }
 }
 
 void StripReports::showSummary(LampControlStrip& strip, const Settings& summary) const

@@ -21,7 +21,11 @@ public:
     void updateLamps(const Lamps& lamps) const;
     void updateZones(const Lamp& lamp) const;
     void updateGroupings(const GroupingAccess& access, const LampRegistry& registry) const;
-    void updateGroupAll() const;
+    /// `lamps` are all that are known.
+    void updateGroupAll(const Lamps& lamps) const;
+
+    /// What the captions of groups say of their lamps, which may have been sent something.
+    void updateGroupConditions(const LampRegistry& registry) const;
 
 private:
     void showSummary(LampControlStrip& strip, const Settings& summary) const;

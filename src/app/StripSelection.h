@@ -10,6 +10,7 @@ public:
     explicit StripSelection(const StripCollection& collection);
 
     void deselectAndShowAllLampSelectionButtons();
+    void showAllLampSelectionButtons() { show(false); }
     void deselectAndShowAllGroupSelectionButtons();
     /// Selects just these, and shows the buttons of all strips but the groups.
     void setSelectedLampStripsAndShow(const Strips& strips);

@@ -42,21 +42,37 @@ Strips WorkflowStage::stripsOfLamps(const Lamps& lamps) const
     return m_panelSetUp.collection().stripsOfLamps(lamps);
 }
 
-Rectangle WorkflowStage::popoverRectangle() const
+void WorkflowStage::showNew(const StripTarget& target)
 {
-    const LayoutManager& layout = m_panelSetUp.layoutManager();
-    const Size container = m_panelSetUp.containerSize();
-    Rectangle rectangle = layout.getRectFormakeGroupPopover(container.width);
-    if (!layout.isFlipped())
-        rectangle.y = container.height - rectangle.y - rectangle.height;
-    return rectangle;
+    m_panelSetUp.navigation().showNew(target);
 }
 
 void WorkflowStage::showWorkflowPopover(WorkflowPopover popover)
 {
-    popover.pointsAt = popoverRectangle();
     m_popover = std::move(popover);
+    if (onPopover)
+        onPopover(true);
     m_panel.showWorkflowPopover(*m_popover);
+    m_panelSetUp.fitContainer();
+    watchSelection();
+}
+
+void WorkflowStage::watchSelection()
+{
+    m_picks.clear();
+    for (const auto& strip : m_panelSetUp.collection().strips()) {
+        m_picks.push_back(
+            strip->getSelectedButton().listen([this] { m_panel.updateWorkflowPopover(); }));
+    }
+}
+
+void WorkflowStage::panelWasBuilt()
+{
+    if (!m_popover)
+        return;
+    m_selection.showAllLampSelectionButtons();
+    watchSelection();
+    m_panel.updateWorkflowPopover();
 }
 
 void WorkflowStage::bringWorkflowPopoverToFront()
@@ -66,8 +82,20 @@ void WorkflowStage::bringWorkflowPopoverToFront()
 
 void WorkflowStage::closeWorkflowPopover()
 {
+    m_picks.clear();
     m_popover.reset();
     m_panel.closeWorkflowPopover();
+    if (onPopover)
+        onPopover(false);
+}
+
+bool WorkflowStage::cancelWorkflow()
+{
+    if (!m_popover)
+        return false;
+    const auto close = m_popover->close; // it goes with the popover
+    close(WorkflowPopover::kCancelTag, m_popover->name);
+    return true;
 }
 
 void WorkflowStage::closeEditPopovers()

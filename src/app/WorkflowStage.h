@@ -26,14 +26,21 @@ public:
     void saveWindowState();
     /// Whether the navigation's switch for strips of this kind is on.
     bool isShown(StripType type) const;
+    /// Lets the strip of this new target come into sight with the next build.
+    void showNew(const StripTarget& target);
     /// The strips of these lamps, as far as they are on the panel.
     Strips stripsOfLamps(const Lamps& lamps) const;
 
     bool popoverIsOpen() const { return m_popover.has_value(); }
-    /// Shows it beside the strips; the place that it points at is filled in.
+    /// Told when one opens, and when it closes.
+    std::function<void(bool open)> onPopover;
     void showWorkflowPopover(WorkflowPopover popover);
     void bringWorkflowPopoverToFront();
     void closeWorkflowPopover();
+    /// As if its cancel button were pressed; false if none is open.
+    bool cancelWorkflow();
+    /// The panel has other rows, under a popover that was opened while no lamp was known.
+    void panelWasBuilt();
     /// The panel goes back by itself: what may end with that is dropped.
     void closeEditPopovers();
     int runModal(const Alert& alert);
@@ -41,12 +48,13 @@ public:
     void popUpMenu(MenuModel& menu, Point at);
 
 private:
-    Rectangle popoverRectangle() const;
+    void watchSelection();
 
     PanelSetUp& m_panelSetUp;
     PanelView& m_panel;
     StripSelection m_selection;
     std::optional<WorkflowPopover> m_popover;
+    std::vector<Subscription> m_picks;
 };
 
 } // namespace lumeroom

@@ -15,4 +15,9 @@ std::int64_t asVerbosity(std::int64_t stored)
     return std::clamp<std::int64_t>(stored, 0, 3);
 }
 
+std::int64_t asAppearance(std::int64_t stored)
+{
+    return stored == kAppearanceLight || stored == kAppearanceDark ? stored : kAppearanceSystem;
+}
+
 } // namespace lumeroom::keys

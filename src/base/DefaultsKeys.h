@@ -45,6 +45,8 @@ using Date = DefaultsKey<TimePoint>;
 /// What is no speed counts as 1. Minus 0 becomes 0, lest it make the pauses short.
 double asSpeed(double stored);
 std::int64_t asVerbosity(std::int64_t stored);
+/// What is no appearance counts as the system's.
+std::int64_t asAppearance(std::int64_t stored);
 
 // Lamps and network
 /// Lamps are looked for at the known addresses, not by broadcast.
@@ -67,6 +69,8 @@ inline constexpr Switch kGroupOnOffChangesSettings{"groupOnOffChangesSettings", 
 // The panel
 /// Other than 0 takes the colour wells out of the strips.
 inline constexpr Integer kColourPickerType{"colourPickerType"};
+/// The colour slider of a lamp sends its colour, and does not only show it in the well.
+inline constexpr Switch kColourSliderActsAtOnce{"colourSliderActsAtOnce", false};
 /// Levels of brightness, of 255, for each line of scrolling over a colour well.
 inline constexpr Number kScrollToDimTrackingSpeed{"scrollToDimTrackingSpeed", 2.0};
 inline constexpr List kSortOrder{"sortOrder"};
@@ -120,6 +124,11 @@ inline constexpr Switch kExportEffects{"exportEffects", true};
 inline constexpr Switch kExportHotkeys{"exportHotkeys", true};
 
 // The program
+/// Light or dark windows.
+inline constexpr Integer kAppearance{"appearance", {}, asAppearance};
+inline constexpr std::int64_t kAppearanceSystem = 0;
+inline constexpr std::int64_t kAppearanceLight = 1;
+inline constexpr std::int64_t kAppearanceDark = 2;
 /// How much is logged, 0 to 3.
 inline constexpr Integer kVerbosity{"verbosity", {}, asVerbosity};
 /// Written at each start, and not read.

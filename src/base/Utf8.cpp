@@ -1,9 +1,12 @@
 #include "base/Utf8.h"
 
 #include <utf8.h>
+#include <utf8proc.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
+#include <memory>
 
 namespace lumeroom {
 
@@ -22,6 +25,20 @@ std::string wellFormedUtf8(std::string_view text)
     std::string result;
     utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(result));
     return result;
+}
+
+std::string foldedUtf8(std::string_view text)
+{
+    std::string whole = wellFormedUtf8(text);
+    constexpr auto kHow = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPAT
+        | UTF8PROC_DECOMPOSE | UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK | UTF8PROC_IGNORE);
+    utf8proc_uint8_t* folded = nullptr;
+    const auto size = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(whole.data()),
+        static_cast<utf8proc_ssize_t>(whole.size()), &folded, kHow);
+    if (size < 0)
+        return whole;
+    const std::unique_ptr<utf8proc_uint8_t, void (*)(void*)> owner(folded, std::free);
+    return {reinterpret_cast<const char*>(folded), static_cast<std::size_t>(size)};
 }
 
 std::size_t incompleteTail(std::string_view text)

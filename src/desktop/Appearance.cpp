@@ -1,53 +1,56 @@
 #include "desktop/Appearance.h"
 
+#include "desktop/Colours.h"
+
 #include <QApplication>
-#include <QPalette>
-#include <QStyleFactory>
+#include <QEvent>
+#include <QStyle>
+#include <QWidget>
 
 namespace lumeroom {
 
-namespace {
-
-struct Shades {
-    QColor window;
-    QColor base;
-    QColor button;
-    QColor text;
-    QColor faintText;
-    QColor highlight;
-};
-
-const Shades kLight{{246, 246, 247}, {255, 255, 255}, {240, 240, 241}, {28, 28, 30},
-    {140, 140, 145}, {10, 105, 218}};
-const Shades kDark{
-    {30, 30, 32}, {42, 42, 45}, {58, 58, 62}, {236, 236, 240}, {140, 140, 146}, {64, 140, 255}};
-
-QPalette paletteOf(const Shades& shades)
+Appearance::Appearance(UserDefaults& defaults, RunLoop& runLoop)
+    : m_defaults(defaults)
+    , m_portal([this] { update(); })
+    , m_styleOfDesktop(QApplication::style()->name())
+    , m_applySoon(runLoop, [this] { apply(); })
+    , m_settings(defaults.observe(runLoop, {keys::kAppearance}, [this] { update(); }))
 {
-    QPalette palette(shades.button, shades.window);
-    for (const auto role :
-        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
-        palette.setColor(role, shades.text);
-        palette.setColor(QPalette::Disabled, role, shades.faintText);
-    }
-    palette.setColor(QPalette::Base, shades.base);
-    palette.setColor(QPalette::AlternateBase, shades.window);
-    palette.setColor(QPalette::ToolTipBase, shades.base);
-    palette.setColor(QPalette::PlaceholderText, shades.faintText);
-    palette.setColor(QPalette::Highlight, shades.highlight);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
+    update();
 }
 
-} // namespace
-
-void applyAppearance(CommandLine::Appearance appearance)
+void Appearance::watch(QWidget& window)
 {
-    if (appearance == CommandLine::Appearance::Desktop)
-        return;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(
-        paletteOf(appearance == CommandLine::Appearance::Dark ? kDark : kLight));
+    window.installEventFilter(this);
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ThemeChange)
+        m_applySoon.request();
+    return QObject::eventFilter(watched, event);
+}
+
+std::optional<bool> Appearance::isDarkWanted() const
+{
+    const auto set = m_defaults.get(keys::kAppearance);
+    if (set == keys::kAppearanceSystem)
+        return m_portal.prefersDark();
+    return set == keys::kAppearanceDark;
+}
+
+void Appearance::update()
+{
+    if (isDarkWanted() != m_isDarkWanted)
+        apply();
+}
+
+void Appearance::apply()
+{
+    m_isDarkWanted = isDarkWanted();
+    useColoursOfDesktop(m_styleOfDesktop);
+    if (m_isDarkWanted && *m_isDarkWanted != areColoursDark())
+        useOwnColours(*m_isDarkWanted);
 }
 
 } // namespace lumeroom

@@ -1,11 +1,13 @@
 #include "desktop/Application.h"
 
+#include "app/NoLampsText.h"
 #include "app/ui/BringToFront.h"
 #include "app/ui/LayoutSwitch.h"
 #include "base/DefaultsKeys.h"
 #include "desktop/MakerSite.h"
 #include "desktop/Menus.h"
 #include "desktop/SettingsFile.h"
+#include "engine/Discovery.h"
 
 #include <QApplication>
 #include <QFile>
@@ -21,6 +23,16 @@ std::string readProducts()
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
+/// What the command line says counts over what is set, for this run.
+UserDefaults& withAppearanceOf(const CommandLine& commandLine, UserDefaults& defaults)
+{
+    if (commandLine.isDark) {
+        defaults.overrideDefaults({{std::string(keys::kAppearance),
+            *commandLine.isDark ? keys::kAppearanceDark : keys::kAppearanceLight}});
+    }
+    return defaults;
+}
+
 } // namespace
 
 Application::Application(const CommandLine& commandLine, const ProgramName& name)
@@ -34,20 +46,26 @@ Application::Application(const CommandLine& commandLine, const ProgramName& name
               .toStdString(),
           m_runLoop, m_log)
     , m_verbosity(m_log, m_defaults)
+    , m_appearance(withAppearanceOf(m_commandLine, m_defaults), m_runLoop)
     , m_demonstration(
           m_commandLine, m_defaults, [this](const std::string& wrong) { complain(wrong); })
     , m_io(m_runLoop, m_log)
     , m_arpTable(m_runLoop)
-    , m_engineRoom(
-          {m_runLoop, m_pacer, m_defaults, m_log, m_io.socketFactory(), readProducts, m_arpTable})
+    , m_engineRoom({m_runLoop, m_pacer, m_defaults, m_log, m_io.socketFactory(), readProducts,
+          m_arpTable, &m_io.complaints()})
     , m_controller(m_runLoop, m_defaults, m_log, m_engineRoom, m_panel)
     , m_settings(m_defaults, m_runLoop)
     , m_explorer(m_engineRoom.registry(), m_runLoop)
     , m_scriptingService(name, m_controller.scripting(),
           {QCoreApplication::applicationVersion(),
-              [this](const QString& token) { showPanel(token); }},
+              [this](const QString& token) { showPanel(token); },
+              [this] {
+                  return noLampsText(
+                      m_engineRoom.searchedPlaces(), m_engineRoom.networkComplaint());
+              }},
           m_runLoop, m_log)
 {
+    m_appearance.watch(m_panel);
     m_signals.setHandler([this] { quit(); });
 }
 
@@ -67,6 +85,7 @@ int Application::run()
 {
     m_controller.awakeFromNib();
     makeMenus();
+    makeOffers();
     makeStatusItem();
     if (!m_commandLine.snapshotFile.empty())
         m_panel.setDidEndLiveResize({}); // a size that the desktop insists on is not the user's
@@ -87,12 +106,20 @@ void Application::makeMenus()
     MenuActions actions;
     actions.showSettings = [this] { m_settings.makeKeyAndFront(); };
     actions.quit = [this] { quit(); };
+    actions.undo = &m_controller.undo();
+    actions.find = [this] { m_panel.openFind(); };
     actions.showConsole = [this] { bringToFront(m_console); };
     actions.showExplorer = [this] { m_explorer.loadData(); };
     actions.allOn = [this] { m_controller.allOn(); };
     actions.allOff = [this] { m_controller.allOff(); };
     actions.switchTheme = [this](int theme) { m_controller.switchTheme(theme); };
     actions.currentTheme = [this] { return m_controller.panelSetUp().layoutManager().theme(); };
+    actions.canSwitchTheme = [this] { return !m_controller.workflowStage().popoverIsOpen(); };
+    if (!m_defaults.isOverridden(keys::kAppearance)) {
+        actions.setAppearance
+            = [this](int appearance) { m_defaults.setObject(keys::kAppearance, appearance); };
+    }
+    actions.appearance = [this] { return static_cast<int>(m_defaults.get(keys::kAppearance)); };
     GroupWorkflows& workflows = m_controller.workflows();
     actions.groups = {[&workflows] { workflows.makeGroupStep1(); }, &workflows.editGroupMenu(),
         &workflows.deleteGroupMenu()};
@@ -106,10 +133,25 @@ void Application::makeMenus()
     addMenus(m_panel, actions, m_runLoop);
 
     auto* layouts = new LayoutSwitch(
-        [this](int theme) { m_controller.switchThemeToolBarControl(theme); }, m_panel.menuBar());
+        [this](int theme) { m_controller.switchThemeToolBarControl(theme); }, *m_panel.menuBar());
     LayoutManager& layoutManager = m_controller.panelSetUp().layoutManager();
     layoutManager.segmentedControl = [layouts](int theme) { layouts->select(theme); };
     layouts->select(layoutManager.theme());
+    m_controller.workflowStage().onPopover = [layouts](bool open) { layouts->setEnabled(!open); };
+}
+
+/// What a panel without lamps offers besides its own. The demonstration has its lamps at addresses
+/// that nobody can change.
+void Application::makeOffers()
+{
+    if (m_commandLine.demo)
+        return;
+    EmptyPanel::Offers& offers = m_controller.emptyPanel().offers();
+    offers.showLampAddresses = [this] { m_settings.showSetting(keys::kManualIPAddresses.name); };
+    offers.showDemonstration = [this] {
+        if (!startDemonstration(m_commandLine))
+            m_panel.runModal({"The demonstration could not be started.", "", {"OK"}});
+    };
 }
 
 void Application::makeStatusItem()
@@ -118,6 +160,7 @@ void Application::makeStatusItem()
         return; // a picture of the panel needs no place in the tray, and no badge
     m_controller.statusMenu().setBadgeLabel
         = [this](std::optional<int> number) { m_badge.setLabel(number); };
+    m_controller.statusMenu().quit = [this] { quit(); };
     m_trayIcon = std::make_unique<TrayIcon>(m_controller.statusMenu(), m_runLoop);
     m_lifeInTheTray = std::make_unique<LifeInTheTray>(
         [this] { return m_trayIcon->isThere(); }, [this] { quit(); });

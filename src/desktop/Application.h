@@ -8,6 +8,7 @@
 #include "base/Log.h"
 #include "base/Pacer.h"
 #include "base/UserDefaults.h"
+#include "desktop/Appearance.h"
 #include "desktop/CommandLine.h"
 #include "desktop/Demonstration.h"
 #include "desktop/HiddenDockIcon.h"
@@ -49,6 +50,7 @@ private:
     };
 
     void makeMenus();
+    void makeOffers();
     void makeStatusItem();
     /// The token, if there is one, lets the window take the focus from another program.
     void showPanel(const QString& activationToken);
@@ -66,6 +68,7 @@ private:
     StandardErrorPipe m_pipe;
     UserDefaults m_defaults;
     VerbosityFromDefaults m_verbosity;
+    Appearance m_appearance;
     Demonstration m_demonstration;
     UdpIoThread m_io;
     SystemArpTable m_arpTable;

@@ -12,7 +12,6 @@ constexpr unsigned kMostDemoLamps = 200;
 
 void addOptions(CLI::App& app, CommandLine& line)
 {
-    using Appearance = CommandLine::Appearance;
     const CLI::Validator notEmpty(
         [](const std::string& value) { return value.empty() ? "the value is empty" : ""; }, "");
     auto* demo = app.add_flag("--demo", line.demo, "start simulated lamps and show them");
@@ -23,11 +22,8 @@ void addOptions(CLI::App& app, CommandLine& line)
         ->option_text("FILE")
         ->check(notEmpty);
     app.add_option_function<std::string>(
-           "--appearance",
-           [&line](const std::string& which) {
-               line.appearance = which == "dark" ? Appearance::Dark : Appearance::Light;
-           },
-           "instead of the desktop's setting")
+           "--appearance", [&line](const std::string& which) { line.isDark = which == "dark"; },
+           "this time, whatever is set")
         ->option_text("dark|light")
         ->check(CLI::IsMember({"dark", "light"}));
     app.add_option("--snapshot", line.snapshotFile,

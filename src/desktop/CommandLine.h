@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,7 @@ struct CommandLine {
     bool log = false; ///< to the terminal as well
     std::string defaultsFile; ///< empty: the usual one
     std::string snapshotFile; ///< empty: no snapshot
-    enum class Appearance { Desktop, Light, Dark } appearance = Appearance::Desktop;
+    std::optional<bool> isDark; ///< the appearance of this run, whatever is set
 
     std::string answer; ///< to be printed in place of a start: help, or the version
     std::string error; ///< what is wrong with the arguments; empty for nothing

@@ -4,6 +4,9 @@
 #include "base/UserDefaults.h"
 #include "desktop/CommandLine.h"
 
+#include <QCoreApplication>
+#include <QProcess>
+
 namespace lumeroom {
 
 namespace {
@@ -31,6 +34,22 @@ Demonstration::Demonstration(const CommandLine& commandLine, UserDefaults& defau
     defaults.overrideDefaults(
         {{std::string(keys::kManualIPAddresses), addresses.empty() ? kNoLamps : addresses},
             {std::string(keys::kHeartbeatSpeed), kHeartbeatSpeed}});
+}
+
+bool startDemonstration(const CommandLine& commandLine)
+{
+    QStringList arguments{QStringLiteral("--demo")};
+    if (commandLine.isDark) {
+        arguments << QStringLiteral("--appearance")
+                  << (*commandLine.isDark ? QStringLiteral("dark") : QStringLiteral("light"));
+    }
+    // It may outlive this one, whose standard error is the console's pipe.
+    QProcess program;
+    program.setProgram(QCoreApplication::applicationFilePath());
+    program.setArguments(arguments);
+    program.setStandardOutputFile(QProcess::nullDevice());
+    program.setStandardErrorFile(QProcess::nullDevice());
+    return program.startDetached();
 }
 
 } // namespace lumeroom

@@ -19,4 +19,8 @@ private:
     virtual_lamps::DemoLamps m_lamps;
 };
 
+/// Starts the program once more, with simulated lamps, and the appearance of this one. False if it
+/// cannot be started.
+bool startDemonstration(const CommandLine& commandLine);
+
 } // namespace lumeroom

@@ -1,9 +1,12 @@
 #include "desktop/Menus.h"
 
+#include "app/Undo.h"
 #include "app/ui/MenuMirror.h"
 #include "app/ui/PanelLayouts.h"
+#include "base/DefaultsKeys.h"
 #include "desktop/Version.h"
 #include "strips/MenuModel.h"
+#include "strips/ui/MenuEntry.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -42,30 +45,57 @@ void addChoices(QMenu& menu, const QString& title, const MenuModel* model, RunLo
     (new MenuMirror(*model, *choices, runLoop))->setParent(choices);
 }
 
-void addLayouts(QMenu& menu, const MenuActions& actions)
+struct Choice {
+    QString title;
+    int value;
+};
+
+/// One of the entries is ticked, unless `current` gives the value of none.
+void addExclusive(QMenu& menu, const std::vector<Choice>& choices, std::function<int()> current,
+    std::function<void(int)> choose, const std::function<bool()>& canChoose = {})
 {
-    if (!actions.switchTheme)
-        return;
     auto* group = new QActionGroup(&menu);
-    // None is ticked while the stored layout is none of these.
     group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-    for (const PanelLayout& layout : panelLayouts()) {
-        QAction* entry = group->addAction(layout.title);
+    for (const Choice& choice : choices) {
+        QAction* entry = group->addAction(choice.title);
         entry->setCheckable(true);
-        entry->setData(layout.theme);
+        entry->setData(choice.value);
         menu.addAction(entry);
     }
-    const auto tickCurrent = [group, current = actions.currentTheme] {
+    const auto tickCurrent = [group, current = std::move(current), canChoose] {
+        group->setEnabled(!canChoose || canChoose());
         for (QAction* entry : group->actions())
             entry->setChecked(current && entry->data().toInt() == current());
     };
     tickCurrent();
     QObject::connect(&menu, &QMenu::aboutToShow, group, tickCurrent);
     QObject::connect(group, &QActionGroup::triggered, &menu,
-        [tickCurrent, switchTheme = actions.switchTheme](const QAction* entry) {
-            switchTheme(entry->data().toInt());
+        [tickCurrent, choose = std::move(choose)](const QAction* entry) {
+            choose(entry->data().toInt());
             tickCurrent();
         });
+}
+
+void addLayouts(QMenu& menu, const MenuActions& actions)
+{
+    if (!actions.switchTheme)
+        return;
+    std::vector<Choice> layouts;
+    for (const PanelLayout& layout : panelLayouts())
+        layouts.push_back({layout.title, layout.theme});
+    addExclusive(menu, layouts, actions.currentTheme, actions.switchTheme, actions.canSwitchTheme);
+    menu.addSeparator();
+}
+
+void addAppearance(QMenu& menu, const MenuActions& actions)
+{
+    if (!actions.setAppearance)
+        return;
+    addExclusive(*menu.addMenu(QObject::tr("&Appearance")),
+        {{QObject::tr("&System"), keys::kAppearanceSystem},
+            {QObject::tr("&Light"), keys::kAppearanceLight},
+            {QObject::tr("&Dark"), keys::kAppearanceDark}},
+        actions.appearance, actions.setAppearance);
     menu.addSeparator();
 }
 
@@ -78,9 +108,43 @@ void addFile(QMenu& menu, const MenuActions& actions)
     add(menu, QObject::tr("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), actions.quit);
 }
 
+/// One step, which says what it would take back or make again.
+void addUndo(QMenu& menu, Undo& undo)
+{
+    const auto addStep = [&](const QKeySequence& keys, void (Undo::*step)()) {
+        QAction* entry = menu.addAction(QString());
+        entry->setShortcut(keys);
+        entry->setShortcutContext(Qt::WindowShortcut); // elsewhere the lamps are out of sight
+        QObject::connect(entry, &QAction::triggered, &menu, [&undo, step] { (undo.*step)(); });
+        return entry;
+    };
+    QAction* back = addStep(QKeySequence::Undo, &Undo::undo);
+    QAction* again = addStep(QKeySequence::Redo, &Undo::redo);
+    const auto show = [back, again, &undo] {
+        const QString title = menuTitle(undo.title());
+        back->setEnabled(undo.canUndo());
+        back->setText(undo.canUndo() ? QObject::tr("&Undo %1").arg(title) : QObject::tr("&Undo"));
+        again->setEnabled(undo.canRedo());
+        again->setText(undo.canRedo() ? QObject::tr("&Redo %1").arg(title) : QObject::tr("&Redo"));
+    };
+    auto subscription = undo.listen(show);
+    // The connection holds it, and goes with the menu.
+    QObject::connect(&menu, &QObject::destroyed, [held = std::move(subscription)] {});
+    show();
+}
+
+void addEdit(QMenu& menu, const MenuActions& actions)
+{
+    if (actions.undo)
+        addUndo(menu, *actions.undo);
+    menu.addSeparator();
+    add(menu, QObject::tr("&Find a lamp"), QKeySequence::Find, actions.find);
+}
+
 void addView(QMenu& menu, const MenuActions& actions)
 {
     addLayouts(menu, actions);
+    addAppearance(menu, actions);
     add(menu, QObject::tr("&Console"), QKeySequence(QStringLiteral("Ctrl+2")), actions.showConsole);
     add(menu, QObject::tr("&Lamp data explorer"), QKeySequence(QStringLiteral("Ctrl+3")),
         actions.showExplorer);
@@ -138,6 +202,7 @@ void addMenus(QMainWindow& window, const MenuActions& actions, RunLoop& runLoop)
             bar->addMenu(made);
     };
     menu(QObject::tr("&File"), [&](QMenu& m) { addFile(m, actions); });
+    menu(QObject::tr("&Edit"), [&](QMenu& m) { addEdit(m, actions); });
     menu(QObject::tr("&View"), [&](QMenu& m) { addView(m, actions); });
     menu(QObject::tr("&Lamps"), [&](QMenu& m) { addLamps(m, actions); });
     menu(QObject::tr("&Groups"), [&](QMenu& m) { addGroups(m, actions, runLoop); });

@@ -8,6 +8,7 @@ namespace lumeroom {
 
 class MenuModel;
 class RunLoop;
+class Undo;
 
 /// What the menus can do. An entry whose member is null is left out, and so is a menu without
 /// entries. Models have to last as long as the window.
@@ -16,9 +17,16 @@ struct MenuActions {
     std::function<void()> showSettings;
     std::function<void()> quit;
 
+    // Edit
+    Undo* undo = nullptr;
+    std::function<void()> find;
+
     // View
     std::function<void(int)> switchTheme; ///< takes a number of `theme`
     std::function<int()> currentTheme; ///< the layout that is ticked
+    std::function<bool()> canSwitchTheme; ///< null for always
+    std::function<void(int)> setAppearance; ///< takes a value of the setting
+    std::function<int()> appearance; ///< the one that is ticked
     std::function<void()> showConsole;
     std::function<void()> showExplorer;
 

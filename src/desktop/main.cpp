@@ -1,5 +1,4 @@
 #include "base/DefaultsFile.h"
-#include "desktop/Appearance.h"
 #include "desktop/Application.h"
 #include "desktop/SettingsFile.h"
 #include "desktop/Table.h"
@@ -93,7 +92,6 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(LUMEROOM_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("com.tanagerworks.Lumeroom"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/lumeroom.png")));
-    applyAppearance(commandLine.appearance);
     // A snapshot is over soon, and shows what it found, not what another program shows.
     const QString file = settingsFile(commandLine.demo, defaultsFile);
     const ProgramName name(commandLine.snapshotFile.empty() ? serviceName(file) : QString());

@@ -141,7 +141,7 @@ bool AsyncUdpSocket::openDescriptor(int& descriptor, int family)
     static const std::string kSocket = "anything, for want of a socket";
     descriptor = ::socket(family, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     if (descriptor < 0) {
-        m_io.complaints().failed(kSocket, std::strerror(errno));
+        m_io.complaints().failed(kSocket, errno);
         return false;
     }
     m_io.complaints().succeeded(kSocket);
@@ -178,7 +178,7 @@ AsyncUdpSocket::Sent AsyncUdpSocket::trySend(
     else if (errno == EAGAIN || errno == EWOULDBLOCK)
         return Sent::Later;
     else
-        m_io.complaints().failed(host, std::strerror(errno));
+        m_io.complaints().failed(host, errno);
     return Sent::Done;
 }
 
@@ -204,7 +204,7 @@ void AsyncUdpSocket::enqueue(Pending pending)
         return;
     }
     if (!m_overflowSaid)
-        m_io.complaints().failed(pending.host, std::strerror(ENOBUFS));
+        m_io.complaints().failed(pending.host, ENOBUFS);
     m_overflowSaid = true;
 }
 
@@ -252,7 +252,7 @@ void AsyncUdpSocket::resolved(
     const std::lock_guard lock(m_mutex);
     const auto isWaiting = [&](const Pending& pending) { return pending.waitsFor(host, port); };
     if (!address) {
-        m_io.complaints().failed(host, "no such host");
+        m_io.complaints().hostIsUnknown(host);
         std::erase_if(m_pending, isWaiting);
     }
     for (Pending& pending : m_pending) {

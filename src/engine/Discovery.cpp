@@ -38,18 +38,40 @@ bool Discovery::noBroadcastSupport() const
     return m_defaults.get(keys::kNoBroadcastSupport);
 }
 
+SearchedPlaces Discovery::searchedPlaces() const
+{
+    using Kind = SearchedPlaces::Kind;
+    const auto manual = getManualIPs();
+    if (!manual.empty())
+        return {Kind::ListedAddresses, {manual.begin(), manual.end()}};
+    if (noBroadcastSupport())
+        return {Kind::KnownAddresses, m_knownIPs};
+    return {};
+}
+
 void Discovery::broadcastGetService()
 {
-    const auto manual = getManualIPs();
-    if (!manual.empty()) {
-        for (const auto& address : manual)
+    const SearchedPlaces places = searchedPlaces();
+    switch (places.kind) {
+    case SearchedPlaces::Kind::ListedAddresses:
+        for (const auto& address : places.addresses)
             m_polls.sendGetServiceToAddress(address, Expecting::Answer);
-    } else if (noBroadcastSupport()) {
+        break;
+    case SearchedPlaces::Kind::KnownAddresses:
         sendGetServiceToKnownIPs();
-    } else {
+        break;
+    case SearchedPlaces::Kind::Everywhere:
         m_polls.sendGetServiceToAddress(std::string(wire::kBroadcastAddress), Expecting::Answer);
+        break;
     }
     m_polls.sendGetStateToAllLamps();
+}
+
+void Discovery::lookAgain()
+{
+    if (asksKnownIPs())
+        findLIFXDevices();
+    broadcastGetService();
 }
 
 void Discovery::broadcastGetTagLabelsToLamps()
@@ -103,11 +125,15 @@ void Discovery::findLIFXDevices()
     });
 }
 
+bool Discovery::asksKnownIPs() const
+{
+    return searchedPlaces().kind == SearchedPlaces::Kind::KnownAddresses;
+}
+
 void Discovery::findLIFXDevicesIfNeeded()
 {
-    const bool asksKnownIPs = noBroadcastSupport() && getManualIPs().empty();
-    const bool askedThem = std::exchange(m_asksKnownIPs, asksKnownIPs);
-    if (asksKnownIPs && !askedThem && m_knownIPs.empty())
+    const bool askedThem = std::exchange(m_asksKnownIPs, asksKnownIPs());
+    if (m_asksKnownIPs && !askedThem && m_knownIPs.empty())
         findLIFXDevices();
 }
 

@@ -15,6 +15,12 @@ class Polls;
 class UserDefaults;
 enum class Expecting;
 
+/// Where lamps are looked for.
+struct SearchedPlaces {
+    enum class Kind { Everywhere, ListedAddresses, KnownAddresses } kind = Kind::Everywhere;
+    std::vector<std::string> addresses; ///< none where everybody is asked
+};
+
 /// Chooses the addresses that are asked for lamps: everyone by broadcast, the user's own list, or
 /// what the ARP table and earlier runs know.
 class Discovery {
@@ -27,11 +33,15 @@ public:
     std::set<std::string> getManualIPs() const;
     bool noBroadcastSupport() const;
 
+    SearchedPlaces searchedPlaces() const;
+
     // One pass each over the addresses
     void broadcastGetService();
     void broadcastGetTagLabelsToLamps();
     void broadcastGetInfoToLamps();
 
+    /// Everybody that there is to ask, at once.
+    void lookAgain();
     /// Reads the ARP table once, in the background.
     void findLIFXDevices();
     /// The same, when only known addresses have come to be asked and none is known.
@@ -45,6 +55,7 @@ private:
     void askForDetails(SendToAddress send);
     void sendGetServiceToKnownIPs();
     void readCompleted(const std::string& output);
+    bool asksKnownIPs() const;
 
     UserDefaults& m_defaults;
     Log& m_log;

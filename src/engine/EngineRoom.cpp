@@ -8,6 +8,7 @@
 #include "engine/Heartbeat.h"
 #include "engine/LampSockets.h"
 #include "engine/Liveness.h"
+#include "engine/NetworkComplaints.h"
 #include "engine/PollingEmbargo.h"
 #include "engine/Polls.h"
 #include "engine/ProductCatalogue.h"
@@ -27,9 +28,9 @@ struct EngineRoom::Machinery {
         , catalogue(with.readProducts)
         , embargo(with.runLoop)
         , queue(with.pacer, with.log)
-        , polls(registry, sockets, queue, with.runLoop, with.log)
+        , polls(registry, notifier, sockets, queue, with.runLoop, with.log)
         , discovery(with.defaults, with.log, notifier, polls, with.arpTable)
-        , liveness(registry, discovery, queue, with.runLoop)
+        , liveness(registry, notifier, discovery, queue, with.runLoop)
         , commands(registry, sockets, with.defaults, with.log)
         , intake(registry, notifier, liveness, polls, commands, catalogue, with.log)
         , dispatcher({with.runLoop, with.log, notifier, registry, liveness, intake, polls, embargo})
@@ -39,6 +40,13 @@ struct EngineRoom::Machinery {
         , heartbeat({with.runLoop, with.pacer, with.defaults, with.log, notifier, discovery, polls,
               embargo})
     {
+    }
+
+    void placesChanged()
+    {
+        if (environment.complaints)
+            environment.complaints->forget();
+        discovery.findLIFXDevicesIfNeeded();
     }
 
     EngineEnvironment environment;
@@ -67,8 +75,7 @@ EngineRoom::EngineRoom(const EngineEnvironment& environment)
     m->queue.startQueingSystem();
     m->discovery.findLIFXDevicesIfNeeded();
     m->observation = environment.defaults.observe(environment.runLoop,
-        {keys::kNoBroadcastSupport, keys::kManualIPAddresses},
-        [this] { m->discovery.findLIFXDevicesIfNeeded(); });
+        {keys::kNoBroadcastSupport, keys::kManualIPAddresses}, [this] { m->placesChanged(); });
 }
 
 EngineRoom::~EngineRoom() = default;
@@ -95,6 +102,19 @@ void EngineRoom::invalidateSockets()
 void EngineRoom::closeUp()
 {
     m->sockets.closeUp(m->registry.lightsArray());
+}
+
+SearchedPlaces EngineRoom::searchedPlaces() const
+{
+    return m->discovery.searchedPlaces();
+}
+void EngineRoom::lookAgain()
+{
+    m->discovery.lookAgain();
+}
+std::string EngineRoom::networkComplaint() const
+{
+    return m->environment.complaints ? m->environment.complaints->latest() : std::string();
 }
 
 std::string EngineRoom::saveCurrentLightStatesAsSceneWithName() const

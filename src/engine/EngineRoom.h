@@ -11,10 +11,12 @@ namespace lumeroom {
 
 class ArpTable;
 class Log;
+class NetworkComplaints;
 class Pacer;
 class QVLIFXEngineDelegate;
 class RunLoop;
 class UserDefaults;
+struct SearchedPlaces;
 
 /// What the engine stands on.
 struct EngineEnvironment {
@@ -27,6 +29,8 @@ struct EngineEnvironment {
     std::function<std::string()> readProducts;
     /// Reads the ARP table in the background.
     ArpTable& arpTable;
+    /// Where the sockets complain; null if they do not.
+    NetworkComplaints* complaints = nullptr;
 };
 
 /// Finds the lamps, keeps a live record of each, and sends them commands. Main thread only.
@@ -47,6 +51,13 @@ public:
     void startHeartbeat();
     void invalidateSockets();
     void closeUp();
+
+    /// Where lamps are looked for.
+    SearchedPlaces searchedPlaces() const;
+    /// Asks there now, without waiting for the heartbeat.
+    void lookAgain();
+    /// What keeps datagrams from leaving, in a plain sentence; empty where nothing does.
+    std::string networkComplaint() const;
 
     /// The ID of a new preset: the present date as "%Y%m%d%H%M%S". Nothing is stored here.
     std::string saveCurrentLightStatesAsSceneWithName() const;

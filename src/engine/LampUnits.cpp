@@ -22,6 +22,15 @@ int byteFromWire(std::uint16_t value)
     return static_cast<int>(static_cast<double>(static_cast<float>(value)) * kByteFromWire);
 }
 
+int levelReportedAs(std::int64_t reported)
+{
+    int level = static_cast<int>(std::clamp<std::int64_t>(reported, 0, kByteRange));
+    while (level < kByteRange
+        && byteFromWire(static_cast<std::uint16_t>(level * kByteRange)) < reported)
+        ++level;
+    return level;
+}
+
 } // namespace
 
 std::int64_t integerPart(double value)
@@ -52,6 +61,16 @@ LampColour fromWire(const WireColour& colour)
         .brightness = byteFromWire(colour.brightness),
         .warmth = lowBits(kCoolestKelvin - static_cast<std::int64_t>(colour.kelvin)),
     };
+}
+
+LampColour sentWhenReported(const LampColour& reported)
+{
+    LampColour sent = reported;
+    if (sent.brightness)
+        sent.brightness = levelReportedAs(integerPart(*sent.brightness));
+    if (sent.saturation)
+        sent.saturation = kByteRange - levelReportedAs(kByteRange - integerPart(*sent.saturation));
+    return sent;
 }
 
 std::uint32_t millisecondsFromSeconds(double seconds)

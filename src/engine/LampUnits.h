@@ -29,6 +29,10 @@ WireColour toWire(const LampColour& colour);
 /// To lamp units, all four present.
 LampColour fromWire(const WireColour& colour);
 
+/// What to send for a lamp to report this: the least brightness, and fullness of colour, that reads
+/// back as it. No member goes beyond its range: what a lamp has above that is not reached.
+LampColour sentWhenReported(const LampColour& reported);
+
 /// Seconds as whole milliseconds, cut to 32 bits.
 std::uint32_t millisecondsFromSeconds(double seconds);
 

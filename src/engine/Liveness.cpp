@@ -3,6 +3,7 @@
 #include "base/RunLoop.h"
 #include "engine/AsyncUdpSocket.h"
 #include "engine/Discovery.h"
+#include "engine/EngineNotifier.h"
 #include "engine/LampRegistry.h"
 #include "engine/SendQueue.h"
 
@@ -32,8 +33,10 @@ template <typename Condition> Lamp* firstRecord(Lamp& lamp, Condition isTrueOf)
 
 } // namespace
 
-Liveness::Liveness(LampRegistry& registry, Discovery& discovery, SendQueue& queue, RunLoop& runLoop)
+Liveness::Liveness(LampRegistry& registry, const EngineNotifier& notifier, Discovery& discovery,
+    SendQueue& queue, RunLoop& runLoop)
     : m_registry(registry)
+    , m_notifier(notifier)
     , m_discovery(discovery)
     , m_queue(queue)
     , m_runLoop(runLoop)
@@ -90,11 +93,14 @@ void Liveness::endSilence(const Lamp& lamp)
 
 void Liveness::heard(Lamp& lamp)
 {
-    if (lamp.polling.isSilent())
+    const bool wasSilent = lamp.polling.isSilent();
+    if (wasSilent)
         endSilence(lamp);
     lamp.polling.unanswered = 0;
     lamp.polling.pause = 0;
-    lamp.polling.lastHeard = m_runLoop.elapsed();
+    lamp.polling.lastHeard = m_runLoop.now();
+    if (wasSilent)
+        m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
 void Liveness::answered(Lamp& lamp)

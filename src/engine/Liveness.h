@@ -6,6 +6,7 @@
 namespace lumeroom {
 
 class Discovery;
+class EngineNotifier;
 class LampRegistry;
 class RunLoop;
 class SendQueue;
@@ -15,7 +16,8 @@ class SendQueue;
 /// nobody else, is not.
 class Liveness {
 public:
-    Liveness(LampRegistry& registry, Discovery& discovery, SendQueue& queue, RunLoop& runLoop);
+    Liveness(LampRegistry& registry, const EngineNotifier& notifier, Discovery& discovery,
+        SendQueue& queue, RunLoop& runLoop);
 
     /// Whether one more lamp may have a record. Some hundred that never answered have one; beyond
     /// that, one that was asked in vain loses its own.
@@ -33,6 +35,7 @@ private:
     void answered(Lamp& lamp);
 
     LampRegistry& m_registry;
+    const EngineNotifier& m_notifier;
     Discovery& m_discovery;
     SendQueue& m_queue;
     RunLoop& m_runLoop;

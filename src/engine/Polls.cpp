@@ -2,6 +2,7 @@
 
 #include "base/LocalTime.h"
 #include "base/Log.h"
+#include "engine/EngineNotifier.h"
 #include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
 #include "engine/LampSockets.h"
@@ -35,9 +36,10 @@ Expecting expectationOf(const Lamp& lamp)
 
 } // namespace
 
-Polls::Polls(
-    LampRegistry& registry, LampSockets& sockets, SendQueue& queue, RunLoop& runLoop, Log& log)
+Polls::Polls(LampRegistry& registry, const EngineNotifier& notifier, LampSockets& sockets,
+    SendQueue& queue, RunLoop& runLoop, Log& log)
     : m_registry(registry)
+    , m_notifier(notifier)
     , m_sockets(sockets)
     , m_queue(queue)
     , m_runLoop(runLoop)
@@ -86,8 +88,12 @@ void Polls::sendGetGroupToLamp(Lamp& lamp)
 }
 void Polls::sendGetStateToLamp(Lamp& lamp)
 {
-    if (pollLamp(Message::LightGet, lamp))
-        ++lamp.polling.unanswered;
+    if (!pollLamp(Message::LightGet, lamp))
+        return;
+    const bool wasSilent = lamp.polling.isSilent();
+    ++lamp.polling.unanswered;
+    if (lamp.polling.isSilent() && !wasSilent)
+        m_notifier.sendLampsStateChangedNotificationToDelegate();
 }
 
 void Polls::sendGetColorZonesToLamp(Lamp& lamp)

@@ -4,6 +4,7 @@
 
 namespace lumeroom {
 
+class EngineNotifier;
 class LampRegistry;
 class LampSockets;
 class Log;
@@ -18,8 +19,8 @@ enum class Expecting { Answer, Silence };
 /// address.
 class Polls {
 public:
-    Polls(
-        LampRegistry& registry, LampSockets& sockets, SendQueue& queue, RunLoop& runLoop, Log& log);
+    Polls(LampRegistry& registry, const EngineNotifier& notifier, LampSockets& sockets,
+        SendQueue& queue, RunLoop& runLoop, Log& log);
 
     // To an address, on the discovery socket. Only the first makes that socket; an entry without
     // one is discarded by the queue.
@@ -60,6 +61,7 @@ private:
     void logQueueing(wire::Message message, const std::string& address);
 
     LampRegistry& m_registry;
+    const EngineNotifier& m_notifier;
     LampSockets& m_sockets;
     SendQueue& m_queue;
     RunLoop& m_runLoop;

@@ -19,7 +19,8 @@ public:
 
     /// A lamp's label changed, its first included, or its tags were reported.
     virtual void newLampsAdded() = 0;
-    /// A lamp's colour, power, group or location changed, or a group or location became known.
+    /// A lamp's colour, power, group or location changed, a group or location became known, or a
+    /// lamp fell silent or speaks again.
     virtual void lampStatesChanged() = 0;
     /// A group or location became known; `lampStatesChanged` follows.
     virtual void groupingBecameKnown() = 0;

@@ -223,6 +223,21 @@ std::optional<Value> Lamp::valueForKey(std::string_view key) const
     return entry(*this, key);
 }
 
+bool Lamp::isSilent() const
+{
+    return polling.isSilent()
+        && std::all_of(elsewhere.begin(), elsewhere.end(),
+            [](const auto& record) { return record->polling.isSilent(); });
+}
+
+std::optional<TimePoint> Lamp::lastHeard() const
+{
+    std::optional<TimePoint> latest = polling.lastHeard;
+    for (const auto& record : elsewhere)
+        latest = std::max(latest, record->polling.lastHeard);
+    return latest;
+}
+
 std::vector<std::shared_ptr<Lamp>> Lamp::answeringElsewhere() const
 {
     std::vector<std::shared_ptr<Lamp>> answering;

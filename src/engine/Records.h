@@ -138,7 +138,7 @@ struct LampPolling {
     bool hasAnswered = false; ///< ever; until then it may be nobody
     int unanswered = 0; ///< requests for its state since it was last heard
     int pause = 0; ///< heartbeats that pass before it is asked again
-    std::optional<Seconds> lastHeard; ///< on the run loop's steady clock
+    std::optional<TimePoint> lastHeard; ///< on the wall clock
 
     /// At least three requests left without an answer; one more may still wait in the queue.
     bool isSilent() const { return unanswered > 3; }
@@ -174,6 +174,10 @@ struct Lamp : LampColour {
     std::optional<std::vector<Zone>> zones; ///< in order of arrival
     LampColour forZonesToCome; ///< what zones are sent that have still to report, until all have
 
+    /// At each address that it was heard at.
+    bool isSilent() const;
+    /// At any of them; nothing if never.
+    std::optional<TimePoint> lastHeard() const;
     /// As the lamp was told, or else as it has reported.
     std::optional<bool> expectedPower() const { return powerSent ? powerSent : onoff; }
     /// Takes on what was told of the lamp. What belongs to the record's own address stays.

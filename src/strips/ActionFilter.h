@@ -15,6 +15,7 @@ public:
     }
 
     void controlDidChange();
+    void cancel() { m_timer.cancel(); }
     /// A change is on its way.
     bool isPending() const { return m_timer.isPending() || *m_firing; }
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace lumeroom {
 
@@ -36,8 +37,22 @@ void ColourWellModel::setCapabilities(int capabilities)
 
 void ColourWellModel::userHasPickedColour(const Colour& colour)
 {
+    m_picked = true;
+    m_stroke = m_session;
     setColour(colour);
     handleChange();
+}
+
+void ColourWellModel::userHasCancelled()
+{
+    if (std::exchange(m_picked, false) && m_cancelled)
+        m_cancelled();
+}
+
+void ColourWellModel::act()
+{
+    m_stroke = std::make_shared<int>();
+    fireFilteredAction();
 }
 
 void ColourWellModel::fireFilteredAction()
@@ -64,6 +79,8 @@ void ColourWellModel::showThePopover()
         m_picker->switchToWhitesMode();
     m_popover->showAtWell(ColourWellPopover::Edge::Right);
     m_picker->setDelegate(this);
+    m_session = std::make_shared<int>();
+    m_picked = false;
 }
 
 void ColourWellModel::mouseUp()
@@ -85,6 +102,7 @@ void ColourWellModel::scrollWheel(float deltaY)
         .brightness = std::clamp(level, kLowestLevel, kLevels) / kLevels,
         .alpha = 1,
         .kelvin = usableKelvin(m_colour)});
+    m_stroke = nullptr;
     handleChange();
 }
 
@@ -117,7 +135,7 @@ bool ColourWellModel::takeArchivedColour(const std::optional<Value::Data>& data)
     if (!colour)
         return false;
     setColour(*colour);
-    fireFilteredAction();
+    act();
     if (m_picker) {
         const bool white = m_colour.saturation * kLevels < 1;
         m_picker->setPickingWhites(white && usableKelvin(m_colour));
@@ -130,7 +148,7 @@ bool ColourWellModel::takeColour(const std::optional<Colour>& colour)
     if (!colour)
         return false;
     setColour(*colour);
-    fireFilteredAction();
+    act();
     return true;
 }
 

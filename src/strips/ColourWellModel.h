@@ -47,9 +47,17 @@ public:
 
     /// From the picker, while the user moves through its colours.
     void userHasPickedColour(const Colour& colour) override;
+    void userHasCancelled() override;
     void handleChange() { m_actionFilter.controlDidChange(); }
     void fireFilteredAction();
     bool hasPendingAction() const { return m_actionFilter.isPending(); }
+    void cancelPendingAction() { m_actionFilter.cancel(); }
+    /// Acts on the colour at once, by a press and not by a movement.
+    void act();
+    /// From opening the picker to opening it again; null of the wheel.
+    Stroke stroke() const override { return m_stroke; }
+    /// The user takes back what was picked since the picker was opened.
+    void setCancelled(std::function<void()> cancelled) { m_cancelled = std::move(cancelled); }
 
     // The picker, which all wells share
     void setColourPicker(std::shared_ptr<ZTColourPicker> picker);
@@ -76,6 +84,10 @@ private:
     bool refuseDrop(std::string_view reason);
 
     Colour m_colour;
+    Stroke m_session; ///< of the picker
+    Stroke m_stroke;
+    bool m_picked = false; ///< in this session
+    std::function<void()> m_cancelled;
     int m_capabilities = 7;
     int m_clickstep = 0; ///< 1 between press and release
     ControlTarget* m_target = nullptr;

@@ -3,7 +3,6 @@
 #include "base/Geometry.h"
 #include "strips/Colour.h"
 
-#include <array>
 #include <vector>
 
 /// What the strips' controls look like, as data for a painter.
@@ -16,15 +15,24 @@ struct SliderBar {
     float degrees = 0; ///< 0 runs from left to right, 270 from the bottom to the top
     std::vector<Rgba> colours;
     float alpha = 1;
+    bool filledToKnob = false;
 };
+
+/// A white as the eye takes it beside others: the warm ones amber, the cool ones bluish.
+Rgba whiteOf(int kelvin);
+/// Of the colour's kelvin; plain without a usable one.
+Rgba whiteLightOf(const Colour& colour);
+/// The colour at full brightness. What it lacks in saturation is white of its kelvin.
+Rgba lightOf(const Colour& colour);
+/// Whether dark signs read better on it than white ones.
+bool isPale(const Rgba& ground);
 
 /// `inside` is the room that the slider has for its bar.
 SliderBar whitenessSliderBar(const Rectangle& inside, float saturatedHueComponent, bool dark);
-SliderBar brightnessSliderBar(const Rectangle& inside, bool dark);
+/// From faint to the full light of the lamp; it is filled up to the knob, over a ground.
+SliderBar brightnessSliderBar(const Rectangle& inside, const Rgba& light, bool dark);
+/// From the coolest white to the warmest.
 SliderBar warmthSliderBar(const Rectangle& inside, bool dark);
-/// From the coolest white to the warmest, evenly.
-inline constexpr std::array<Rgba, 3> kWarmthColours{
-    {{0.717F, 0.921F, 0.996F, 1}, {1, 1, 1, 1}, {0.996F, 0.808F, 0.565F, 1}}};
 /// Once around the hues.
 SliderBar colourSliderBar(const Rectangle& inside, bool dark);
 
@@ -45,10 +53,7 @@ struct OnOffButtonLook {
 
 OnOffButtonPaint onOffButtonPaint(const Rectangle& bounds, const OnOffButtonLook& look);
 
-/// The ground of a button that is on; clear under one that is off.
-Rgba buttonBackground(bool coloured);
-
-/// The swatch: its colour at full brightness, with the brightness as alpha, so that a dim colour is
+/// The swatch: its light, with the brightness as alpha, so that a dim colour is
 /// pale.
 Rgba swatchFill(const Colour& colour);
 

@@ -17,6 +17,12 @@ void ButtonModel::press()
         m_target->handleControl(*this);
 }
 
+void TextModel::setText(const std::string& text)
+{
+    setStandIn({});
+    assign(m_text, text);
+}
+
 void SliderModel::setValue(float value)
 {
     if (std::isnan(value))
@@ -29,7 +35,21 @@ void SliderModel::moveTo(float value)
     if (!isEnabled())
         return;
     setValue(value);
+    if (!m_held)
+        m_stroke = nullptr;
     didMove();
+}
+
+void SliderModel::setHeld(bool held)
+{
+    if (held && !m_held)
+        m_stroke = std::make_shared<int>();
+    assign(m_held, held);
+}
+
+bool SliderModel::confirm()
+{
+    return isEnabled() && m_confirmed && m_confirmed();
 }
 
 void SliderModel::didMove()

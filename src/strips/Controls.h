@@ -3,6 +3,7 @@
 #include "base/Listeners.h"
 #include "strips/ActionFilter.h"
 
+#include <memory>
 #include <string>
 
 /// The controls of a strip as plain models. A view mirrors one: it repaints when the model has
@@ -25,6 +26,9 @@ inline constexpr int kDragHandle = 13;
 inline constexpr int kNavigationButton = 14;
 inline constexpr int kStatusMenuItem = -27;
 } // namespace controltag
+
+/// What the user does to a control in one go. Null: what follows shortly belongs to it.
+using Stroke = std::shared_ptr<const void>;
 
 class ControlModel;
 
@@ -51,6 +55,8 @@ public:
     bool isEnabled() const { return m_enabled; }
     bool isHidden() const { return m_hidden; }
     const std::string& toolTip() const { return m_toolTip; }
+    /// That the last action belongs to. A press is one of its own.
+    virtual Stroke stroke() const { return std::make_shared<int>(); }
     void setEnabled(bool enabled) { assign(m_enabled, enabled); }
     void setHidden(bool hidden) { assign(m_hidden, hidden); }
     void setToolTip(const std::string& text) { assign(m_toolTip, text); }
@@ -82,10 +88,15 @@ class TextModel : public ControlModel {
 public:
     using ControlModel::ControlModel;
     const std::string& text() const { return m_text; }
-    void setText(const std::string& text) { assign(m_text, text); }
+    void setText(const std::string& text);
+    /// What shows in its place while the text is none that a person knows.
+    void setStandIn(const std::string& text) { assign(m_standIn, text); }
+    bool hasStandIn() const { return !m_standIn.empty(); }
+    const std::string& shownText() const { return m_standIn.empty() ? m_text : m_standIn; }
 
 private:
     std::string m_text;
+    std::string m_standIn;
 };
 
 /// A button. One of two states keeps what it was pressed to; a momentary one has none.
@@ -144,8 +155,18 @@ public:
     void setValue(float value);
     void setTarget(ControlTarget* target) { m_target = target; }
 
+    /// What Return does on it; the answer: whether there was something to do.
+    void setConfirmation(std::function<bool()> confirmed) { m_confirmed = std::move(confirmed); }
+
     /// The user moved it.
     void moveTo(float value);
+    /// The user has its knob in hand.
+    bool isHeld() const { return m_held; }
+    void setHeld(bool held);
+    /// From grasping the knob to letting it go; null of the wheel and of keys.
+    Stroke stroke() const override { return m_stroke; }
+    /// The user pressed Return on it.
+    bool confirm();
 
 protected:
     ControlTarget* target() const { return m_target; }
@@ -154,7 +175,10 @@ protected:
 private:
     float m_maximum;
     float m_value = 0;
+    bool m_held = false;
+    Stroke m_stroke;
     ControlTarget* m_target = nullptr;
+    std::function<bool()> m_confirmed;
 };
 
 /// A slider whose movements reach its target through an `ActionFilter`.
@@ -169,6 +193,7 @@ public:
     void handleChange();
     void fireFilteredAction();
     bool hasPendingAction() const { return m_actionFilter.isPending(); }
+    void cancelPendingAction() { m_actionFilter.cancel(); }
 
 protected:
     void didMove() override { handleChange(); }

@@ -15,9 +15,21 @@ LampControlStrip::LampControlStrip(
     , m_defaults(surroundings.defaults)
     , m_owner(surroundings.owner)
     , m_controls(surroundings, *this)
+    , m_caption(m_controls, m_target.isGroup(), surroundings.runLoop)
+    , m_colourFilter(surroundings.runLoop, [this] { sendColourAlone(); })
     , m_embargo(surroundings.runLoop, [this] { embargoHasLifted(); })
 {
     setUpNamesAndPower();
+    m_controls.sendButton.setToolTip("Send this colour to the lamp");
+    m_controls.sendButton.setAction([this] { sendUnsentColour(); });
+    m_controls.colourSlider.setConfirmation([this] {
+        if (!showsUnsentColour())
+            return false;
+        sendUnsentColour();
+        return true;
+    });
+    m_controls.colourWell.setCancelled(
+        [this] { m_owner.userHasCancelled(*this, m_controls.colourWell); });
 }
 
 LampControlStrip::~LampControlStrip()
@@ -32,7 +44,7 @@ void LampControlStrip::setUpNamesAndPower()
     m_controls.renameButton.setHidden(m_target.id == kAllLampsId && isGroup());
     if (type() != StripType::Zone)
         return;
-    m_controls.onOffButton.setEnabled(false);
+    m_controls.setHasPower(false);
     m_controls.onOffButton.setToolTip("A zone goes on and off with its lamp");
     m_controls.renameButton.setEnabled(false);
     m_controls.renameButton.setToolTip("A zone is named by its number");
@@ -41,6 +53,12 @@ void LampControlStrip::setUpNamesAndPower()
 void LampControlStrip::setControlStripView(std::unique_ptr<LampControlStripView> view)
 {
     m_view = std::move(view);
+}
+
+void LampControlStrip::setCondition(const StripCondition& condition)
+{
+    m_controls.setUsable(condition.stateIsKnown);
+    m_caption.setCondition(condition);
 }
 
 void LampControlStrip::deactivate()
@@ -76,17 +94,13 @@ void LampControlStrip::handleControl(const ControlModel& sender)
     if (isGroup())
         actForGroup(sender, full);
     else if (type() == StripType::Zone && m_controls.isColourControl(sender))
-        m_engineRoom->commands().sendSettingsToLamp(full, m_target.id);
+        sendToLamp(full, sender);
     else if (type() == StripType::Lamp)
         actForLamp(sender, full);
     if (&sender == &m_controls.effectButton && m_view)
         m_view->popUpEffectMenu(effectMenu());
-    if (sender.tag() == controltag::kStatusMenuItem) {
-        if (m_controls.onOffButton.state())
-            switchOff();
-        else
-            switchOn();
-    }
+    if (sender.tag() == controltag::kStatusMenuItem)
+        turn(!m_controls.onOffButton.state());
     imposeTemporaryEmbargo();
     m_owner.stripHasChanged();
 }
@@ -94,9 +108,9 @@ void LampControlStrip::handleControl(const ControlModel& sender)
 void LampControlStrip::actForGroup(const ControlModel& sender, const Settings& full)
 {
     if (&sender == &m_controls.onOffButton) {
-        actForGroupOnOff(full);
+        sendByHand(sender, [&] { actForGroupOnOff(full); });
     } else if (m_controls.isColourControl(sender)) {
-        m_target.sendSettingsToGroup(m_engineRoom->commands(), full);
+        sendByHand(sender, [&] { m_target.sendSettingsToGroup(m_engineRoom->commands(), full); });
         sendSettingsToStripsInGroup({full, {}, {}, {}});
     }
 }
@@ -125,10 +139,10 @@ void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& fu
         = [this](std::optional<double> LampColour::*member, const SliderModel& slider) {
               Settings settings;
               settings.*member = slider.integerValue();
-              m_engineRoom->commands().sendSettingsToLamp(settings, m_target.id);
+              sendToLamp(settings, slider);
           };
     if (&sender == &m_controls.onOffButton)
-        actForLampOnOff(full);
+        sendByHand(sender, [&] { actForLampOnOff(full); });
     else if (&sender == &m_controls.brightnessSlider)
         sendOnly(&LampColour::brightness, m_controls.brightnessSlider);
     else if (&sender == &m_controls.satSlider)
@@ -136,8 +150,67 @@ void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& fu
     else if (&sender == &m_controls.warmthSlider)
         sendOnly(&LampColour::warmth, m_controls.warmthSlider);
     else if (&sender == &m_controls.colourWell)
-        m_engineRoom->commands().sendSettingsToLamp(full, m_target.id);
-    // The colour slider moves the well alone; its colour goes out with the well or the button.
+        sendToLamp(full, sender);
+    else if (&sender == &m_controls.colourSlider)
+        actForColourSlider();
+}
+
+void LampControlStrip::sendColourAlone()
+{
+    Settings settings;
+    settings.colour = m_controls.colourSlider.integerValue();
+    sendToLamp(settings, m_controls.colourSlider);
+}
+
+/// It moves the well alone, unless the user wants it otherwise; its colour goes out with the well
+/// or the button.
+void LampControlStrip::actForColourSlider()
+{
+    if (m_defaults.get(keys::kColourSliderActsAtOnce)) {
+        if (m_followsSettings)
+            sendColourAlone(); // later it would count as the user's
+        else
+            m_colourFilter.controlDidChange();
+        return;
+    }
+    const auto lamp = m_engineRoom->registry().lampWithID(m_target.id);
+    const int shown = m_controls.colourSlider.integerValue();
+    setUnsent(lamp && lamp->colour && integerPart(*lamp->colour) != shown);
+}
+
+void LampControlStrip::sendByHand(const ControlModel& sender, const std::function<void()>& send)
+{
+    if (m_followsSettings)
+        send();
+    else
+        m_owner.stripSends(*this, sender, send);
+}
+
+void LampControlStrip::sendToLamp(const Settings& settings, const ControlModel& sender)
+{
+    if (!m_engineRoom)
+        return;
+    sendByHand(sender, [&] { sendNow(settings); });
+}
+
+void LampControlStrip::sendNow(const Settings& settings)
+{
+    m_engineRoom->commands().sendSettingsToLamp(settings, m_target.id);
+    if (settings.colour)
+        setUnsent(false);
+}
+
+void LampControlStrip::setUnsent(bool unsent)
+{
+    const bool was = showsUnsentColour();
+    m_caption.setUnsent(unsent);
+    m_controls.sendButton.setHidden(!unsent);
+    m_controls.colourWell.setToolTip(unsent
+            ? "The lamp has not been sent this colour. Press the ring, or Return on the colour "
+              "slider, to send it."
+            : "");
+    if (unsent ? !m_followsSettings : was)
+        m_owner.colourIsUnsent(*this, unsent);
 }
 
 void LampControlStrip::actForLampOnOff(const Settings& full)
@@ -152,25 +225,43 @@ void LampControlStrip::actForLampOnOff(const Settings& full)
     // one that has told nothing yet its own.
     const auto lamp = m_engineRoom->registry().lampWithID(m_target.id);
     if (lamp && lamp->brightness && !lamp->zones)
-        m_engineRoom->commands().sendSettingsToLamp(full, m_target.id);
+        sendNow(full);
+}
+
+void LampControlStrip::turn(bool on)
+{
+    m_controls.onOffButton.setState(on);
+    handleControl(m_controls.onOffButton);
 }
 
 void LampControlStrip::switchOn()
 {
-    m_controls.onOffButton.setState(true);
-    handleControl(m_controls.onOffButton);
+    const bool before = std::exchange(m_followsSettings, true);
+    turn(true);
+    m_followsSettings = before;
 }
 
 void LampControlStrip::switchOff()
 {
-    m_controls.onOffButton.setState(false);
-    handleControl(m_controls.onOffButton);
+    const bool before = std::exchange(m_followsSettings, true);
+    turn(false);
+    m_followsSettings = before;
+}
+
+void LampControlStrip::cancelPendingActions()
+{
+    m_controls.cancelPendingActions();
+    m_colourFilter.cancel();
 }
 
 void LampControlStrip::implementSettingsFromDictionary(const StripSettings& settings)
 {
+    const bool before = std::exchange(m_followsSettings, true);
+    const bool onlyShows = embargo();
     if (settings.brightness && !isReadBackLoss(*settings.brightness))
         showInSlider(m_controls.brightnessSlider, settings.brightness);
+    if (settings.colour && onlyShows)
+        setUnsent(false);
     showInSlider(m_controls.colourSlider, settings.colour);
     showInSlider(m_controls.satSlider, settings.saturation);
     showInSlider(m_controls.warmthSlider, settings.warmth);
@@ -182,6 +273,7 @@ void LampControlStrip::implementSettingsFromDictionary(const StripSettings& sett
     if (settings.label)
         m_controls.label.setText(*settings.label);
     m_controls.showColourOfSliders();
+    m_followsSettings = before;
 }
 
 bool LampControlStrip::isReadBackLoss(double brightness) const
@@ -216,7 +308,17 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmba
     m_missedReport = refused && (m_missedReport || isNews);
     m_lastReport = settings;
     if (!refused)
-        implementSettingsFromDictionaryWithoutActing(settings);
+        showReport(settings);
+}
+
+/// Until the lamp has news of its own, the user may go on choosing a colour for it.
+void LampControlStrip::showReport(StripSettings settings)
+{
+    const bool isOld = settings.reports && settings.reports == m_reportsShown;
+    m_reportsShown = settings.reports;
+    if (isOld && showsUnsentColour())
+        settings.colour.reset();
+    implementSettingsFromDictionaryWithoutActing(settings);
 }
 
 void LampControlStrip::embargoHasLifted()
@@ -236,6 +338,8 @@ void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
         sent.saturation = static_cast<double>(integerPart(*sent.saturation));
     if (m_engineRoom)
         m_target.sendSettings(m_engineRoom->commands(), sent);
+    if (sent.colour)
+        setUnsent(false);
     // With a long one the lamp's reports move the controls along as it fades.
     if (settings.transition.value_or(0) < kLongTransitionSeconds)
         implementSettingsFromDictionaryWithoutActing(settings);
@@ -269,7 +373,8 @@ void LampControlStrip::showReNamePopover()
             "legacy reasons but won't be able to add new ones or change existing ones.",
             {"OK"}});
     } else if (m_view) {
-        m_view->showReNamePopover(m_controls.label.text());
+        m_view->showReNamePopover(
+            m_controls.label.hasStandIn() ? std::string() : m_controls.label.text());
     }
 }
 
@@ -313,12 +418,14 @@ void LampControlStrip::implementEffect(const std::string& name)
     stopEffect();
     m_runner = std::move(effect);
     m_runner->start();
+    m_caption.setEffect(name);
 }
 
 void LampControlStrip::stopEffect()
 {
     if (m_runner)
         m_runner->stop();
+    m_caption.setEffect({});
 }
 
 void LampControlStrip::editEffects()
@@ -336,15 +443,17 @@ void LampControlStrip::setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item)
     m_statusBarMenuItem->setImage([this] {
         return menuImage(m_controls.onOffButton.state(), m_controls.colourWell.colour());
     });
+    m_statusBarMenuItem->setCheck([this] { return m_controls.onOffButton.state(); });
 }
 
-// A menu may outlive the strip: the item is left without target and picture.
+// A menu may outlive the strip: the item is left without target, picture and check mark.
 void LampControlStrip::releaseStatusBarMenuItem()
 {
     if (!m_statusBarMenuItem)
         return;
     m_statusBarMenuItem->setTarget(nullptr);
     m_statusBarMenuItem->setImage(nullptr);
+    m_statusBarMenuItem->setCheck(nullptr);
     m_statusBarMenuItem.reset();
 }
 

@@ -3,6 +3,7 @@
 #include "engine/LampReference.h"
 #include "strips/LampControlStripOwner.h"
 #include "strips/MenuModel.h"
+#include "strips/StripCaption.h"
 #include "strips/StripControls.h"
 #include "strips/StripEmbargo.h"
 #include "strips/StripSurroundings.h"
@@ -40,6 +41,9 @@ public:
     ZTSlider& warmthSlider() { return m_controls.warmthSlider; }
     ColourWellModel& colourWell() { return m_controls.colourWell; }
     const ColourWellModel& colourWell() const { return m_controls.colourWell; }
+    ButtonModel& sendButton() { return m_controls.sendButton; }
+    CaptionModel& caption() { return m_caption.model(); }
+    StripState state() const { return m_caption.state(); }
     /// Shades the bar of the saturation slider.
     float saturatedHueComponent() const { return m_controls.saturatedHueComponent; }
 
@@ -54,6 +58,7 @@ public:
     /// Without colour the sliders of hue and saturation are disabled and the well shows greys;
     /// without variable white the warmth slider is disabled.
     void setCapabilities(int capabilities) { m_controls.setCapabilities(capabilities); }
+    void setCondition(const StripCondition& condition);
     void showSelectedButton(bool shown) { m_controls.selectedButton.setHidden(!shown); }
     void setSelected(bool selected) { m_controls.selectedButton.setState(selected); }
     bool isSelected() const { return m_controls.selectedButton.state(); }
@@ -64,8 +69,14 @@ public:
 
     void handleControl(const ControlModel& sender) override;
     void unfilteredAction(const ControlModel& sender) override;
+    // By nobody's hand, as scripts do
     void switchOn();
     void switchOff();
+    /// The colour slider has moved the well, and the lamp knows nothing of it.
+    bool showsUnsentColour() const { return m_caption.isUnsent(); }
+    void forgetUnsentColour() { setUnsent(false); }
+    /// What the well would send.
+    void sendUnsentColour() { m_controls.colourWell.act(); }
 
     /// Shows the settings and acts on them as if the user had moved the controls.
     void implementSettingsFromDictionary(const StripSettings& settings);
@@ -96,7 +107,12 @@ public:
     /// Opens the rename popover; for a tag, says instead why tags keep their names.
     void showReNamePopover();
     /// What the user did within the last tenth of a second is yet to be sent.
-    bool hasPendingAction() const { return m_controls.hasPendingAction(); }
+    bool hasPendingAction() const
+    {
+        return m_controls.hasPendingAction() || m_colourFilter.isPending();
+    }
+    /// It is not sent.
+    void cancelPendingActions();
     /// The rename popover closes with this text in its field.
     void popoverShouldClose(const std::string& fieldText);
     void reName(const std::string& name);
@@ -123,6 +139,14 @@ private:
     void actForGroupOnOff(const Settings& full);
     void actForLamp(const ControlModel& sender, const Settings& full);
     void actForLampOnOff(const Settings& full);
+    void actForColourSlider();
+    void sendToLamp(const Settings& settings, const ControlModel& sender);
+    void sendByHand(const ControlModel& sender, const std::function<void()>& send);
+    void sendNow(const Settings& settings);
+    void sendColourAlone();
+    void turn(bool on);
+    void setUnsent(bool unsent);
+    void showReport(StripSettings settings);
     void showInSlider(SliderModel& slider, const std::optional<double>& value);
     void releaseStatusBarMenuItem();
     void embargoHasLifted();
@@ -133,9 +157,13 @@ private:
     LampControlStripOwner& m_owner;
     EngineRoom* m_engineRoom = nullptr;
     StripControls m_controls;
+    StripCaption m_caption;
+    ActionFilter m_colourFilter; ///< of a colour slider that acts at once
     StripEmbargo m_embargo;
     StripSettings m_lastReport; ///< shown or not
+    std::optional<std::uint64_t> m_reportsShown; ///< the count of the last that was
     bool m_missedReport = false;
+    bool m_followsSettings = false; ///< and not the user's hand
     std::unique_ptr<StripEffect> m_runner;
     std::shared_ptr<MenuItemModel> m_statusBarMenuItem;
     std::unique_ptr<LampControlStripView> m_view; ///< looks at the controls, so it goes first

@@ -6,11 +6,13 @@
 #include "strips/StripSettings.h"
 #include "strips/StripTarget.h"
 
+#include <functional>
 #include <memory>
 
 /// What a strip asks of those around it.
 namespace lumeroom {
 
+class ControlModel;
 class LampControlStrip;
 
 /// An effect that plays on a strip.
@@ -31,6 +33,15 @@ public:
     virtual void sendSettingsToStripsInGroup(
         const StripSettings& settings, const StripTarget& group)
         = 0;
+    /// By the user's hand, the strip has something to send to its lamps, which calling `send` does.
+    virtual void stripSends(
+        LampControlStrip& strip, const ControlModel& control, const std::function<void()>& send)
+        = 0;
+    /// By the user's hand, the strip shows a colour that its lamp was not sent, or it does so no
+    /// longer.
+    virtual void colourIsUnsent(LampControlStrip& strip, bool unsent) = 0;
+    /// The user takes back what was done to the control.
+    virtual void userHasCancelled(LampControlStrip& strip, const ControlModel& control) = 0;
     /// The strip has given its target another name.
     virtual void targetWasRenamed(LampControlStrip& strip) = 0;
     /// An embargo is over that kept reports from a strip. The engine tells a change only once, so
@@ -62,6 +73,9 @@ public:
 
     // The row in its container
     virtual Size size() const = 0;
+    /// What the layout gives it at least.
+    virtual Size naturalSize() const = 0;
+    virtual void setWidth(float width) = 0;
     virtual Point origin() const = 0;
     /// At once, or gliding there.
     virtual void setOrigin(Point origin, bool gliding) = 0;

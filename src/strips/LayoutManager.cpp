@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace lumeroom {
 
@@ -78,6 +79,16 @@ void LayoutManager::reset()
     m_rows = 0;
     m_columns = 0;
     m_matrixMaxCols = 0;
+}
+
+float LayoutManager::widthFor(Size natural) const
+{
+    constexpr float kMostGrowth = 1.35F;
+    if (m_theme != theme::kSquareControl || natural.width < 1)
+        return natural.width;
+    const float room = m_panel.contentSize().width - kBesideTheStrips;
+    const float columns = std::max(1.0F, std::floor(room / natural.width));
+    return std::floor(std::clamp(room / columns, natural.width, natural.width * kMostGrowth));
 }
 
 Point LayoutManager::getNextPointFor(Size stripView)

@@ -50,6 +50,9 @@ public:
 
     /// Before all strips are placed anew.
     void reset();
+    /// How wide a strip's view of this natural size is to be: those of a grid grow, to a limit, to
+    /// fill the lines; then there are more to a line.
+    float widthFor(Size natural) const;
     /// The origin of the next strip, whose view has this size.
     Point getNextPointFor(Size stripView);
 

@@ -35,7 +35,12 @@ void MenuModel::removeAllItems()
 
 void MenuModel::addItem(std::shared_ptr<MenuItemModel> item)
 {
-    m_items.push_back(std::move(item));
+    insertItem(0, std::move(item));
+}
+
+void MenuModel::insertItem(std::size_t fromEnd, std::shared_ptr<MenuItemModel> item)
+{
+    m_items.insert(m_items.end() - static_cast<std::ptrdiff_t>(fromEnd), std::move(item));
     m_listeners.tell();
 }
 

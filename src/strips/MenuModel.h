@@ -10,7 +10,7 @@ namespace lumeroom {
 
 class MenuModel;
 
-/// An entry of a menu, with a picture that is drawn afresh each time the menu shows.
+/// An entry of a menu. Its picture and its check mark are asked for each time the menu shows.
 class MenuItemModel : public ControlModel {
 public:
     MenuItemModel(int tag, std::string title)
@@ -39,6 +39,10 @@ public:
     /// Empty for an entry without one.
     bool hasImage() const { return static_cast<bool>(m_image); }
     MenuImage image() const { return m_image ? m_image() : MenuImage(); }
+    void setCheck(std::function<bool()> check) { m_check = std::move(check); }
+    /// Whether there is a place for a check mark.
+    bool hasCheck() const { return static_cast<bool>(m_check); }
+    bool isChecked() const { return m_check && m_check(); }
 
     /// The user chose it.
     void choose() const;
@@ -52,6 +56,7 @@ private:
     std::function<void()> m_action;
     std::shared_ptr<MenuModel> m_submenu;
     std::function<MenuImage()> m_image;
+    std::function<bool()> m_check;
 };
 
 /// A menu as a plain list that a view mirrors.
@@ -68,6 +73,8 @@ public:
     const std::vector<std::shared_ptr<MenuItemModel>>& items() const { return m_items; }
     void removeAllItems();
     void addItem(std::shared_ptr<MenuItemModel> item);
+    /// In front of so many from the end.
+    void insertItem(std::size_t fromEnd, std::shared_ptr<MenuItemModel> item);
     void addItem(const std::string& title, std::function<void()> action);
     void addSeparator();
     /// The first with this title; null if there is none.

@@ -2,6 +2,8 @@
 
 #include "engine/LampUnits.h"
 
+#include <algorithm>
+
 namespace lumeroom {
 
 namespace {
@@ -29,12 +31,23 @@ StripControls::StripControls(const StripSurroundings& surroundings, ControlTarge
     selectedButton.setHidden(true);
     kindBadge.setHidden(true);
     navigationButton.setHidden(true);
+    sendButton.setHidden(true);
+}
+
+std::array<SliderModel*, 4> StripControls::sliders()
+{
+    return {&brightnessSlider, &colourSlider, &satSlider, &warmthSlider};
+}
+
+std::array<const SliderModel*, 4> StripControls::sliders() const
+{
+    return {&brightnessSlider, &colourSlider, &satSlider, &warmthSlider};
 }
 
 bool StripControls::isSlider(const ControlModel& control) const
 {
-    return &control == &brightnessSlider || &control == &colourSlider || &control == &satSlider
-        || &control == &warmthSlider;
+    const auto all = sliders();
+    return std::find(all.begin(), all.end(), &control) != all.end();
 }
 
 bool StripControls::isColourControl(const ControlModel& control) const
@@ -48,13 +61,43 @@ bool StripControls::hasPendingAction() const
         || warmthSlider.hasPendingAction() || colourWell.hasPendingAction();
 }
 
+void StripControls::cancelPendingActions()
+{
+    for (ZTSlider* slider : {&brightnessSlider, &satSlider, &warmthSlider})
+        slider->cancelPendingAction();
+    colourWell.cancelPendingAction();
+}
+
 void StripControls::setCapabilities(int capabilities)
 {
-    const bool hasColour = (capabilities & kCapabilityColour) != 0;
-    colourSlider.setEnabled(hasColour);
-    satSlider.setEnabled(hasColour);
-    warmthSlider.setEnabled((capabilities & kCapabilityVariableWhite) != 0);
     colourWell.setCapabilities(capabilities);
+    enableControls();
+}
+
+void StripControls::setUsable(bool usable)
+{
+    m_usable = usable;
+    enableControls();
+}
+
+void StripControls::setHasPower(bool hasPower)
+{
+    m_hasPower = hasPower;
+    enableControls();
+}
+
+void StripControls::enableControls()
+{
+    const auto can = [this](int capability) {
+        return m_usable && (colourWell.capabilities() & capability) != 0;
+    };
+    onOffButton.setEnabled(m_usable && m_hasPower);
+    brightnessSlider.setEnabled(m_usable);
+    colourSlider.setEnabled(can(kCapabilityColour));
+    satSlider.setEnabled(can(kCapabilityColour));
+    warmthSlider.setEnabled(can(kCapabilityVariableWhite));
+    colourWell.setEnabled(m_usable);
+    effectButton.setEnabled(m_usable);
 }
 
 SliderValues StripControls::sliderValues() const

@@ -6,6 +6,8 @@
 #include "strips/Controls.h"
 #include "strips/StripSurroundings.h"
 
+#include <array>
+
 namespace lumeroom {
 
 /// The controls of one strip, and the values that they show together.
@@ -25,17 +27,26 @@ struct StripControls {
     ZTSlider satSlider;
     ZTSlider warmthSlider;
     ColourWellModel colourWell;
+    /// Round the well while it shows what has not been sent.
+    ButtonModel sendButton{0, ButtonModel::Kind::Momentary};
     /// Shades the bar of the saturation slider.
     float saturatedHueComponent = 0;
 
+    std::array<SliderModel*, 4> sliders();
+    std::array<const SliderModel*, 4> sliders() const;
     bool isSlider(const ControlModel& control) const;
     /// The four sliders and the well.
     bool isColourControl(const ControlModel& control) const;
 
     /// The user has just moved something, and it is still on its way to the strip.
     bool hasPendingAction() const;
+    void cancelPendingActions();
 
     void setCapabilities(int capabilities);
+    /// Of a target of which nothing is known yet no control can be used.
+    void setUsable(bool usable);
+    /// A zone goes on and off with its lamp.
+    void setHasPower(bool hasPower);
     SliderValues sliderValues() const;
     /// What the sliders say, as settings with all four colour members.
     Settings settings() const;
@@ -50,6 +61,12 @@ struct StripControls {
     Value objectForKey(std::string_view key) const;
     /// Writes it to the control and does nothing else.
     void setObjectForKey(const Value& value, std::string_view key);
+
+private:
+    void enableControls();
+
+    bool m_usable = true;
+    bool m_hasPower = true;
 };
 
 } // namespace lumeroom

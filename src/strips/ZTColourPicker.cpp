@@ -21,10 +21,16 @@ ZTColourPicker::ZTColourPicker()
 
 Colour ZTColourPicker::getColor()
 {
+    const Colour colour = shownColour();
+    m_kelvin = colour.kelvin.value_or(m_kelvin);
+    return colour;
+}
+
+Colour ZTColourPicker::shownColour() const
+{
     if (isPickingWhites()) {
-        m_kelvin = kelvinFromKnob(m_mainSlider.getXOffsetAndYOffset().x);
         Colour white = Colour::grey(m_brightness);
-        white.kelvin = m_kelvin;
+        white.kelvin = kelvinFromKnob(m_mainSlider.getXOffsetAndYOffset().x);
         return white;
     }
     const auto [degrees, distance] = m_mainSlider.getAngleAndDistance();

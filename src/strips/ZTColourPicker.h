@@ -10,6 +10,8 @@ class ZTColourPickerDelegate {
 public:
     virtual ~ZTColourPickerDelegate() = default;
     virtual void userHasPickedColour(const Colour& colour) = 0;
+    /// The colour with which the picker was opened is wanted again.
+    virtual void userHasCancelled() = 0;
 };
 
 /// Picks a colour with a wheel and a brightness slider. The wheel is one of colours, hue by angle
@@ -31,6 +33,8 @@ public:
     void setColour(const Colour& colour);
     /// What the controls stand for. A wheel of whites remembers the kelvin of its knob with this.
     Colour getColor();
+    /// The same, and nothing is remembered.
+    Colour shownColour() const;
 
     void switchToWhitesMode() { handleControl(Control::Whites); }
     bool isPickingWhites() const { return m_mainSlider.getWhites(); }
@@ -39,6 +43,11 @@ public:
 
     /// The user pressed or moved this control.
     void handleControl(Control sender);
+    void cancel()
+    {
+        if (m_delegate)
+            m_delegate->userHasCancelled();
+    }
     /// The user moved something: the delegate is given the colour.
     void sliderChanged();
 

@@ -14,6 +14,8 @@ public:
     {
     }
     Size size() const override { return m_size; }
+    Size naturalSize() const override { return m_size; }
+    void setWidth(float) override { }
     Point origin() const override { return m_origin; }
     void setOrigin(Point origin, bool) override { m_origin = origin; }
     void setShown(bool now) override
@@ -24,8 +26,8 @@ public:
     bool isBeingDragged() const override { return dragged; }
     bool hitTest(Point point) const override
     {
-        return point.x >= m_origin.x && point.x < m_origin.x + m_size.width && point.y >= m_origin.y
-            && point.y < m_origin.y + m_size.height;
+        return shown && point.x >= m_origin.x && point.x < m_origin.x + m_size.width
+            && point.y >= m_origin.y && point.y < m_origin.y + m_size.height;
     }
     void showReNamePopover(const std::string&) override { popover = true; }
     bool isInUse() const override { return popover || dragged; }
@@ -60,6 +62,16 @@ public:
     void setDidEndLiveResize(std::function<void()> action) override { didEndLiveResize = action; }
     void startThrobber() override { throbbing = true; }
     void stopThrobber() override { throbbing = false; }
+    void showNotice(const std::optional<PanelNotice>& now) override
+    {
+        notice = now;
+        ++noticesShown;
+    }
+    void setFind(FindActions offered) override { find = std::move(offered); }
+    void showFind(const std::optional<FoundCount>& count) override
+    {
+        found = count ? std::to_string(count->found) + " of " + std::to_string(count->all) : "";
+    }
     std::unique_ptr<LampControlStripView> newControlStripView(
         LampControlStrip& strip, int theme) override
     {
@@ -77,6 +89,12 @@ public:
     {
         scrollers = {horizontal, vertical};
     }
+    void reveal(const LampControlStripView& row) override
+    {
+        const LampControlStrip& strip = static_cast<const FakeRow&>(row).strip;
+        revealed.push_back(strip.label().text());
+        revealedTarget = strip.target();
+    }
     void keepFocus() override { }
     void setKeyboardOrder(const std::vector<LampControlStripView*>& now) override
     {
@@ -91,6 +109,7 @@ public:
         poppedUpAt = at;
     }
     void showWorkflowPopover(const WorkflowPopover& shown) override { workflow = shown; }
+    void updateWorkflowPopover() override { workflowState = workflow.value().state(named); }
     void bringWorkflowPopoverToFront() override { ++broughtToFront; }
     void closeWorkflowPopover() override { workflow.reset(); }
 
@@ -108,6 +127,10 @@ public:
     NavigationActions actions;
     std::function<void()> didEndLiveResize;
     bool throbbing = false;
+    std::optional<PanelNotice> notice;
+    FindActions find;
+    std::string found; ///< the count as it reads
+    int noticesShown = 0;
     int builds = 0;
     int rowsMade = 0;
     int answer = 0; ///< the button that is pressed in alerts
@@ -115,7 +138,11 @@ public:
     Size content{900, 400};
     std::pair<bool, bool> scrollers;
     std::vector<FakeRow*> rows; ///< as they show, from the first
+    std::vector<std::string> revealed;
+    StripTarget revealedTarget; ///< the last of them
     std::optional<WorkflowPopover> workflow;
+    std::string named; ///< what the user has typed for a name
+    WorkflowState workflowState; ///< as it shows
     int broughtToFront = 0;
     MenuModel* poppedUp = nullptr;
     Point poppedUpAt;

@@ -111,8 +111,7 @@ TEST_F(Workflows, making)
             kind.make(workflows);
             EXPECT_EQ(navigation().filter.value().description, kind.making);
             EXPECT_EQ(panel.names(), (Names{"Lamp 1", "Lamp 2", "Lamp 3"}));
-            EXPECT_EQ(panel.workflow.value().pointsAt, (Rectangle{0, 300, 600, 50})); // the bottom
-            EXPECT_EQ(panel.workflow->name, "");
+            EXPECT_TRUE(panel.workflow.value().asksForName);
         };
         begin();
         select({1, 2});
@@ -120,10 +119,16 @@ TEST_F(Workflows, making)
         begin();
         press(WorkflowPopover::kConfirmTag, "Attic"); // without lamps
         EXPECT_EQ(kind.editMenu(workflows).items().size(), 1U);
+        const bool wasShown = (navigation().*kind.shown).state();
+        EXPECT_EQ(wasShown, kind.type == StripType::Tag);
 
         begin();
         select({1, 2});
+        const int builds = panel.builds;
         press(WorkflowPopover::kConfirmTag, "Attic");
+        EXPECT_EQ(panel.builds, builds + (wasShown ? 2 : 1));
+        EXPECT_TRUE((navigation().*kind.shown).state());
+        EXPECT_EQ(panel.revealed.back(), "Attic");
         if (kind.type != StripType::Tag) { // a lamp tells of its tags itself
             EXPECT_EQ(members(kind.type, "Attic"), (Names{"Lamp 2", "Lamp 3"}));
         }
@@ -132,6 +137,58 @@ TEST_F(Workflows, making)
         select({0});
         press(WorkflowPopover::kConfirmTag, ""); // no name is no hindrance
         EXPECT_TRUE(kind.deleteMenu(workflows).itemWithTitle(""));
+    }
+    workflows.makeGroupStep1();
+    select({0});
+    press(WorkflowPopover::kConfirmTag, "Attic"); // another one
+    EXPECT_EQ(panel.revealedTarget.id, engine().registry().groupsArray().back()->id);
+    const auto seen = panel.revealed.size();
+    workflows.makeGroupStep1();
+    press(WorkflowPopover::kCancelTag, "");
+    EXPECT_EQ(panel.revealed.size(), seen);
+}
+
+TEST_F(Workflows, thePopoverSaysWhatWouldHappen)
+{
+    receive(stateGrouping(53, 3, 0xC3, "Stu\ndy"));
+    const auto make = [](auto step) { return [step](GroupWorkflows& w) { (w.*step)(); }; };
+    const auto edit = [](auto step, const char* name) {
+        return [step, name](GroupWorkflows& w) { (w.*step)(name); };
+    };
+    const struct {
+        std::function<void(GroupWorkflows&)> begin;
+        std::string name;
+        std::vector<std::size_t> picked;
+        std::string summary;
+        bool canConfirm;
+    } cases[] = {
+        {make(&GroupWorkflows::makeGroupStep1), "Attic", {}, "Pick the lamps", false},
+        {{}, "Attic", {2}, "1 lamp, 1 moved from Stu dy", true},
+        {{}, "", {2}, "1 lamp, 1 moved from Stu dy", false},
+        {{}, " \xE3\x80\x80\xE2\x80\x8B", {0}, "1 lamp, 1 moved from Den", false},
+        {{}, "At\ttic", {0}, "1 lamp, 1 moved from Den", false},
+        {{}, "Attic", {0, 1, 2}, "3 lamps, 3 moved from other groups", true},
+        {{}, "Den", {0}, "1 lamp, 1 moved from Den\nA group called Den is there already", true},
+        {make(&GroupWorkflows::makeLocationStep1), "Den", {1, 2}, "2 lamps, 1 moved from Home",
+            true},
+        {make(&GroupWorkflows::makeTagStep1), "Den", {0, 1}, "2 lamps", true},
+        {edit(&GroupWorkflows::editGroupStep1, "Den"), "", {0}, "1 lamp, 1 leaves", true},
+        {{}, "", {0, 2}, "2 lamps, 1 moved from Stu dy, 1 leaves", true},
+        {{}, "", {2}, "1 lamp, 1 moved from Stu dy, 2 leave", true},
+        {{}, "", {}, "No lamps: the group stays until Lumeroom ends", true},
+        {edit(&GroupWorkflows::editTagStep1, "Warm"), "", {2}, "1 lamp, 2 leave", true},
+        {{}, "", {}, "No lamps: the tag stays", true},
+    };
+    for (const auto& c : cases) {
+        if (c.begin) {
+            navigation().back.press();
+            c.begin(workflows);
+        }
+        panel.named = c.name;
+        panel.updateWorkflowPopover(); // as after each letter
+        select(c.picked);
+        EXPECT_EQ(panel.workflowState.summary, c.summary);
+        EXPECT_EQ(panel.workflowState.canConfirm, c.canConfirm) << c.name;
     }
 }
 
@@ -211,21 +268,33 @@ TEST_F(Workflows, removing)
     EXPECT_FALSE(navigation().editGroup.isEnabled());
 }
 
-TEST_F(Workflows, oneAtATimeAndOnlyEditsEndWithTheView)
+TEST_F(Workflows, oneAtATimeAndTheWayBackEndsIt)
 {
     receive(stateGrouping(53, 3, 0xC3, "Den"));
     workflows.fillMenus(false);
     workflows.editGroupMenu().items().back()->choose(); // of two with one name it is the first
     EXPECT_EQ(selected(), (Names{"Lamp 1", "Lamp 2"}));
-    panel.navigation->back.press();
+    Navigation& way = controller.panelSetUp().navigation();
+    way.unNavigate(); // as nobody did by hand
     EXPECT_FALSE(panel.workflow);
     workflows.editLocationStep1("Home");
-    panel.navigation->back.press();
+    way.unNavigate();
     EXPECT_FALSE(panel.workflow);
+    std::string heard;
+    controller.workflowStage().onPopover = [&](bool open) { heard += open ? "open " : "closed "; };
     workflows.editTagStep1("Warm");
-    panel.navigation->back.press();
+    way.unNavigate();
     EXPECT_TRUE(panel.workflow); // also what follows stays open
-    press(WorkflowPopover::kCancelTag, "");
+    select({2});
+    const int before = panel.builds;
+    panel.navigation->back.press();
+    EXPECT_EQ(panel.builds, before + 1);
+    EXPECT_FALSE(panel.workflow);
+    EXPECT_EQ(heard, "open closed ");
+    EXPECT_EQ(members(StripType::Tag, "Warm"), (Names{"Lamp 1", "Lamp 2"}));
+    EXPECT_FALSE(navigation().filter);
+    for (const FakeRow* row : panel.rows)
+        EXPECT_TRUE(row->strip.getSelectedButton().isHidden());
 
     panel.actions.makeGroup();
     select({0, 2});
@@ -235,7 +304,6 @@ TEST_F(Workflows, oneAtATimeAndOnlyEditsEndWithTheView)
     workflows.makeLocationStep1();
     workflows.editTagStep1("Warm");
     EXPECT_EQ(panel.broughtToFront, 2);
-    panel.navigation->back.press(); // neither must the way back
     EXPECT_EQ(panel.builds, builds);
     ASSERT_EQ(panel.workflow.value().confirm, "Make Group");
     press(WorkflowPopover::kConfirmTag, "Attic");

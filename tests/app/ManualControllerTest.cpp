@@ -23,6 +23,36 @@ TEST_F(Controller, launchWaitsForLamps)
     EXPECT_EQ(panel.builds, 1);
 }
 
+TEST_F(Controller, whatIsNotKnownOfALampLooksLikeIt)
+{
+    addNamed(1, "Desk");
+    receive(stateService(2), lampAddress(2));
+    launch();
+    const auto strip = [&](unsigned n) {
+        return controller.panelSetUp().collection().getStripWithID(lampID(n));
+    };
+    const auto caption = [&](unsigned n) { return strip(n)->caption().caption().text; };
+    EXPECT_EQ(strip(2)->label().shownText(), "New lamp");
+    EXPECT_EQ(strip(2)->label().text(), lampID(2));
+    EXPECT_EQ(caption(2), "Waiting for the lamp");
+    EXPECT_FALSE(strip(2)->brightnessSlider().isEnabled());
+    navigation().all.press();
+    const auto all = controller.panelSetUp().collection().getGroupStripWithID("0");
+    EXPECT_EQ(all->caption().caption().text.substr(0, 9), "1 of 2 on");
+    strip(1)->onOffButton().press();
+    loop.runPosted(); // before any answer
+    EXPECT_EQ(all->caption().caption().text, "Off");
+
+    loop.advance(Seconds(30)); // neither answers
+    EXPECT_EQ(caption(1), "Not answering");
+    EXPECT_EQ(caption(2), "Not answering");
+    EXPECT_TRUE(strip(1)->brightnessSlider().isEnabled());
+    EXPECT_FALSE(strip(2)->brightnessSlider().isEnabled());
+    receive(lightState(1, {.brightness = 65535, .label = "Desk"}), lampAddress(1));
+    loop.advance(Seconds(10));
+    EXPECT_NE(caption(1), "Not answering");
+}
+
 TEST_F(Controller, aBurstOfLampsIsOneRebuildThatKeepsTheStrips)
 {
     addNamed(1, "One");

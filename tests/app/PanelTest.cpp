@@ -83,7 +83,8 @@ TEST_F(Panel, aLampAtANewAddressIsOneLamp)
     }
     EXPECT_EQ(badge, 3);
     EXPECT_EQ(titles(controller.statusMenu().statusMenu()),
-        (Names{"Show manual control", "-", "Presets", "-", "Table", "Ceiling", "Shelf"}));
+        (Names{
+            "Show manual control", "-", "Presets", "-", "Table", "Ceiling", "Shelf", "-", "Quit"}));
     showEverything();
     EXPECT_EQ(row("Study").strip.navigationButton().toolTip(), "View 2 lamps");
     row("Study").strip.navigationButton().press();
@@ -103,7 +104,7 @@ TEST_F(Panel, aNewNameShowsEverywhereAtOnceAndNoNameKeepsTheRows)
         EXPECT_EQ(titles(*menu), Names{"House"});
     const auto status = titles(controller.statusMenu().statusMenu());
     EXPECT_EQ(Names(status.begin() + 4, status.end()),
-        (Names{"Desk", "Ceiling", "Shelf", "Den", "House", "Reading", "All"}));
+        (Names{"Desk", "Ceiling", "Shelf", "Den", "House", "Reading", "All", "-", "Quit"}));
     sockets.take();
     controller.statusMenu().statusMenu().itemWithTitle("Den")->choose();
     EXPECT_EQ(sockets.takeOfType(117).size(), 2U);
@@ -208,6 +209,35 @@ TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
         button->press();
     navigation().all.press();
     EXPECT_TRUE(navigation().lights.state()); // something always shows
+}
+
+TEST_F(Panel, whatIsSwitchedOnComesIntoSightOnce)
+{
+    furnish();
+    navigation().groups.press();
+    navigation().all.press();
+    navigation().lights.press(); // off
+    ASSERT_EQ(panel.revealed, (Names{"Study", "All"}));
+    const int builds = panel.builds;
+    navigation().showOnly(navigation().locations);
+    EXPECT_EQ(panel.builds, builds + 1);
+    EXPECT_EQ(panel.names(), Names{"Home"});
+    EXPECT_EQ(panel.revealed.back(), "Home");
+
+    // While the rows must stay
+    row("Home").popover = true;
+    navigation().groups.press();
+    navigation().tags.press();
+    navigation().lights.press();
+    navigation().lights.press(); // by mistake
+    row("Home").popover = false;
+    loop.advance(Seconds(6));
+    EXPECT_EQ(panel.names(), (Names{"Study", "Home", "Reading"}));
+    EXPECT_EQ(panel.revealed.size(), 4U);
+    EXPECT_EQ(panel.revealed.back(), "Reading");
+    panel.didEndLiveResize();
+    loop.runPosted();
+    EXPECT_EQ(panel.revealed.size(), 4U);
 }
 
 TEST_F(Panel, drillingDownAndBack)
@@ -412,6 +442,12 @@ TEST_F(Panel, layoutsSetTheWindow)
     defaults.setObject(keys::kCurrentTheme, 2); // by an import, say
     loop.runPosted();
     EXPECT_EQ(panel.rows.size(), 3U);
+    for (const float width : {935.0F, 934.0F}) { // the latter cuts every row
+        panel.content = {width, 300};
+        panel.didEndLiveResize();
+        loop.advance(Seconds(1));
+        EXPECT_EQ(panel.scrollers, std::pair(width < 935, true));
+    }
     defaults.setObject("currentTheme", std::int64_t(1) << 32);
     loop.runPosted();
     EXPECT_TRUE(panel.rows.empty());

@@ -15,7 +15,7 @@ struct StatusItem : StripHarness {
 
 TEST_F(StatusItem, theMenuControlsTheLamps)
 {
-    const Lines always{"Show manual control", "-", "Presets", "-"};
+    const Lines always{"Show manual control", "-", "Presets", "-", "Quit"};
     statusMenu.populatePresetPullDown();
     statusMenu.populatePresetPullDown(); // anew, not once more
     statusMenu.begin();
@@ -29,7 +29,7 @@ TEST_F(StatusItem, theMenuControlsTheLamps)
         statusMenu.addStrip(*strip);
     }
     const auto& items = statusMenu.statusMenu().items();
-    ASSERT_EQ(items.size(), 6U);
+    ASSERT_EQ(items.size(), 8U);
     EXPECT_EQ(items[4]->title(), "Desk");
     EXPECT_EQ(items[4]->tag(), -27);
     items[4]->choose();
@@ -39,15 +39,19 @@ TEST_F(StatusItem, theMenuControlsTheLamps)
     for (const auto& preset : items[2]->submenu()->items())
         preset->choose();
     items[0]->choose();
+    items.back()->choose(); // before the program says how it ends
+    statusMenu.quit = [this] { calls.emplace_back("quit"); };
+    items.back()->choose();
     EXPECT_FALSE(statusMenu.applicationShouldHandleReopen());
-    EXPECT_EQ(calls, (Lines{"on", "off", "show", "show"}));
+    EXPECT_EQ(calls, (Lines{"on", "off", "show", "quit", "show"}));
     EXPECT_EQ(titles(*items[2]->submenu()), (Lines{"Turn all on", "Turn all off"}));
 
-    const auto old = items.back();
+    const auto old = items[5];
     statusMenu.begin(); // anew, while a view still shows the old entries
     statusMenu.addStrip(*desk);
     statusMenu.addStrip(*other);
-    EXPECT_EQ(titles(statusMenu.statusMenu()).size(), 6U);
+    EXPECT_EQ(titles(statusMenu.statusMenu()),
+        (Lines{"Show manual control", "-", "Presets", "-", "Desk", "Desk", "-", "Quit"}));
     desk->deactivate();
     EXPECT_FALSE(other->embargo());
     statusMenu.statusMenu().choose(old);

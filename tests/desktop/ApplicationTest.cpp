@@ -29,9 +29,12 @@ TEST_F(WholeProgram, itsMenuBarAndNavigationSwitchAllLampsAndItQuits)
     commandLine.defaultsFile = folder.filePath("settings.plist").toStdString();
     std::ofstream(commandLine.defaultsFile)
         << propertylist::toXml(Value::Dictionary{{std::string(keys::kDefaultTransition), 0},
+               {std::string(keys::kAppearance), keys::kAppearanceLight},
                {std::string(keys::kManualIPAddresses), defaults.get(keys::kManualIPAddresses)}});
     const ProgramName noName{QString()};
+    commandLine.isDark = true;
     Application application(commandLine, noName);
+    EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 100);
     QTimer::singleShot(0, [this] {
         EXPECT_TRUE(workUntil([&] {
             choose<QAction>("All o&ff"); // until all are known

@@ -34,6 +34,16 @@ protected:
     void startDrag(QPoint) override { ++drags; }
 };
 
+struct Paints : QObject {
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 /// Whether the widget took it.
 bool wheel(QWidget& widget, QPoint pixels, QPoint angle)
 {
@@ -118,12 +128,19 @@ TEST_F(ColourWell, picksInBothModes)
     key(*circle, Qt::Key_Up);
     EXPECT_NEAR(model.colour().saturation, 0.55, 1e-3);
 
+    auto* brightness = popover.findChild<SliderView*>();
+    QCoreApplication::processEvents();
+    Paints paints(*brightness);
+    key(*circle, Qt::Key_Left);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(paints.count, 1); // its bar has the colour
+
     test::choose<QPushButton>("Whites");
     mouseAt(*circle, QEvent::MouseButtonPress, {13.5, 100});
     mouseAt(*circle, QEvent::MouseMove, {500, 100});
     mouseAt(*circle, QEvent::MouseButtonRelease, {500, 100});
     EXPECT_EQ(model.colour(), (Colour{0, 0, 0.5F, 1, 2500}));
-    popover.findChild<SliderView*>()->setValue(51);
+    brightness->setValue(51);
     EXPECT_EQ(model.colour(), (Colour{0, 0, 0.2F, 1, 2500}));
     EXPECT_EQ(handled, 0);
     loop.advance(Seconds(0.1));
@@ -184,6 +201,10 @@ TEST_F(ColourWell, aDragIsNoClickAndCarriesTheColour)
     mouse(*well, QEvent::MouseButtonRelease, 29);
     EXPECT_EQ(well->drags, 1);
     EXPECT_FALSE(popover.isVisible());
+
+    const QColor amber = colourDragPicture({0, 0, 0.5F, 1, 2500}, 1).toImage().pixelColor(0, 0);
+    EXPECT_EQ(amber.red(), 128);
+    EXPECT_LT(amber.blue(), 64);
 
     const std::unique_ptr<QMimeData> dragged(makeColourDragData(model));
     model.setColour({});

@@ -1,5 +1,6 @@
 #include "app/ManualController.h"
 #include "app/ui/ControlPanelWindow.h"
+#include "app/ui/NoticeView.h"
 #include "app/ui/WorkflowPopoverView.h"
 #include "strips/ui/Painting.h"
 #include "strips/ui/RenamePopover.h"
@@ -8,9 +9,12 @@
 #include "support/QtTestInput.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QScrollArea>
@@ -120,7 +124,7 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     panel.setContentSize({600, 300}); // the lowest of all layouts
     panel.show();
     QCoreApplication::processEvents();
-    EXPECT_EQ(panel.focusWidget(), button("Lights"));
+    EXPECT_EQ(panel.focusWidget(), button("Lamps"));
 
     button("All on")->click();
     button("All off")->click();
@@ -129,8 +133,87 @@ TEST(ControlPanel, theNavigationBeginsAtTheFirstSwitchAndReachesTheGroups)
     edit->click();
     EXPECT_EQ(frame.y, static_cast<float>(edit->mapTo(&panel, QPoint()).y()));
     button("Delete group")->click(); // is greyed
-    const auto* lowestSwitch = button("All");
+    const auto* lowestSwitch = button("All lamps");
     EXPECT_LE(lowestSwitch->mapTo(&panel, QPoint(0, lowestSwitch->height())).y(), frame.y);
+}
+
+TEST(ControlPanel, twoClicksOnASwitchMeanOnlyThisAndNothingGoesOffBetweenThem)
+{
+    ControlPanelWindow panel;
+    NavigationModel model;
+    std::string done;
+    model.groups.setAction([&] { done += model.groups.state() ? "on " : "off "; });
+    model.showOnly = [&](ButtonModel& kind) {
+        EXPECT_EQ(&kind, &model.groups);
+        done += "only ";
+    };
+    const auto hasDone = [&](const char* expected) { return std::exchange(done, "") == expected; };
+    panel.setNavigation(model, {});
+    panel.show();
+    panel.activateWindow();
+    ASSERT_TRUE(test::workUntil([&] { return panel.isActiveWindow(); }));
+    auto* groups = test::named<QAbstractButton>(panel, "Groups");
+    QTest::mouseClick(groups, Qt::LeftButton);
+    EXPECT_TRUE(hasDone("on ")); // at once
+    QTest::mouseClick(groups, Qt::LeftButton);
+    QTest::mouseDClick(groups, Qt::LeftButton);
+    EXPECT_TRUE(groups->isChecked());
+    EXPECT_TRUE(hasDone("only "));
+    QTest::mouseClick(groups, Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_TRUE(hasDone("only "));
+    QTest::mouseClick(groups, Qt::LeftButton);
+    EXPECT_TRUE(test::workUntil([&] { return !groups->isChecked(); }));
+    EXPECT_TRUE(hasDone("off "));
+    EXPECT_FALSE(showsFocusRing(*groups));
+    QTest::keyClick(groups, Qt::Key_Space);
+    EXPECT_TRUE(hasDone("on "));
+    EXPECT_TRUE(showsFocusRing(*groups));
+    QTest::keyClick(groups, Qt::Key_Space);
+    EXPECT_TRUE(hasDone("off "));
+    QTest::mousePress(groups, Qt::LeftButton);
+    EXPECT_FALSE(showsFocusRing(*groups));
+
+    auto* read = QAccessible::queryAccessibleInterface(groups);
+    EXPECT_EQ(read->role(), QAccessible::CheckBox);
+    read->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(hasDone("on "));
+    EXPECT_TRUE(read->state().checked);
+}
+
+TEST(ControlPanel, aNoticeFillsTheRoomThatThereIs)
+{
+    ControlPanelWindow panel;
+    NavigationModel model;
+    panel.setNavigation(model, {});
+    const auto button = [&](const QString& text) -> QPushButton* {
+        for (auto* each : panel.findChildren<QPushButton*>()) {
+            if (each->text() == text && each->isVisible())
+                return each;
+        }
+        return nullptr;
+    };
+    const auto remove = [&] {
+        panel.showNotice({});
+        EXPECT_FALSE(button("Look again")); // which is this one
+    };
+    const PanelNotice notice{"No lamps found", "Asked <b>everybody</b>.\nIn vain.",
+        {{"Other", [] {}}, {"Look again", remove}}};
+    panel.show();
+    panel.showNotice(notice);
+    for (const Size size : {Size{900, 500}, Size{300, 300}}) {
+        panel.setContentSize(size);
+        QCoreApplication::processEvents();
+        const bool wide = size.width > 800;
+        EXPECT_EQ(button("Other")->y() == button("Look again")->y(), wide);
+        const auto* area = panel.findChild<NoticeView*>();
+        const int right
+            = button("Look again")->mapTo(area, QPoint(button("Look again")->width(), 0)).x();
+        EXPECT_LE(right, area->width());
+        EXPECT_EQ(area->size(), area->parentWidget()->size());
+    }
+    button("Look again")->setFocus();
+    button("Look again")->click();
+    EXPECT_EQ(panel.focusWidget()->accessibleName(), "Lamps");
 }
 
 TEST(ControlPanel, anAlertThatEndsWithoutAButtonIsDismissed)
@@ -174,6 +257,14 @@ struct PanelWindow : test::EngineHarness {
         }
         return nullptr;
     }
+    /// The part of the popover with this text.
+    template <typename View> View* popoverShows(const QString& text) const
+    {
+        const auto parts = popover()->findChildren<View*>();
+        const auto found = std::find_if(
+            parts.begin(), parts.end(), [&](const View* part) { return part->text() == text; });
+        return found == parts.end() ? nullptr : *found;
+    }
 
     ControlPanelWindow panel;
     std::unique_ptr<ManualController> controller;
@@ -195,7 +286,7 @@ TEST_F(PanelWindow, aRebuildDisturbsNothingThatAPersonIsDoing)
 
     // A slider in hand: the rebuild waits.
     const int told = slider->value();
-    test::mouse(*slider, QEvent::MouseButtonPress, 0);
+    test::mouse(*slider, QEvent::MouseButtonPress, slider->width() / 2.0);
     controller->switchTheme(1);
     EXPECT_EQ(control<SliderView>("Lamp 7, brightness"), slider);
     test::mouse(*slider, QEvent::MouseButtonRelease, 0);
@@ -217,43 +308,133 @@ TEST_F(PanelWindow, aRebuildDisturbsNothingThatAPersonIsDoing)
     EXPECT_EQ(focused(), "Den, view contents");
 }
 
+TEST_F(PanelWindow, aLetterBeginsANameAndEscapeGivesTheKeyboardBack)
+{
+    ASSERT_TRUE(test::workUntil([&] { return panel.isActiveWindow(); }));
+    const QSize before = panel.size();
+    const auto* rows = panel.findChild<QScrollArea*>();
+    const QSize room = rows->size();
+    auto* slider = control<SliderView>("Lamp 7, brightness");
+    auto* field = control<QLineEdit>("Find a lamp");
+    slider->setFocus();
+    QTest::keyClick(slider, Qt::Key_X, Qt::AltModifier);
+    QTest::keyClick(slider, Qt::Key_Space);
+    EXPECT_FALSE(field->isVisible());
+    QTest::keyClick(slider, Qt::Key_L);
+    EXPECT_TRUE(field->hasFocus());
+    for (const char letter : {'a', 'm', 'p'})
+        QTest::keyClick(field, letter);
+    QTest::keyClick(field, Qt::Key_Space);
+    QTest::keyClick(field, '2');
+    EXPECT_EQ(field->text(), "lamp 2");
+    EXPECT_EQ(field->accessibleDescription(), "2 of 20");
+    EXPECT_FALSE(slider->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(rows->size(), room);
+    QTest::keyClick(field, Qt::Key_Backtab);
+    EXPECT_EQ(focused(), "All off");
+    control("Show all")->setFocus();
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(focused().startsWith("Lamp 2, ")) << focused().toStdString();
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Backtab);
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Backtab);
+    EXPECT_TRUE(field->hasFocus());
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_EQ(field->text(), "");
+    EXPECT_EQ(panel.focusWidget(), slider);
+    EXPECT_EQ(panel.size(), before);
+
+    // Escape and Return are the field's before the popover's, and a letter is the popover's before
+    // the field's.
+    control<QAbstractButton>("Make group...")->click();
+    QTest::keyClick(panel.focusWidget(), Qt::Key_A);
+    EXPECT_FALSE(field->isVisible());
+    control("Lamp 3, selected")->setFocus();
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(popoverShows<QPushButton>("Make Group")->isEnabled());
+    panel.openFind();
+    EXPECT_TRUE(field->hasFocus());
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_TRUE(popover());
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_TRUE(popover());
+}
+
 TEST_F(PanelWindow, aWorkflowPopoverHearsTheKeyboardAndGivesItBack)
 {
     ASSERT_TRUE(test::workUntil([&] { return panel.isActiveWindow(); }));
     auto* slider = control<SliderView>("Lamp 1, brightness");
+    slider->setFocus();
+    QTest::keyClick(slider, Qt::Key_Tab);
+    const QString next = focused();
     const auto begin = [&] {
         slider->setFocus();
         control<QAbstractButton>("Make group...")->click();
         ASSERT_TRUE(popover());
-        EXPECT_TRUE(popover()->isAncestorOf(panel.focusWidget()));
-        control<QAbstractButton>("Lamp 3, selected")->click();
+        EXPECT_EQ(focused(), "name");
+        EXPECT_FALSE(popoverShows<QPushButton>("Make Group")->isEnabled());
+        control("Lamp 3, selected")->setFocus();
+        QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
+        QTest::keyClick(panel.focusWidget(), Qt::Key_Tab); // past what is under the veil
+        EXPECT_EQ(focused(), "Lamp 4, selected");
     };
     begin();
-    QTest::keyClick(&panel, Qt::Key_Escape);
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(popover()); // it has no name
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(popover());
-    EXPECT_EQ(panel.focusWidget(), slider);
     EXPECT_EQ(engine().registry().groupsArray().size(), 1U);
+    slider->setFocus();
+    QTest::keyClick(slider, Qt::Key_Tab);
+    EXPECT_EQ(focused(), next);
+
     begin();
     const QString family = QString::fromUtf8("\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7");
     popover()->findChild<QLineEdit*>()->insert("Twenty-two bytes long.");
     popover()->findChild<QLineEdit*>()->insert(family); // one character, one byte too many
-    QTest::keyClick(&panel, Qt::Key_Return);
+    EXPECT_TRUE(popoverShows<QLabel>("1 lamp"));
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(popover());
     EXPECT_TRUE(engine().registry().IDForGroupNamed("Twenty-two bytes long."));
+
+    controller->workflows().editGroupStep1("Den");
+    EXPECT_EQ(focused(), "Lamp 1, selected");
+    EXPECT_FALSE(popover()->findChild<QLineEdit*>());
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(popoverShows<QLabel>("1 lamp, 1 leaves"));
+    QTest::keyClick(&panel, Qt::Key_Escape);
 }
 
-TEST_F(PanelWindow, aWorkflowPopoverKeepsOutOfTheWay)
+TEST_F(PanelWindow, aWorkflowPopoverLeavesTheStripsInReach)
 {
-    for (const Rectangle& pointsAt :
-        {Rectangle{675, 0, 25, 45000}, Rectangle{0, 0, 700, 25}, Rectangle{0, 0, 25, 900}}) {
-        panel.showWorkflowPopover({"Pick lamps", "Den", "Save", {220, 133}, pointsAt, false, {}});
-        const QRect room = popover()->parentWidget()->rect();
-        EXPECT_TRUE(room.contains(popover()->geometry()));
-        EXPECT_FALSE(qRect(pointsAt).toRect().intersects(popover()->geometry()));
-    }
+    auto* area = panel.findChild<QScrollArea*>();
+    const int before = area->height();
+    controller->workflows().makeLocationStep1();
+    EXPECT_LT(area->height(), before); // at once
+    controller->panelSetUp().navigation().goBack();
+    EXPECT_EQ(area->height(), before);
+    controller->workflows().makeLocationStep1();
     panel.setMinimumSize(0, 0);
-    panel.resize(500, 300); // it follows the window inwards
-    EXPECT_TRUE(popover()->parentWidget()->rect().contains(popover()->geometry()));
+    for (const int width : {1000, 600, 300}) {
+        panel.setMaximumSize(width, 400);
+        panel.resize(width, 400);
+        QCoreApplication::processEvents();
+        ASSERT_EQ(panel.width(), width);
+        const QRect bar = popover()->geometry();
+        EXPECT_GE(bar.top(), area->geometry().bottom());
+        EXPECT_LT(bar.bottom(), panel.centralWidget()->height());
+        for (const auto* part : popover()->findChildren<QWidget*>()) {
+            EXPECT_TRUE(popover()->rect().contains(part->geometry())) << width;
+            EXPECT_GE(part->width(), std::min(part->minimumSizeHint().width(), 150)) << width;
+        }
+        EXPECT_GE(area->verticalScrollBar()->maximum() + area->viewport()->height(),
+            area->widget()->height());
+        EXPECT_EQ(area->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+        panel.reveal(*controller->collection().front()->getControlStripView());
+        EXPECT_EQ(area->horizontalScrollBar()->value(), 0); // where the check box is
+    }
 }
 
 TEST(RenamePopover, takesWholeCharactersThatALampHasRoomForUnlessItIsCancelled)

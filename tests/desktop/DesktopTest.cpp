@@ -55,7 +55,7 @@ TEST(CommandLine, isReadOrRefusedInWords)
         {"--defaults=a b", "--snapshot", "y", "--demo-lamps", "200", "--appearance=light"}, "");
     EXPECT_EQ(line.defaultsFile, "a b");
     EXPECT_EQ(line.snapshotFile, "y");
-    EXPECT_EQ(line.appearance, CommandLine::Appearance::Light);
+    EXPECT_EQ(line.isDark, false);
     EXPECT_TRUE(line.demo);
     EXPECT_EQ(line.demoLamps, 200U);
 }

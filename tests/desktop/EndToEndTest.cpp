@@ -38,7 +38,7 @@ struct PanelEndToEnd : test::EngineAndLamps {
 TEST_F(PanelEndToEnd, theHandReachesTheLampAndTheLampTheHand)
 {
     ASSERT_TRUE(test::workUntil([&] {
-        const auto* white = control<SliderView>("Ceiling", "saturation");
+        const auto* white = control<SliderView>("Ceiling", "whiteness");
         const auto strip = engine.registry().lampWithID(lampID(3));
         return control<SliderView>("Desk", "brightness") && white && !white->isEnabled() && strip
             && strip->zones && strip->zones->size() == 16;
@@ -48,7 +48,7 @@ TEST_F(PanelEndToEnd, theHandReachesTheLampAndTheLampTheHand)
     test::dragTo(*brightness, 0.2);
     const int wanted = brightness->value() * 255;
     EXPECT_TRUE(test::workUntil([&] { return colour(0).brightness == wanted; }));
-    test::dragTo(*control<SliderView>("Desk", "saturation"), 1);
+    test::dragTo(*control<SliderView>("Desk", "whiteness"), 1);
     test::dragTo(*control<SliderView>("Desk", "warmth"), 0);
     EXPECT_TRUE(
         test::workUntil([&] { return colour(0).saturation == 0 && colour(0).kelvin == 9000; }));

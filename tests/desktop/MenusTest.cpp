@@ -49,6 +49,7 @@ struct MirroredMenu : ::testing::Test {
             model.addItem(title, [this, title, round] { chosen.push_back(title + round); });
         auto presets = std::make_shared<MenuItemModel>(0, "Presets");
         presets->setSubmenu(submenu);
+        presets->setCheck([this] { return picture > 0; });
         presets->setImage([this] { return MenuImage{16, {picture, 0, 0, 1}}; });
         model.addItem(presets);
     }
@@ -108,6 +109,7 @@ TEST_F(MirroredMenu, followsOnceItIsClosedAndDrawsPicturesAnew)
 
     picture = 1;
     menu.popup(QPoint());
+    EXPECT_TRUE(presets.isChecked());
     EXPECT_EQ(presets.icon().pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::red));
     fill("2", {"Desk"});
     EXPECT_EQ(shown(), (QStringList{"Lamp", "Presets"}));
@@ -121,6 +123,9 @@ struct FullMenus : ::testing::Test {
         MenuActions actions;
         actions.switchTheme = [this](int number) { themes.push_back(theme = number); };
         actions.currentTheme = [this] { return theme; };
+        actions.canSwitchTheme = [this] { return canSwitch; };
+        actions.setAppearance = [this](int value) { appearance = value; };
+        actions.appearance = [this] { return appearance; };
         actions.quit = [this] { ++quits; };
         actions.groups = {[] {}, &model, &model};
         addMenus(window, actions, loop);
@@ -139,6 +144,8 @@ struct FullMenus : ::testing::Test {
     MenuModel model;
     int quits = 0;
     int theme = 1;
+    bool canSwitch = true;
+    int appearance = 0;
     std::vector<int> themes;
     QMainWindow window;
 };
@@ -154,6 +161,16 @@ TEST_F(FullMenus, followTheLayoutAndTheGroupsThatExist)
     theme = 0;
     emit view.aboutToShow();
     EXPECT_EQ(ticked(), QStringList{"&Upright strips"});
+    canSwitch = false;
+    emit view.aboutToShow();
+    EXPECT_FALSE(view.actions()[2]->isEnabled());
+
+    const QMenu& appearances = *view.actions()[5]->menu();
+    EXPECT_EQ(texts(appearances), (QStringList{"&System", "&Light", "&Dark"}));
+    EXPECT_TRUE(appearances.actions()[0]->isChecked());
+    appearances.actions()[2]->trigger();
+    EXPECT_EQ(appearance, 2);
+    EXPECT_FALSE(appearances.actions()[0]->isChecked());
 
     const QMenu& groups = *menuNamed(window, "&Groups");
     const QAction* edit = groups.actions()[1];

@@ -21,7 +21,8 @@ struct ScriptingTreeTest : Controller {
         list.sort();
         return list.join("; ").toStdString();
     }
-    ScriptingTree tree{controller.scripting(), {QStringLiteral("1"), {}}};
+    ScriptingTree tree{
+        controller.scripting(), {QStringLiteral("1"), {}, [] { return std::string(); }}};
 };
 
 TEST_F(ScriptingTreeTest, theBusIsToldOfWhatComesChangesAndGoes)
@@ -36,7 +37,7 @@ TEST_F(ScriptingTreeTest, theBusIsToldOfWhatComesChangesAndGoes)
     EXPECT_EQ(told(),
         ("InterfacesAdded " + kitchen + "; InterfacesAdded " + lamp
             + "; PropertiesChanged  Lamps; "
-              "PropertiesChanged /groups/0 Brightness,Lamps,State,Whiteness")
+              "PropertiesChanged /groups/0 Brightness,Lamps,State,Warmth,Whiteness")
             .toStdString());
     EXPECT_EQ(told(), "");
 
@@ -51,6 +52,13 @@ TEST_F(ScriptingTreeTest, theBusIsToldOfWhatComesChangesAndGoes)
             .toStdString());
     engine().groupings().removeGroupWithID(group);
     EXPECT_EQ(told(), ("InterfacesRemoved " + kitchen).toStdString());
+
+    changes = 0;
+    loop.advance(Seconds(60)); // and it says nothing more
+    EXPECT_GT(changes, 0);
+    EXPECT_EQ(told(),
+        ("PropertiesChanged /groups/0 Contact; PropertiesChanged " + lamp + " Contact")
+            .toStdString());
 
     EXPECT_TRUE(tree.introspect(bus::kRootPath + lamp).contains("Lumeroom.Lamp\""));
     EXPECT_TRUE(tree.introspect(bus::kRootPath + "/groups").contains("<node name=\"0\"/>"));

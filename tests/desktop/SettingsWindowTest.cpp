@@ -41,6 +41,17 @@ struct SettingsDialog : ::testing::Test {
     SettingsWindow window{defaults, loop};
 };
 
+TEST_F(SettingsDialog, opensOnASetting)
+{
+    auto& level = control<QComboBox>("verbosity");
+    ASSERT_FALSE(level.isVisible());
+    window.showSetting("verbosity");
+    EXPECT_TRUE(level.isVisible());
+    EXPECT_EQ(window.focusWidget(), &level);
+    window.showSetting("manualIPAddresses");
+    EXPECT_EQ(window.focusWidget(), &control<QPlainTextEdit>("manualIPAddresses"));
+}
+
 TEST_F(SettingsDialog, storesAtOnceAndShowsWhatChangesElsewhere)
 {
     auto& speed = control<QDoubleSpinBox>(keys::kHeartbeatSpeed);

@@ -11,9 +11,9 @@ struct StripDragging : StripRows {
     {
         for (int i = 0; i < count; ++i) {
             ControlStripView& row = rowOf(addStrip("Lamp", theme::kThinControl));
-            row.setOrigin({0, static_cast<float>(34 * i)}, true);
+            row.setOrigin({0, row.size().height * static_cast<float>(i)}, true);
         }
-        container.resize(820, 34 * count);
+        container.resize(row(0).width(), row(0).height() * count);
         container.show();
         QCoreApplication::processEvents();
     }
@@ -73,12 +73,13 @@ TEST_F(StripDragging, aRowThatGoesOutOfSightIsLetGo)
 TEST_F(StripDragging, arrowKeysTradePlacesWithTheNeighbour)
 {
     makeColumn(3);
+    const auto [width, height] = row(0).size();
     const struct {
         std::size_t row;
         Qt::Key key;
         Point point; ///< of the neighbour; none: it stays
-    } cases[] = {{1, Qt::Key_Down, {410, 85}}, {1, Qt::Key_Up, {410, 17}}, {0, Qt::Key_Up, {}},
-        {2, Qt::Key_Down, {}}};
+    } cases[] = {{1, Qt::Key_Down, {width / 2, height * 5 / 2}},
+        {1, Qt::Key_Up, {width / 2, height / 2}}, {0, Qt::Key_Up, {}}, {2, Qt::Key_Down, {}}};
     for (const auto& c : cases) {
         owner.points = {{}};
         key(handle(c.row), c.key);
@@ -87,12 +88,12 @@ TEST_F(StripDragging, arrowKeysTradePlacesWithTheNeighbour)
     EXPECT_EQ(owner.takeCalls(), (Calls{"begin", "move 2", "finish", "begin", "move 2", "finish"}));
     // In a grid, up and down mean the row above and below.
     row(0).setOrigin({0, 0}, false);
-    row(1).setOrigin({820, 0}, false);
-    row(2).setOrigin({0, 34}, false);
+    row(1).setOrigin({width, 0}, false);
+    row(2).setOrigin({0, height}, false);
     key(handle(0), Qt::Key_Down);
-    EXPECT_EQ(owner.points.back(), (Point{410, 51}));
+    EXPECT_EQ(owner.points.back(), (Point{width / 2, height * 3 / 2}));
     key(handle(0), Qt::Key_Right);
-    EXPECT_EQ(owner.points.back(), (Point{1230, 17}));
+    EXPECT_EQ(owner.points.back(), (Point{width * 3 / 2, height / 2}));
 }
 
 } // namespace lumeroom::test

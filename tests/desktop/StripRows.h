@@ -31,7 +31,7 @@ struct StripRows : ::testing::Test {
     /// The control with this tag.
     static QWidget* tagged(const QWidget& row, int tag)
     {
-        for (auto* child : row.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        for (auto* child : row.findChildren<QWidget*>()) {
             if (child->property("tag").toInt() == tag)
                 return child;
         }

@@ -58,8 +58,18 @@ lamp_holds() { # ADDRESS FIELD VALUE
 expect 3 "Lumeroom is not running" ctl lamps
 expect 3 "no session bus" env DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$client" lamps
 expect 2 "PROPERTY VALUE: At least 2 required but received 1" "$client" set Desk brightness
-expect 2 "brightness is a whole number, not '1.5'" "$client" set Desk brightness 1.5
-expect 2 "'name' cannot be set; these can: brightness, hue, whiteness, state" "$client" set Desk name Other
+expect 2 "lumeroomctl: the following argument was not expected: --nope" "$client" --nope
+expect 2 "'name' cannot be set; these can: brightness, hue, whiteness, saturation, kelvin, state" \
+    "$client" set Desk name Other
+refused() { # by what it says, and what is set
+    expect 2 "lumeroomctl: $1" "$client" set "Desk lamp" state off "${@:2}"
+}
+refused "brightness is a whole number from 0 to 255, or 0% to 100%, not '1.5'" brightness 1.5
+refused "brightness is" brightness 100.1%
+refused "hue is a whole number from 0 to 257, or 0deg to 360deg, not '-1deg'" hue -1deg
+refused "kelvin is a whole number from 2500 to 9000, not '2499'" kelvin 2499
+refused "kelvin is" kelvin nanK
+refused "saturation is given twice" whiteness 1 saturation 1
 ! "$client" $'dance\e\u202e' 2>&1 | grep -q $'[\e\u202e]' || fail "a message works the terminal"
 
 "$lumeroom" --demo 2>/dev/null &
@@ -72,6 +82,10 @@ wait_for knows_addresses
 any=$(grep -o '127[0-9.]*' "$folder/config/lumeroom/demo.plist" | head -n 1)
 first=${any%.*}.1
 second=${any%.*}.2
+
+# Without --demo
+expect 3 "lumeroomctl: only the demonstration is running; add --demo to control it" "$client" lamps
+expect 3 "Lumeroom is not running" "$client" --defaults "$folder/none.plist" lamps
 
 # Lists; wide characters line up
 ctl lamps | grep -q '^Desk lamp \{25\}on '
@@ -98,10 +112,44 @@ wait_for grep -q '"event":"changed","id":"d073d50000010000",.*"property":"bright
 ctl set "Desk lamp" state on # whatever the lamp last reported
 wait_for lamp_holds "$first" 6 65535
 
+# In people's units, both ends of the range exact; kelvin alone makes it white
+sets() { # what is set, then what the lamp has to hold of it
+    # shellcheck disable=SC2086
+    ctl set "Desk lamp" $1
+    wait_for lamp_holds "$first" "${@:2}"
+}
+sets "brightness 100% kelvin 2700" 3 65025
+lamp_holds "$first" 4 2700 && lamp_holds "$first" 2 0 || fail "it is no warm white"
+ctl lamps | grep -q '^Desk lamp .* on .* 100%  *2700 K' || fail "$(ctl lamps)"
+expect 0 2700 ctl get "Desk lamp" kelvin
+sets "brightness 0% kelvin 9000K saturation 100%" 3 0
+lamp_holds "$first" 4 9000 && lamp_holds "$first" 2 65025 || fail "it is no cool colour"
+sets "brightness 40% hue 120°" 3 26010
+wait_for grep -qx "Desk lamp: kelvin 2700" "$folder/watched"
+shows_colour() { ctl lamps | grep -q '^Desk lamp .* on .* 40%  *green 120°'; }
+wait_for shows_colour
+
+# Off and on again, all of them or none
+ctl toggle "Desk lamp" "Ceiling"
+wait_for lamp_holds "$first" 6 0
+wait_for lamp_holds "$second" 6 0
+ctl toggle "Ceiling" "Desk lamp"
+wait_for lamp_holds "$first" 6 65535
+wait_for lamp_holds "$second" 6 65535
+expect 1 "nothing named 'Nobody'" ctl toggle "Desk lamp" Nobody
+sleep 0.2
+lamp_holds "$first" 6 65535 || fail "half of a toggle was done"
+
 # A LIGHT_SETCOLOR of brightness 32639 from elsewhere: the lamp tells by itself
 printf '\x31\0\0\x14\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x66\0\0\0\0\0\0\0\0\x7f\x7f\xac\x0d\0\0\0\0' \
     >"/dev/udp/$second/56700"
 wait_for grep -qx "Ceiling: brightness 127" "$folder/watched"
+
+# In the panel's words
+ctl set "Desk lamp" brightness 1 hue 120deg whiteness 80%
+shows_pale() { ctl lamps | grep -q '^Desk lamp .* on .* 1%  *pale green 120°'; }
+wait_for shows_pale
+ctl set "Desk lamp" brightness 50
 
 # Any program of the bus
 service=com.tanagerworks.Lumeroom.Demo
@@ -113,6 +161,7 @@ set_property() {
 }
 gdbus introspect --session --recurse --dest "$service" --object-path "$root" >"$folder/tree"
 grep -q 'readwrite i Brightness = 50;' "$folder/tree"
+grep -q 'readonly s Search = .*No lamp has answered there' "$folder/tree"
 grep -q 'GetManagedObjects(out a{oa{sa{sv}}} objects);' "$folder/tree"
 expect 1 "A lamp's hue is not sent by itself. Apply sends it." set_property Hue '<int32 1>'
 set_property Brightness '<int32 150>' >/dev/null
@@ -127,8 +176,7 @@ expect 1 "UnknownProperty: There is no property Speed." call "$lamp" \
     --method com.tanagerworks.Lumeroom.Lamp.Apply "{'Brightness': <int32 1>, 'Speed': <int32 1>}"
 expect 1 "UnknownMethod: There is no RunPreset with the arguments (si) here." \
     call "$root" --method com.tanagerworks.Lumeroom.RunPreset 1 2
-expect 2 "Brightness is a whole number from 0 to 255, not 99999999999." \
-    ctl set "Desk lamp" brightness 99999999999
+expect 2 "brightness is a whole number from 0 to 255" ctl set "Desk lamp" brightness 99999999999
 expect 1 "UnknownObject" call "$root/nowhere" --method org.freedesktop.DBus.Introspectable.Introspect
 sleep 0.5
 [ "$(state_of_lamps)" = "$before" ] || fail "a refused change reached the lamp"
@@ -137,7 +185,8 @@ sleep 0.5
 wait_for ctl get location:Home
 zone() { ctl zones | awk 'NR == 2 { print $NF }' | grep .; }
 wait_for zone
-expect 1 "A zone goes on and off with its lamp." ctl set "$(zone)" state off
+expect 1 "lumeroomctl: a zone goes on and off with its lamp" ctl set "$(zone)" state off
+expect 1 "a zone goes on and off with its lamp" ctl toggle "Desk lamp" "$(zone)"
 ctl set location:Home brightness 200
 wait_for lamp_holds "$second" 3 51000
 expect 0 8 eval 'ctl lamps --json | grep -c "brightness.: 200"'
@@ -162,6 +211,7 @@ expect 0 "already running" "$lumeroom" --defaults "$folder/config/../config/lume
 other=$!
 others() { [ "$("$client" --defaults "$folder/other.plist" lamps --names | wc -l)" -eq 2 ]; }
 wait_for others
+expect 0 "lumeroomctl: none of the lamps has told of zones" "$client" --defaults "$folder/other.plist" zones
 shows_lamps 8 || fail "the second program disturbed the first"
 
 # Completion

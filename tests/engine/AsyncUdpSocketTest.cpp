@@ -229,9 +229,16 @@ TEST_F(AsyncUdp, failuresAreSaidOnce)
         socket->sendDataToHost({1}, "127.255.255.255", peer.port()); // which needs leave
     EXPECT_EQ(linesWith("cannot send to 127.255.255.255"), 1);
     EXPECT_EQ(linesWith("works again"), 0);
+    const std::string firewall = "The system's firewall does not let the program send.";
+    EXPECT_EQ(io.complaints().latest(), firewall);
+    io.complaints().hostIsUnknown("a.lamp");
+    EXPECT_EQ(io.complaints().latest(), "There is no computer of the name a.lamp.");
+    io.complaints().succeeded("a.lamp");
+    EXPECT_EQ(io.complaints().latest(), firewall); // which still holds
     socket->enableBroadcast(true);
     socket->sendDataToHost({1}, "127.255.255.255", peer.port());
     EXPECT_EQ(linesWith("sending to 127.255.255.255 works again"), 1);
+    EXPECT_EQ(io.complaints().latest(), "");
 }
 
 TEST(HostResolver, aNameIsAskedForOnceAndFewAtATimeAndNobodyWaits)

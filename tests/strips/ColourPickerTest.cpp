@@ -12,6 +12,7 @@ using Slider = SSCircularSlider;
 
 struct Picked : ZTColourPickerDelegate {
     void userHasPickedColour(const Colour& colour) override { colours.push_back(colour); }
+    void userHasCancelled() override { }
     std::vector<Colour> colours;
 };
 

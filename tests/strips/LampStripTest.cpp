@@ -1,3 +1,4 @@
+#include "base/LocalTime.h"
 #include "strips/StripHarness.h"
 
 namespace lumeroom::test {
@@ -45,6 +46,108 @@ TEST_F(LampStrip, aDragSendsTenASecondAndItsLastValue)
     EXPECT_LE(commands.size(), 11U);
     ASSERT_GE(commands.size(), 9U);
     EXPECT_EQ(commands.back(), "colour 1: 1000 65025 25245 3500");
+}
+
+TEST_F(LampStrip, theCaptionSaysWhatTheTargetIsAndDoes)
+{
+    using Contact = StripCondition::Contact;
+    const auto strip = makeLampStrip();
+    const auto captionOf = [](LampControlStrip& of, StripCondition condition,
+                               const Value::Dictionary& settings, int capabilities = 7) {
+        of.setCapabilities(capabilities);
+        of.setCondition(condition);
+        report(of, settings);
+        return of.caption().caption().text;
+    };
+    const Value::Dictionary white{
+        {"onoff", true}, {"brightness", 202}, {"saturation", 255}, {"warmth", 5500}, {"colour", 0}};
+    const Value::Dictionary orange{
+        {"onoff", true}, {"brightness", 1}, {"saturation", 60}, {"colour", 5461}};
+    EXPECT_EQ(captionOf(*strip, {}, white), "79 % · 3500 K");
+    EXPECT_EQ(captionOf(*strip, {}, orange), "1 % · orange");
+    EXPECT_EQ(captionOf(*strip, {}, orange, 4), "1 % · 3500 K");
+    EXPECT_EQ(captionOf(*strip, {}, orange, 2), "1 %");
+    EXPECT_EQ(
+        captionOf(*strip, {Contact::Waiting, {}, 0, 0, {}, false}, orange), "Waiting for the lamp");
+    EXPECT_FALSE(strip->brightnessSlider().isEnabled() || strip->onOffButton().isEnabled()
+        || strip->colourWell().isEnabled());
+    strip->implementEffect("Fire");
+    EXPECT_EQ(captionOf(*strip, {}, orange), "1 % · Fire");
+    EXPECT_TRUE(strip->brightnessSlider().isEnabled() && strip->onOffButton().isEnabled());
+    strip->stopEffect();
+    EXPECT_EQ(captionOf(*strip, {}, {{"onoff", false}}), "Off");
+    const TimePoint heard = loop.now();
+    const std::string moment = momentText(heard, heard);
+    for (const auto& [silence, words] : {std::pair(Seconds(0), "Last heard " + moment),
+             std::pair(Seconds(86400), "Last heard yesterday " + moment)}) {
+        loop.advance(silence);
+        EXPECT_EQ(
+            captionOf(*strip, {Contact::Silent, heard, 0, 0, {}, false}, {}), "Not answering");
+        EXPECT_EQ(strip->caption().caption().toolTip.find(words + ". It may"), 0U) << words;
+    }
+    EXPECT_EQ(strip->state(), StripState::NotAnswering);
+    EXPECT_FALSE(strip->brightnessSlider().isEnabled()); // it has never told a state
+
+    const auto group = makeStrip("0", StripType::Group);
+    EXPECT_EQ(
+        captionOf(*group, {Contact::Answering, {}, 3, 2, {}, true}, white), "2 of 3 on · 79 %");
+    EXPECT_EQ(captionOf(*group, {Contact::Answering, {}, 3, 3, {}, true}, white), "3 on · 79 %");
+    const Value::Dictionary off{{"onoff", false}};
+    EXPECT_EQ(captionOf(*group, {Contact::Answering, {}, 3, 1, {}, true}, off), "1 of 3 on · 79 %");
+    EXPECT_EQ(captionOf(*group, {}, off), "No lamps");
+}
+
+TEST_F(LampStrip, aColourThatTheSliderShowsIsSaidToBeUnsentUntilItIsSent)
+{
+    const auto strip = makeLampStrip({.hue = 1000, .saturation = 65535});
+    const auto choose = [&](float colour) {
+        strip->colourSlider().moveTo(colour);
+        loop.advance(Seconds(0.2));
+        return strip->caption().caption().hint;
+    };
+    float colour = 2000;
+    const std::function<void()> waysToSend[] = {[&] { strip->colourSlider().confirm(); },
+        [&] { strip->sendButton().press(); }, [&] { strip->switchOn(); },
+        [&] {
+            strip->implementSettingsFromDictionaryWithTransitionTime(
+                StripSettings::fromDictionary({{"colour", colour}, {"transition", 3}}));
+        }};
+    EXPECT_FALSE(strip->colourSlider().confirm()); // nothing waits
+    EXPECT_TRUE(sent().empty());
+    for (const auto& send : waysToSend) {
+        EXPECT_EQ(choose(++colour), "not sent");
+        EXPECT_FALSE(strip->sendButton().isHidden());
+        strip->brightnessSlider().moveTo(100 + colour / 100); // sends no colour
+        loop.advance(Seconds(0.2));
+        EXPECT_TRUE(strip->showsUnsentColour());
+        sent();
+        send();
+        EXPECT_NE(
+            sent().back().find(fmt::format(": {} ", static_cast<int>(colour))), std::string::npos);
+        EXPECT_TRUE(strip->sendButton().isHidden() && !strip->showsUnsentColour());
+    }
+    StripSettings told = StripSettings::fromDictionary({{"colour", 1000}});
+    told.reports = 7;
+    loop.advance(Seconds(10));
+    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told);
+    EXPECT_EQ(choose(5000), "not sent");
+    loop.advance(Seconds(10));
+    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told); // another's news
+    EXPECT_TRUE(strip->showsUnsentColour());
+    ++*told.reports; // the lamp's colour shows again
+    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told);
+    EXPECT_EQ(strip->colourSlider().value(), 1000);
+    EXPECT_FALSE(strip->showsUnsentColour());
+    EXPECT_EQ(choose(2004.4F), ""); // which the lamp was last sent
+
+    defaults.setObject(keys::kColourSliderActsAtOnce, true);
+    strip->colourSlider().moveTo(6000);
+    strip->colourSlider().moveTo(7000);
+    EXPECT_TRUE(sent().empty() && strip->hasPendingAction());
+    loop.advance(Seconds(0.2));
+    ASSERT_EQ(sent().size(), 1U);
+    EXPECT_EQ(*engine().registry().lampWithID(lampID(1))->colour, 7000);
+    EXPECT_FALSE(strip->showsUnsentColour());
 }
 
 TEST_F(LampStrip, powerOnLeavesColoursAloneThatAreZonesOrUnknown)

@@ -17,6 +17,8 @@ public:
     {
     }
     Size size() const override { return {100, 50}; }
+    Size naturalSize() const override { return size(); }
+    void setWidth(float) override { }
     Point origin() const override { return {}; }
     void setOrigin(Point, bool) override { }
     void setShown(bool) override { }

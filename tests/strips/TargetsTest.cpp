@@ -183,11 +183,13 @@ TEST_F(Targets, theStatusMenuTogglesAndShowsTheStrip)
         for (const bool on : {true, false, true}) {
             item->choose();
             EXPECT_EQ(sent().at(0), on ? "power 1 on" : "power 1 off");
+            EXPECT_EQ(item->isChecked(), on);
             EXPECT_EQ(item->image().oval, on ? (Rgba{1, 0, 0, 0.5F}) : (Rgba{0, 0, 0, 0}));
         }
     }
     item->choose(); // the menu has outlived the strip
     EXPECT_EQ(item->image().oval.alpha, 0);
+    EXPECT_FALSE(item->hasCheck());
     EXPECT_TRUE(sent().empty());
 }
 

@@ -4,6 +4,7 @@
 #include "base/UserDefaults.h"
 #include "engine/ArpTable.h"
 #include "engine/EngineRoom.h"
+#include "engine/NetworkComplaints.h"
 #include "engine/QVLIFXEngineDelegate.h"
 #include "support/FakeSockets.h"
 #include "support/LampReplies.h"
@@ -77,8 +78,8 @@ struct EngineHarness : ::testing::Test {
     EngineRoom& engine()
     {
         if (!m_engine) {
-            m_engine = std::make_unique<EngineRoom>(EngineEnvironment{
-                loop, pacer, defaults, log, sockets.factory(), [] { return kProducts; }, arp});
+            m_engine = std::make_unique<EngineRoom>(EngineEnvironment{loop, pacer, defaults, log,
+                sockets.factory(), [] { return kProducts; }, arp, &complaints});
             m_engine->setDelegate(&delegate);
         }
         return *m_engine;
@@ -145,6 +146,7 @@ struct EngineHarness : ::testing::Test {
     RunLoopPacer pacer{loop};
     UserDefaults defaults;
     FakeArpTable arp;
+    NetworkComplaints complaints{log};
     FakeSockets sockets;
     RecordingDelegate delegate;
 

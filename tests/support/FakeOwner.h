@@ -19,6 +19,16 @@ public:
     }
     void stripHasMissedReports() override { calls.emplace_back("missed"); }
     void stripHasChanged() override { }
+    void stripSends(
+        LampControlStrip&, const ControlModel&, const std::function<void()>& send) override
+    {
+        send();
+    }
+    void colourIsUnsent(LampControlStrip&, bool) override { }
+    void userHasCancelled(LampControlStrip&, const ControlModel&) override
+    {
+        calls.emplace_back("cancelled");
+    }
     void targetWasRenamed(LampControlStrip& strip) override
     {
         calls.push_back("renamed " + strip.getID());

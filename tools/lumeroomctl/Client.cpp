@@ -1,11 +1,13 @@
 #include "Client.h"
 
 #include "Failure.h"
+#include "desktop/SettingsFile.h"
 #include "desktop/dbus/CallOnceStarted.h"
 #include "desktop/dbus/ManagedObjects.h"
 #include "desktop/dbus/ProgramIdentity.h"
 
 #include <QDBusArgument>
+#include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QHash>
 
@@ -18,9 +20,18 @@ namespace bus = lumeroom::bus;
 
 namespace {
 
-Failure failureOf(const QDBusMessage& error)
+Failure notRunningFailure(const QDBusConnection& bus, const QString& service)
 {
-    Failure notRunning{kNotRunning, QStringLiteral("Lumeroom is not running")};
+    const QString demonstration = lumeroom::serviceName(lumeroom::settingsFile(true, {}));
+    if (service == bus::kService && bus.interface()->isServiceRegistered(demonstration)) {
+        return {kNotRunning,
+            QStringLiteral("only the demonstration is running; add --demo to control it")};
+    }
+    return {kNotRunning, QStringLiteral("Lumeroom is not running")};
+}
+
+Failure failureOf(const QDBusMessage& error, const Failure& notRunning)
+{
     // The error of a call that is to start nothing; Qt has no type for it.
     if (error.errorName() == QLatin1StringView("org.freedesktop.DBus.Error.NameHasNoOwner"))
         return notRunning;
@@ -34,9 +45,9 @@ Failure failureOf(const QDBusMessage& error)
     case QDBusError::TimedOut:
         return {kFailed, QStringLiteral("Lumeroom does not answer")};
     case QDBusError::InvalidArgs:
-        return {kBadUsage, error.errorMessage()};
+        return {kBadUsage, withinSentence(error.errorMessage())};
     default:
-        return {kFailed, error.errorMessage()};
+        return {kFailed, withinSentence(error.errorMessage())};
     }
 }
 
@@ -62,6 +73,11 @@ QStringList pathsIn(const QVariant& value)
     return paths;
 }
 
+QStringList Thing::lamps() const
+{
+    return pathsIn(properties.value(QStringLiteral("Lamps")));
+}
+
 Client::Client(QString service)
     : m_bus(QDBusConnection::sessionBus())
     , m_service(std::move(service))
@@ -79,7 +95,7 @@ QDBusMessage Client::call(const QString& path, const QString& interface, const Q
     message.setAutoStartService(false);
     const QDBusMessage answer = lumeroom::callOnceStarted(m_bus, message);
     if (answer.type() == QDBusMessage::ErrorMessage)
-        throw failureOf(answer);
+        throw failureOf(answer, notRunningFailure(m_bus, m_service));
     return answer;
 }
 
@@ -113,7 +129,7 @@ Things Client::things() const
     return things;
 }
 
-Thing Client::thingNamed(const QString& name) const
+Thing thingNamed(const Things& things, const QString& name)
 {
     const QString kind = name.section(u':', 0, 0);
     const bool namesKind = kind.size() < name.size()
@@ -123,7 +139,7 @@ Thing Client::thingNamed(const QString& name) const
     Things byID;
     Things lamps;
     Things others;
-    for (const Thing& thing : things()) {
+    for (const Thing& thing : things) {
         if (namesKind && thing.kind->name != kind)
             continue;
         if (thing.id() == wanted)
@@ -136,6 +152,13 @@ Thing Client::thingNamed(const QString& name) const
             return onlyOneOf(candidates, name);
     }
     return onlyOneOf(others, name);
+}
+
+QString Client::search() const
+{
+    const auto answer = call(bus::kRootPath, bus::kProperties, QStringLiteral("Get"),
+        {QString(bus::kProgram), QStringLiteral("Search")});
+    return qdbus_cast<QString>(answer.arguments().value(0));
 }
 
 void Client::apply(const Thing& thing, const QVariantMap& properties) const

@@ -17,6 +17,7 @@ struct Thing {
     bool isGroup() const { return kind->interface == lumeroom::bus::kGroup; }
     QString label() const { return properties.value(QStringLiteral("Label")).toString(); }
     QString id() const { return properties.value(QStringLiteral("ID")).toString(); }
+    QStringList lamps() const; ///< by path; of a group
 };
 using Things = QList<Thing>;
 
@@ -28,8 +29,8 @@ public:
     /// All that is known, kind by kind: what the panel shows as it shows it, then the rest by name.
     /// Waits for a program that is starting.
     Things things() const;
-    /// The one with this label or ID; a kind and ":" before it leave only that kind.
-    Thing thingNamed(const QString& name) const;
+    /// Where lamps were looked for and what to check, in lines.
+    QString search() const;
     void apply(const Thing& thing, const QVariantMap& properties) const;
     void runPreset(const QString& name) const;
 
@@ -43,6 +44,9 @@ private:
     QDBusConnection m_bus;
     QString m_service;
 };
+
+/// The one with this label or ID; a kind and ":" before it leave only that kind. Throws a Failure.
+Thing thingNamed(const Things& things, const QString& name);
 
 /// The lamps of a group, or any other list of objects, by path.
 QStringList pathsIn(const QVariant& value);

@@ -4,6 +4,7 @@
 #include "Options.h"
 #include "Properties.h"
 #include "Watcher.h"
+#include "Words.h"
 #include "desktop/SettingsFile.h"
 #include "desktop/Table.h"
 #include "desktop/dbus/ProgramIdentity.h"
@@ -11,6 +12,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace lumeroomctl {
@@ -35,16 +37,30 @@ void printJsonValue(const QJsonValue& value)
     print(lumeroom::printableJson(text.mid(1, text.size() - 2)) + u'\n');
 }
 
+bool hasLamps(const Things& all)
+{
+    return std::any_of(all.begin(), all.end(),
+        [](const Thing& thing) { return thing.kind->type == lumeroom::StripType::Lamp; });
+}
+
+/// What a person who sees nothing listed may wonder at.
+void explain(const Client& client, const lumeroom::ObjectKind& kind, const Things& all)
+{
+    if (hasLamps(all)) {
+        complain(whyEmpty(kind, all));
+        return;
+    }
+    for (const QString& line : client.search().split(u'\n'))
+        complain(line);
+    complain(QStringLiteral("A program that has just started needs some seconds."));
+}
+
 void list(const Client& client, const Options& options, const lumeroom::ObjectKind& kind)
 {
     const Things all = client.things();
     const bool ofGroups = kind.interface == lumeroom::bus::kGroup;
-    QStringList columns{QStringLiteral("label"), QStringLiteral("state"),
-        QStringLiteral("brightness"), QStringLiteral("hue"), QStringLiteral("whiteness"),
-        QStringLiteral("id")};
-    QList<QStringList> rows{{}};
-    for (const QString& column : columns)
-        rows.first().append(column.toUpper());
+    QList<QStringList> rows{{QStringLiteral("LABEL"), QStringLiteral("STATE"),
+        QStringLiteral("BRIGHTNESS"), QStringLiteral("COLOUR"), QStringLiteral("ID")}};
     if (ofGroups)
         rows.first().append(QStringLiteral("LAMPS"));
     QJsonArray objects;
@@ -52,12 +68,10 @@ void list(const Client& client, const Options& options, const lumeroom::ObjectKi
         if (thing.kind != &kind)
             continue;
         objects.append(jsonOf(thing, all));
-        QStringList row;
-        for (const QString& column : columns)
-            row.append(textOf(thing, column, all));
+        QStringList row{textOf(thing, QStringLiteral("label"), all)};
+        row << lightInWords(thing) << textOf(thing, QStringLiteral("id"), all);
         if (ofGroups)
-            row.append(
-                QString::number(pathsIn(thing.properties.value(QStringLiteral("Lamps"))).size()));
+            row.append(QString::number(thing.lamps().size()));
         rows.append(row);
     }
     if (options.names) {
@@ -65,15 +79,17 @@ void list(const Client& client, const Options& options, const lumeroom::ObjectKi
             print(row.first() + u'\n');
     } else if (options.json) {
         printJson(QJsonDocument(objects));
-    } else {
+    } else if (rows.size() > 1) {
         print(lumeroom::tableOf(rows));
     }
+    if (!options.names && !options.json)
+        explain(client, kind, all);
 }
 
 void get(const Client& client, const Options& options)
 {
-    const Thing thing = client.thingNamed(options.arguments.first());
-    const Things all = thing.isGroup() ? client.things() : Things();
+    const Things all = client.things();
+    const Thing thing = thingNamed(all, options.arguments.first());
     if (options.arguments.size() > 1) {
         const QString property = options.arguments[1].toLower();
         if (options.json)
@@ -90,6 +106,22 @@ void get(const Client& client, const Options& options)
     for (const QString& name : propertyNames(thing.isGroup()))
         rows.append({name, textOf(thing, name, all)});
     print(lumeroom::tableOf(rows));
+}
+
+/// All are found before the first is switched.
+void toggle(const Client& client, const QStringList& names)
+{
+    const Things all = client.things();
+    Things chosen;
+    for (const QString& name : names)
+        chosen.append(thingNamed(all, name));
+    for (const Thing& thing : chosen) {
+        if (thing.kind->type == lumeroom::StripType::Zone)
+            throw Failure{kFailed, QStringLiteral("a zone goes on and off with its lamp")};
+    }
+    const QString state = QStringLiteral("State");
+    for (const Thing& thing : chosen)
+        client.apply(thing, {{state, !thing.properties.value(state).toBool()}});
 }
 
 } // namespace
@@ -111,7 +143,9 @@ int runCommand(const Options& options)
     if (options.command == QLatin1StringView("get"))
         get(client, options);
     else if (options.command == QLatin1StringView("set"))
-        client.apply(client.thingNamed(options.arguments.first()), changes);
+        client.apply(thingNamed(client.things(), options.arguments.first()), changes);
+    else if (options.command == QLatin1StringView("toggle"))
+        toggle(client, options.arguments);
     else if (options.command == QLatin1StringView("run"))
         client.runPreset(options.arguments.first());
     else

@@ -13,4 +13,9 @@ struct Failure {
     QStringList more = {}; ///< further lines
 };
 
+/// What others say in a sentence, without its capital and full stop: it stands behind a colon.
+QString withinSentence(const QString& sentence);
+/// Says it on standard error, if there is anything to say.
+void complain(const QString& what);
+
 } // namespace lumeroomctl

@@ -15,11 +15,19 @@ name one kind, put it before: lamp:NAME, zone:NAME, group:NAME, location:NAME,
 tag:NAME. The group of all lamps is group:All.
 
 PROPERTY is one of
-  brightness           0 to 255
-  hue                  0 to 257, once round the colour circle
-  whiteness            0 for full colour to 255 for white
+  brightness           0 to 255, or 0% to 100%
+  hue                  0 to 257, or 0deg to 360deg, once round the colour circle
+  whiteness            0 for full colour to 255 for white, or 0% to 100%
+  saturation           the other way round: 0 for white (only to set)
+  kelvin               2500 to 9000, from warm to cool white; makes the lamp white
+                       unless hue, whiteness or saturation is set with it
   state                on or off
 and to read: name, label, id, kind, and a group's lamps
+
+The lists are for people. For programs there are get, which gives the plain
+numbers, --json and --names.
+
+  lumeroomctl set "Desk lamp" state on brightness 40% kelvin 2700
 
 Exit status: 0 done; 1 not found, or it failed; 2 bad usage or value; 3 Lumeroom
 is not running.)";
@@ -31,6 +39,7 @@ struct Typed {
     bool demo = false;
     std::string defaultsFile;
     std::string name;
+    std::vector<std::string> toggled;
     std::string property;
     std::vector<std::string> changes;
 };
@@ -60,6 +69,8 @@ void addCommands(CLI::App& app, Typed& typed)
     CLI::App* set = app.add_subcommand("set", "change properties, all at once");
     set->add_option("NAME", typed.name, "a label or an ID")->required();
     set->add_option("PROPERTY VALUE", typed.changes, "as many as wanted")->required()->type_size(2);
+    CLI::App* toggle = app.add_subcommand("toggle", "switch on what is off, and off what is on");
+    toggle->add_option("NAME", typed.toggled, "labels or IDs")->required();
     CLI::App* run
         = app.add_subcommand("run", "run a preset; \"All on\" and \"All off\" always exist");
     run->add_option("PRESET", typed.name, "its name")->required();
@@ -68,7 +79,7 @@ void addCommands(CLI::App& app, Typed& typed)
 
 [[noreturn]] void badUsage(const QString& what)
 {
-    throw Failure{kBadUsage, what, {QStringLiteral("Try 'lumeroomctl --help'.")}};
+    throw Failure{kBadUsage, withinSentence(what), {QStringLiteral("Try 'lumeroomctl --help'.")}};
 }
 
 Options optionsFrom(const CLI::App& app, const Typed& typed)

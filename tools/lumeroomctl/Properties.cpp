@@ -1,6 +1,7 @@
 #include "Properties.h"
 
 #include "Failure.h"
+#include "Numbers.h"
 #include "desktop/Table.h"
 
 #include <QJsonArray>
@@ -13,12 +14,16 @@ namespace {
 const QString kState = QStringLiteral("state");
 const QString kLamps = QStringLiteral("lamps");
 const QString kKind = QStringLiteral("kind");
-const QStringList kWritable{
-    QStringLiteral("brightness"), QStringLiteral("hue"), QStringLiteral("whiteness"), kState};
+// Saturation is another word for whiteness, and says no more than it.
+const QStringList kReadable{QStringLiteral("name"), QStringLiteral("label"), QStringLiteral("id"),
+    kKind, QStringLiteral("brightness"), QStringLiteral("hue"), QStringLiteral("whiteness"),
+    QStringLiteral("kelvin"), kState, QStringLiteral("contact")};
 
 /// As the bus has it: "id" is "ID", others begin with a capital.
 QString busName(const QString& name)
 {
+    if (const Number* number = numberNamed(name))
+        return number->busName;
     return name == QLatin1StringView("id") ? QStringLiteral("ID")
                                            : name.left(1).toUpper() + name.mid(1);
 }
@@ -47,9 +52,31 @@ bool parseState(const QString& text)
     throw Failure{kBadUsage, QStringLiteral("state is on or off, not '%1'").arg(text)};
 }
 
+QVariant valueOf(const Thing& thing, const QString& name)
+{
+    const QVariant value = thing.properties.value(busName(name));
+    const Number* number = numberNamed(name);
+    return number ? number->fromBus(value.toInt()) : value;
+}
+
+QVariant parseValue(const QString& name, const QString& text)
+{
+    if (name == kState)
+        return parseState(text);
+    if (const Number* number = numberNamed(name))
+        return number->parse(text);
+    QStringList writable;
+    for (const Number& number : numbers())
+        writable.append(number.name);
+    writable.append(kState);
+    throw Failure{kBadUsage,
+        QStringLiteral("'%1' cannot be set; these can: %2")
+            .arg(name, writable.join(QLatin1StringView(", ")))};
+}
+
 QStringList idsOfLamps(const Thing& group, const Things& all)
 {
-    const QStringList paths = pathsIn(group.properties.value(QStringLiteral("Lamps")));
+    const QStringList paths = group.lamps();
     const QSet<QString> members(paths.begin(), paths.end());
     QStringList ids;
     for (const Thing& thing : all) {
@@ -63,16 +90,16 @@ QStringList idsOfLamps(const Thing& group, const Things& all)
 
 QStringList propertyNames(bool ofGroup)
 {
-    QStringList names{QStringLiteral("name"), QStringLiteral("label"), QStringLiteral("id"), kKind};
-    names += kWritable;
+    QStringList names = kReadable;
     if (ofGroup)
         names.append(kLamps);
     return names;
 }
 
-QString typedName(const QString& name)
+bool isTold(const QString& name, const QVariantMap& changes)
 {
-    return name.toLower();
+    // The name is the label, and says so once.
+    return name != QLatin1StringView("name") && changes.contains(busName(name));
 }
 
 QString textOf(const Thing& thing, const QString& name, const Things& all)
@@ -82,7 +109,7 @@ QString textOf(const Thing& thing, const QString& name, const Things& all)
         return lumeroom::printable(idsOfLamps(thing, all).join(u' '));
     if (name == kKind)
         return thing.kind->name;
-    const QVariant value = thing.properties.value(busName(name));
+    const QVariant value = valueOf(thing, name);
     if (name == kState)
         return value.toBool() ? QStringLiteral("on") : QStringLiteral("off");
     return lumeroom::printable(value.toString());
@@ -95,7 +122,7 @@ QJsonValue jsonOf(const Thing& thing, const QString& name, const Things& all)
         return QJsonArray::fromStringList(idsOfLamps(thing, all));
     if (name == kKind)
         return QString(thing.kind->name);
-    return QJsonValue::fromVariant(thing.properties.value(busName(name)));
+    return QJsonValue::fromVariant(valueOf(thing, name));
 }
 
 QJsonObject jsonOf(const Thing& thing, const Things& all)
@@ -111,24 +138,17 @@ QVariantMap parseChanges(const QStringList& pairs)
     QVariantMap changes;
     for (qsizetype i = 0; i + 1 < pairs.size(); i += 2) {
         const QString name = pairs[i].toLower();
-        const QString& text = pairs[i + 1];
-        if (!kWritable.contains(name)) {
-            throw Failure{kBadUsage,
-                QStringLiteral("'%1' cannot be set; these can: %2")
-                    .arg(pairs[i], kWritable.join(QLatin1StringView(", ")))};
-        }
+        const QVariant value = parseValue(name, pairs[i + 1]);
         if (changes.contains(busName(name)))
             throw Failure{kBadUsage, QStringLiteral("%1 is given twice").arg(name)};
-        bool isNumber = true;
-        // The program knows the ranges.
-        const QVariant value
-            = name == kState ? QVariant(parseState(text)) : text.toLongLong(&isNumber);
-        if (!isNumber) {
-            throw Failure{
-                kBadUsage, QStringLiteral("%1 is a whole number, not '%2'").arg(name, text)};
-        }
         changes.insert(busName(name), value);
     }
+    // A lamp that shows a colour would not show its white.
+    const Number& kelvin = *numberNamed(QStringLiteral("kelvin"));
+    const Number& whiteness = *numberNamed(QStringLiteral("whiteness"));
+    if (changes.contains(kelvin.busName) && !changes.contains(whiteness.busName)
+        && !changes.contains(busName(QStringLiteral("hue"))))
+        changes.insert(whiteness.busName, whiteness.most);
     return changes;
 }
 

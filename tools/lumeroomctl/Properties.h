@@ -8,8 +8,8 @@ namespace lumeroomctl {
 
 /// The properties by the names that people type, in the order in which they show.
 QStringList propertyNames(bool ofGroup);
-/// The name that people type of one that the bus sends.
-QString typedName(const QString& busName);
+/// The property is among those that the bus says have changed.
+bool isTold(const QString& name, const QVariantMap& changes);
 
 /// A property's value in people's words; a group's lamps are their IDs. Throws a Failure for a
 /// name that is none.

@@ -55,10 +55,7 @@ void Watcher::propertiesChanged(const QDBusMessage& signal)
     for (auto it = changes.begin(); it != changes.end(); ++it)
         thing->properties.insert(it.key(), it.value());
     for (const QString& name : propertyNames(thing->isGroup())) {
-        const auto isIt = [&name](const QString& key) { return typedName(key) == name; };
-        const QStringList keys = changes.keys();
-        // The name is the label, and says so once.
-        if (name != QLatin1StringView("name") && std::any_of(keys.begin(), keys.end(), isIt))
+        if (isTold(name, changes))
             print(*thing, QStringLiteral("changed"), name);
     }
 }

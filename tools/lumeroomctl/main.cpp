@@ -23,9 +23,8 @@ int run(int argc, char** argv)
         std::fputs(options.answer.toUtf8().constData(), stdout);
         return kDone;
     } catch (const Failure& failure) {
-        // What is wrong may be a name from the network, or one that a program was given.
-        for (const QString& line :
-            QStringList(QStringLiteral("lumeroomctl: ") + failure.message) + failure.more)
+        complain(failure.message);
+        for (const QString& line : failure.more)
             std::fprintf(stderr, "%s\n", lumeroom::printable(line).toUtf8().constData());
         return failure.status;
     }

@@ -3,25 +3,31 @@
 #include "app/NavigationModel.h"
 #include "app/ui/AlertBox.h"
 #include "app/ui/BringToFront.h"
+#include "app/ui/FindBar.h"
 #include "app/ui/NavigationView.h"
+#include "app/ui/NoticeView.h"
+#include "app/ui/StripScroller.h"
 #include "app/ui/Throbber.h"
 #include "app/ui/WorkflowPopoverView.h"
 #include "strips/LayoutManager.h"
 #include "strips/MenuModel.h"
+#include "strips/ui/AccessibleViews.h"
 #include "strips/ui/ColourPickerPopover.h"
 #include "strips/ui/ControlStripView.h"
 #include "strips/ui/FadeIn.h"
 #include "strips/ui/MenuEntry.h"
-#include "strips/ui/Painting.h"
+#include "strips/ui/ScrollIntoSight.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
@@ -30,7 +36,7 @@ namespace lumeroom {
 
 namespace {
 
-constexpr QSize kFirstSize{915, 540}; // three squares side by side, and three rows of them
+constexpr QSize kFirstSize{1065, 560}; // three squares side by side, and three rows of them
 constexpr int kResizeRestMilliseconds = 250;
 
 QSize qSize(Size size)
@@ -43,23 +49,31 @@ Size sizeFrom(QSize size)
     return {static_cast<float>(size.width()), static_cast<float>(size.height())};
 }
 
+/// What the bar takes of the window.
+int heightOf(const QWidget* bar)
+{
+    return bar && !bar->isHidden() ? bar->sizeHint().height() : 0;
+}
+
 } // namespace
 
 ControlPanelWindow::ControlPanelWindow()
-    : m_scrollView(new QScrollArea(this))
-    , m_contentView(new QWidget)
+    : m_contentView(new QWidget)
+    , m_scrollView(new StripScroller(m_contentView, this))
     , m_mainWindowThrobber(new Throbber(m_scrollView))
     , m_resizeRest(new QTimer(this))
     , m_colourPicker(std::make_unique<ColourPickerPopover>())
 {
-    m_scrollView->setWidget(m_contentView);
-    m_scrollView->setFrameShape(QFrame::NoFrame);
-    m_scrollView->setFocusPolicy(Qt::NoFocus);
+    announceViews();
+    m_contentView->setAccessibleName(tr("strips"));
     auto* content = new QWidget(this);
     m_row = new QHBoxLayout(content);
     m_row->setContentsMargins(0, 0, 0, 0);
     m_row->setSpacing(0);
-    m_row->addWidget(m_scrollView, 1);
+    m_column = new QVBoxLayout;
+    m_column->setSpacing(0);
+    m_column->addWidget(m_scrollView, 1);
+    m_row->addLayout(m_column, 1);
     setCentralWidget(content);
     resize(kFirstSize.boundedTo(screen()->availableGeometry().size()));
     m_resizeRest->setSingleShot(true);
@@ -86,6 +100,20 @@ void ControlPanelWindow::stopThrobber()
     m_mainWindowThrobber->stop();
 }
 
+// It may be one of the notice's own buttons that takes it away.
+void ControlPanelWindow::showNotice(const std::optional<PanelNotice>& notice)
+{
+    if (auto* before = std::exchange(m_notice, nullptr)) {
+        before->hide();
+        before->deleteLater();
+    }
+    if (notice) {
+        m_notice = new NoticeView(*notice, m_scrollView);
+        m_notice->show();
+    }
+    settleFocus();
+}
+
 void ControlPanelWindow::placeThrobber()
 {
     const QSize room = m_scrollView->size() - m_mainWindowThrobber->size();
@@ -98,8 +126,6 @@ void ControlPanelWindow::resizeEvent(QResizeEvent* event)
     placeThrobber();
     if (event->spontaneous())
         m_resizeRest->start();
-    if (m_workflowPopover)
-        m_workflowPopover->keepInside();
 }
 
 /// What was asked for before the window showed was for its content, and the menu bar came since.
@@ -136,8 +162,46 @@ void ControlPanelWindow::setNavigation(NavigationModel& navigation, NavigationAc
     view->setFixedWidth(
         LayoutManager::kBesideTheStrips - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     m_row->insertWidget(0, view);
+    view->stackUnder(m_scrollView); // the order in which it is read out
     m_navigation = view;
     view->setFocus();
+}
+
+void ControlPanelWindow::setFind(FindActions actions)
+{
+    m_findBar = new FindBar(std::move(actions), centralWidget());
+    m_column->insertWidget(0, m_findBar);
+    m_findBar->stackUnder(m_scrollView);
+}
+
+void ControlPanelWindow::openFind()
+{
+    if (m_findBar)
+        m_findBar->open();
+}
+
+/// The window grows and shrinks by the field: in the layout of upright strips the rows have no
+/// other room to give.
+void ControlPanelWindow::showFind(const std::optional<FoundCount>& count)
+{
+    const bool wasHidden = m_findBar->isHidden();
+    const Size content = contentSize();
+    if (count)
+        m_findBar->showCount(*count);
+    else
+        m_findBar->close();
+    if (wasHidden == m_findBar->isHidden())
+        return;
+    setContentSize(content);
+    keepLimits();
+    settleFocus();
+}
+
+/// A letter that no control has use for begins a name.
+void ControlPanelWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (!m_findBar || !m_findBar->take(*event))
+        QMainWindow::keyPressEvent(event);
 }
 
 std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
@@ -157,7 +221,9 @@ Size ControlPanelWindow::contentSize() const
 Size ControlPanelWindow::screenSize() const
 {
     const QSize frame = frameGeometry().size() - geometry().size();
-    return sizeFrom(screen()->availableGeometry().size() - frame - around());
+    // The field for a name is there for a moment, and limits nothing that stays.
+    return sizeFrom(
+        screen()->availableGeometry().size() - frame - QSize(0, heightOf(menuWidget())));
 }
 
 Size ControlPanelWindow::scrollViewSize() const
@@ -172,8 +238,7 @@ void ControlPanelWindow::setContainerSize(Size size)
 
 QSize ControlPanelWindow::around() const
 {
-    const QWidget* bar = menuWidget();
-    return {0, bar && !bar->isHidden() ? bar->sizeHint().height() : 0};
+    return {0, heightOf(menuWidget()) + heightOf(m_findBar)};
 }
 
 // The window takes a size that is asked for whatever its limits are. Those that follow are widened
@@ -207,21 +272,37 @@ void ControlPanelWindow::keepOnScreen()
 
 void ControlPanelWindow::setContentMinSize(Size size)
 {
-    setMinimumSize(qSize(size).boundedTo(m_askedSize) + around());
+    m_leastSize = qSize(size);
+    keepLimits();
 }
 
 void ControlPanelWindow::setContentMaxSize(Size size)
 {
     if (size.width >= 1 && size.height >= 1)
-        setMaximumSize(qSize(size).expandedTo(m_askedSize) + around());
+        m_mostSize = qSize(size);
+    keepLimits();
+}
+
+void ControlPanelWindow::keepLimits()
+{
+    if (m_mostSize.isValid())
+        setMaximumSize(m_mostSize.expandedTo(m_askedSize) + around());
+    if (m_leastSize.isValid())
+        setMinimumSize(m_leastSize.boundedTo(m_askedSize) + around());
 }
 
 void ControlPanelWindow::setScrollers(bool horizontal, bool vertical)
 {
+    m_scrollers = {horizontal, vertical};
     const auto policy
         = [](bool needed) { return needed ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff; };
     m_scrollView->setHorizontalScrollBarPolicy(policy(horizontal));
-    m_scrollView->setVerticalScrollBarPolicy(policy(vertical));
+    m_scrollView->setVerticalScrollBarPolicy(policy(vertical || m_workflowPopover));
+}
+
+void ControlPanelWindow::reveal(const LampControlStripView& row)
+{
+    scrollIntoSight(row, *m_scrollView);
 }
 
 void ControlPanelWindow::keepFocus()
@@ -257,18 +338,21 @@ void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView
     if (std::exchange(m_keyboardOrder, rows) == rows)
         return;
     QWidget* last = nullptr;
-    for (LampControlStripView* row : rows) {
-        const auto* widget = dynamic_cast<QWidget*>(row);
-        if (!widget)
-            continue;
-        for (QWidget* control : widget->findChildren<QWidget*>()) {
+    const auto append = [&last](const QWidget* part) {
+        if (!part)
+            return;
+        for (QWidget* control : part->findChildren<QWidget*>()) {
             if (control->focusPolicy() == Qt::NoFocus)
                 continue;
             if (last)
                 setTabOrder(last, control);
             last = control;
         }
-    }
+    };
+    append(m_navigation);
+    append(m_findBar);
+    for (LampControlStripView* row : rows)
+        append(dynamic_cast<QWidget*>(row));
 }
 
 void ControlPanelWindow::popUpMenu(MenuModel& menu, Point at)
@@ -283,31 +367,54 @@ void ControlPanelWindow::popUpMenu(MenuModel& menu, Point at)
 void ControlPanelWindow::showWorkflowPopover(const WorkflowPopover& popover)
 {
     closeWorkflowPopover();
-    QWidget* over = m_scrollView->viewport();
-    m_workflowPopover = new WorkflowPopoverView(popover, over);
-    const QPoint origin = m_contentView->mapTo(over, QPoint());
-    m_workflowPopover->placeBeside(qRect(popover.pointsAt).toAlignedRect().translated(origin));
+    m_workflowPopover = new WorkflowPopoverView(popover, centralWidget());
+    m_column->addWidget(m_workflowPopover);
+    shareRoomWithWorkflow();
     m_workflowPopover->show();
     fadeIn(*m_workflowPopover);
-    m_workflowPopover->takeFocus();
+    bringWorkflowPopoverToFront();
+}
+
+/// What stood where the popover is has to be within reach, and the rows are told of their new room
+/// at once.
+void ControlPanelWindow::shareRoomWithWorkflow()
+{
+    setScrollers(m_scrollers.first, m_scrollers.second);
+    centralWidget()->layout()->activate();
+    placeThrobber();
+}
+
+void ControlPanelWindow::updateWorkflowPopover()
+{
+    if (m_workflowPopover)
+        m_workflowPopover->showState();
 }
 
 void ControlPanelWindow::bringWorkflowPopoverToFront()
 {
-    if (m_workflowPopover)
-        m_workflowPopover->takeFocus();
+    if (!m_workflowPopover)
+        return;
+    QWidget* place = m_workflowPopover->nameField();
+    if (!place && !m_keyboardOrder.empty()) {
+        place = dynamic_cast<QWidget*>(m_keyboardOrder.front());
+        reveal(*m_keyboardOrder.front());
+    }
+    if (place)
+        place->setFocus(Qt::PopupFocusReason);
 }
 
 // It may be the popover's own button that closes it.
 void ControlPanelWindow::closeWorkflowPopover()
 {
-    if (auto* popover = std::exchange(m_workflowPopover, nullptr)) {
-        if (QWidget* focus = focusWidget(); focus && popover->isAncestorOf(focus))
-            focus->clearFocus();
-        popover->hide();
-        popover->deleteLater();
-        settleFocus();
-    }
+    auto* popover = std::exchange(m_workflowPopover, nullptr);
+    if (!popover)
+        return;
+    if (QWidget* focus = focusWidget(); focus && popover->isAncestorOf(focus))
+        focus->clearFocus();
+    popover->hide();
+    popover->deleteLater();
+    shareRoomWithWorkflow();
+    settleFocus();
 }
 
 void ControlPanelWindow::makeKeyAndFront()

@@ -1,15 +1,19 @@
 #pragma once
 
 #include "app/PanelView.h"
+#include "strips/ui/FocusRing.h"
 
 #include <QMainWindow>
 
 class QHBoxLayout;
 class QScrollArea;
 class QTimer;
+class QVBoxLayout;
 
 namespace lumeroom {
 
+class FindBar;
+class NoticeView;
 class Throbber;
 class ColourPickerPopover;
 class WorkflowPopoverView;
@@ -31,6 +35,10 @@ public:
 
     void startThrobber() override;
     void stopThrobber() override;
+    void showNotice(const std::optional<PanelNotice>& notice) override;
+
+    void setFind(FindActions actions) override;
+    void showFind(const std::optional<FoundCount>& count) override;
 
     std::unique_ptr<LampControlStripView> newControlStripView(
         LampControlStrip& strip, int theme) override;
@@ -42,42 +50,58 @@ public:
     void setContentMinSize(Size size) override;
     void setContentMaxSize(Size size) override;
     void setScrollers(bool horizontal, bool vertical) override;
+    void reveal(const LampControlStripView& row) override;
     void keepFocus() override;
     void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) override;
 
     void popUpMenu(MenuModel& menu, Point at) override;
     void showWorkflowPopover(const WorkflowPopover& popover) override;
+    void updateWorkflowPopover() override;
     void bringWorkflowPopoverToFront() override;
     void closeWorkflowPopover() override;
+
+    /// Brings the keyboard to the field for a name.
+    void openFind();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void placeThrobber();
+    void shareRoomWithWorkflow();
     void endLiveResize();
-    /// What the window has around its content: the menu bar.
+    /// What the window has around its content: the menu bar, and the field for a name.
     QSize around() const;
+    void keepLimits();
     void keepOnScreen();
     /// A keyboard whose place is gone comes back to the control it was on in the rows, or to the
     /// navigation.
     void settleFocus();
 
+    FocusRingWatch m_focusRingWatch;
     QHBoxLayout* m_row;
+    QVBoxLayout* m_column; ///< of the strips and what is above them
     QWidget* m_navigation = nullptr;
+    QWidget* m_contentView; ///< of the cards
     QScrollArea* m_scrollView;
-    QWidget* m_contentView;
     Throbber* m_mainWindowThrobber;
+    NoticeView* m_notice = nullptr;
+    FindBar* m_findBar = nullptr;
     std::function<void()> m_didEndLiveResize;
     QTimer* m_resizeRest; ///< runs out when the window has kept its size for a moment
     QSize m_endedSize; ///< what was told last, unless another size was asked for since
-    QSize m_askedSize; ///< of the content
+    // Of the content
+    QSize m_askedSize;
+    QSize m_leastSize;
+    QSize m_mostSize;
     std::unique_ptr<ColourPickerPopover> m_colourPicker; ///< of all wells
     bool m_shownBefore = false;
     QString m_focusedControl; ///< in a row, by its accessible name
     std::vector<LampControlStripView*> m_keyboardOrder;
     WorkflowPopoverView* m_workflowPopover = nullptr;
+    std::pair<bool, bool> m_scrollers; ///< horizontal and vertical, as far as the layout needs them
 };
 
 } // namespace lumeroom

@@ -16,8 +16,9 @@ constexpr QSize kPicture{16, 16};
 
 } // namespace
 
-LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget* bar)
-    : QWidget(bar)
+LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget& bar)
+    : QWidget(bar.parentWidget()) // what the bar holds besides its menus is not announced
+    , m_bar(bar)
     , m_segments(new QButtonGroup(this))
 {
     auto* row = new QHBoxLayout(this);
@@ -31,18 +32,34 @@ LayoutSwitch::LayoutSwitch(std::function<void(int theme)> choose, QWidget* bar)
         row->addWidget(button);
     }
     connect(m_segments, &QButtonGroup::idClicked, this, std::move(choose));
-    if (bar)
-        bar->installEventFilter(this);
+    setAccessibleName(tr("layout"));
+    bar.installEventFilter(this);
+    place();
 }
 
 /// As a corner widget it would make the menu bar higher than its entries.
 bool LayoutSwitch::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == parent() && event->type() == QEvent::Resize) {
-        const QSize room = parentWidget()->size();
-        setGeometry(room.width() - sizeHint().width(), 0, sizeHint().width(), room.height());
+    switch (event->type()) {
+    case QEvent::Resize:
+    case QEvent::Move:
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        place();
+        break;
+    default:
+        break;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+/// The View menu has the layouts, too, for a window too narrow for both.
+void LayoutSwitch::place()
+{
+    const QRect bar = m_bar.geometry();
+    const int width = sizeHint().width();
+    setGeometry(bar.right() + 1 - width, bar.top(), width, bar.height());
+    setHidden(m_bar.isHidden() || m_bar.sizeHint().width() + width > bar.width());
 }
 
 void LayoutSwitch::select(int theme)

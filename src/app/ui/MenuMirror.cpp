@@ -21,7 +21,7 @@ MenuMirror::MenuMirror(const MenuModel& model, QMenu& menu, RunLoop& runLoop, Me
     , m_subscription(model.listen([this] { m_fillSoon.request(); }))
 {
     connect(&m_menu, &QMenu::aboutToHide, this, [this] { m_fillSoon.request(); });
-    connect(&m_menu, &QMenu::aboutToShow, this, &MenuMirror::drawImages);
+    connect(&m_menu, &QMenu::aboutToShow, this, &MenuMirror::showStates);
     fill();
 }
 
@@ -70,12 +70,10 @@ void MenuMirror::removeLast()
     m_entries.pop_back();
 }
 
-void MenuMirror::drawImages()
+void MenuMirror::showStates()
 {
-    for (const Entry& entry : m_entries) {
-        if (entry.item->hasImage())
-            entry.action->setIcon(menuIcon(entry.item->image()));
-    }
+    for (const Entry& entry : m_entries)
+        showMenuItemState(*entry.action, *entry.item);
 }
 
 } // namespace lumeroom

@@ -10,7 +10,8 @@ namespace lumeroom {
 
 /// Keeps a toolkit menu, with its submenus, as a menu model is. It follows soon after each change
 /// and not as it opens: the desktop's tray has to know its menu before that. A menu with nothing in
-/// it cannot be opened from the one that it is in. Pictures are drawn anew each time it opens.
+/// it cannot be opened from the one that it is in. Pictures and check marks are those of the moment
+/// each time it opens.
 class MenuMirror : public QObject {
     Q_OBJECT
 
@@ -29,7 +30,7 @@ private:
     void fill();
     void add(const MenuItem& item);
     void removeLast();
-    void drawImages();
+    void showStates();
 
     const MenuModel& m_model;
     QMenu& m_menu;

@@ -1,6 +1,6 @@
 #include "app/ui/NavigationButton.h"
 
-#include "strips/ui/Mirror.h"
+#include "strips/ui/FocusRing.h"
 #include "strips/ui/Painting.h"
 
 #include <QPainter>
@@ -10,9 +10,7 @@ namespace lumeroom {
 namespace {
 
 constexpr int kHeight = 34;
-constexpr int kMargin = 8;
 constexpr int kIcon = 18;
-constexpr double kRadius = 6;
 
 } // namespace
 
@@ -27,21 +25,6 @@ NavigationButton::NavigationButton(const QString& text, Icon icon, QWidget* pare
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-NavigationButton::NavigationButton(
-    ButtonModel& model, const QString& text, Icon icon, QWidget* parent)
-    : NavigationButton(text, icon, parent)
-{
-    setCheckable(true);
-    m_model = &model;
-    connect(this, &QAbstractButton::clicked, this, [this] { m_model->press(); });
-    followModel(model, this, &NavigationButton::mirror);
-}
-
-void NavigationButton::mirror()
-{
-    setChecked(m_model->state());
-}
-
 QSize NavigationButton::sizeHint() const
 {
     return {2 * kMargin + kIcon + kMargin + fontMetrics().horizontalAdvance(text()), kHeight};
@@ -51,35 +34,35 @@ void NavigationButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const bool dark = isDark(*this);
     const QRectF ground = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(qColor(buttonBackground(isChecked())));
-    painter.drawRoundedRect(ground, kRadius, kRadius);
-    if (isChecked()) {
-        painter.setBrush(palette().color(QPalette::Highlight));
-        painter.drawRoundedRect(
-            QRectF(ground.left(), ground.top() + 8, 3, ground.height() - 16), 1.5, 1.5);
-    }
-    if (isDown() || underMouse()) {
-        QColor veil(dark ? Qt::white : Qt::black);
-        veil.setAlphaF(isDown() ? 0.15F : 0.05F);
+    paintGround(painter, ground);
+    if (looksPressed() || underMouse()) {
+        QColor veil(isDark(*this) ? Qt::white : Qt::black);
+        veil.setAlphaF(looksPressed() ? 0.15F : 0.05F);
+        painter.setPen(Qt::NoPen);
         painter.setBrush(veil);
         painter.drawRoundedRect(ground, kRadius, kRadius);
     }
-    if (hasFocus()) {
+    if (showsFocusRing(*this)) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
         painter.drawRoundedRect(ground, kRadius, kRadius);
     }
-    if (isCheckable() && !isChecked())
-        painter.setOpacity(0.65);
+    paintContent(painter);
+}
+
+void NavigationButton::paintContent(QPainter& painter) const
+{
     const QRect picture(kMargin, (height() - kIcon) / 2, kIcon, kIcon);
     lumeroom::icon(m_icon, palette()).paint(&painter, picture);
+    paintText(painter, rect().adjusted(picture.right() + kMargin, 0, -4, 0));
+}
+
+void NavigationButton::paintText(QPainter& painter, const QRect& room) const
+{
     painter.setPen(palette().color(QPalette::WindowText));
-    const QRect room = rect().adjusted(picture.right() + kMargin, 0, -4, 0);
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
-        fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+        painter.fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }
 
 } // namespace lumeroom

@@ -6,27 +6,29 @@
 
 namespace lumeroom {
 
-class ButtonModel;
-
-/// A row with a picture and a word; while it is on, it has a coloured ground.
+/// A row of the column beside the strips, with a picture and a word.
 class NavigationButton : public QAbstractButton {
     Q_OBJECT
 
 public:
-    NavigationButton(ButtonModel& model, const QString& text, Icon icon, QWidget* parent);
-    /// A push button that only acts.
     NavigationButton(const QString& text, Icon icon, QWidget* parent);
 
     QSize sizeHint() const override;
 
 protected:
+    static constexpr int kMargin = 8;
+    static constexpr double kRadius = 8;
+
     void paintEvent(QPaintEvent* event) override;
+    /// What lies below the mark of the mouse and of the keyboard: nothing.
+    virtual void paintGround(QPainter&, const QRectF&) const { }
+    virtual void paintContent(QPainter& painter) const;
+    void paintText(QPainter& painter, const QRect& room) const;
+    /// Whether the button shows that it takes what the hand just did.
+    virtual bool looksPressed() const { return isDown(); }
 
 private:
-    void mirror();
-
     Icon m_icon;
-    ButtonModel* m_model = nullptr;
 };
 
 } // namespace lumeroom

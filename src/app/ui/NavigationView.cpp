@@ -1,7 +1,7 @@
 #include "app/ui/NavigationView.h"
 
 #include "app/NavigationModel.h"
-#include "app/ui/NavigationButton.h"
+#include "app/ui/NavigationSwitch.h"
 #include "strips/ui/IconButton.h"
 
 #include <QLabel>
@@ -47,6 +47,7 @@ NavigationView::NavigationView(NavigationModel& model, NavigationActions actions
     , m_wayBack(makeWayBack())
     , m_allButtons(makeAllButtons(std::move(actions)))
 {
+    setAccessibleName(tr("navigation"));
     m_model.onChange = [view = QPointer(this)] {
         if (view)
             view->mirror(true);
@@ -57,19 +58,19 @@ QWidget* NavigationView::makeSwitches()
 {
     auto* page = new QWidget(this);
     auto* column = makeColumn(page);
-    const auto add = [&](ButtonModel& button, Icon icon, const QString& text, const QString& tip) {
-        auto* view = new NavigationButton(button, text, icon, page);
-        view->setToolTip(tip);
+    const auto add = [&](ButtonModel& button, const QString& text, const QString& tip) {
+        auto* view = new NavigationSwitch(m_model, button, text, page);
+        view->setToolTip(tip + tr("\nDouble-click or Ctrl-click to show nothing else"));
+        view->setAccessibleDescription(tip + tr("; with Ctrl, nothing else"));
         column->addWidget(view);
         if (!m_firstSwitch)
             m_firstSwitch = view;
     };
-    add(m_model.lights, Icon::NavLights, tr("Lights"), tr("Show a strip for each lamp"));
-    add(m_model.groups, Icon::NavGroups, tr("Groups"), tr("Show a strip for each group"));
-    add(m_model.locations, Icon::NavLocations, tr("Locations"),
-        tr("Show a strip for each location"));
-    add(m_model.tags, Icon::NavTags, tr("Tags"), tr("Show a strip for each tag"));
-    add(m_model.all, Icon::NavAll, tr("All"), tr("Show a strip for all lamps together"));
+    add(m_model.lights, tr("Lamps"), tr("Show a strip for each lamp"));
+    add(m_model.groups, tr("Groups"), tr("Show a strip for each group"));
+    add(m_model.locations, tr("Locations"), tr("Show a strip for each location"));
+    add(m_model.tags, tr("Tags"), tr("Show a strip for each tag"));
+    add(m_model.all, tr("All lamps"), tr("Show a strip for all lamps together"));
     column->addStretch(1);
     return page;
 }
@@ -118,7 +119,7 @@ QLayout* NavigationView::makeGroupButtons(const NavigationActions& actions, QWid
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
     for (QWidget* button :
-        {make, popsUp(Icon::Rename, tr("Edit group"), m_model.editGroup, actions.editGroup),
+        {make, popsUp(Icon::Edit, tr("Edit group"), m_model.editGroup, actions.editGroup),
             popsUp(Icon::Delete, tr("Delete group"), m_model.deleteGroup, actions.deleteGroup)}) {
         button->setFixedSize(kGroupButton);
         row->addWidget(button);

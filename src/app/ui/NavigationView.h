@@ -14,6 +14,7 @@ struct NavigationModel;
 /// buttons for groups and for all lamps. The keyboard's focus goes to the first switch.
 class NavigationView : public QWidget {
     Q_OBJECT
+    Q_CLASSINFO("role", "Grouping")
 
 public:
     NavigationView(NavigationModel& model, NavigationActions actions, QWidget* parent);

@@ -100,4 +100,16 @@ void SettingsWindow::makeKeyAndFront()
     bringToFront(*this);
 }
 
+void SettingsWindow::showSetting(std::string_view name)
+{
+    auto* control = findChild<QWidget*>(settingText(name));
+    for (int page = 0; control && page < m_pages->count(); ++page) {
+        if (m_pages->widget(page)->isAncestorOf(control))
+            m_pages->setCurrentIndex(page);
+    }
+    makeKeyAndFront();
+    if (control)
+        control->setFocus();
+}
+
 } // namespace lumeroom

@@ -22,6 +22,8 @@ public:
     SettingsWindow(UserDefaults& defaults, RunLoop& runLoop);
 
     void makeKeyAndFront();
+    /// Opens on the control of this setting, by its name in the defaults.
+    void showSetting(std::string_view name);
 
 private:
     QWidget* makePage(std::string_view page);

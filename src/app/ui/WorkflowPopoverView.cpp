@@ -1,69 +1,98 @@
 #include "app/ui/WorkflowPopoverView.h"
 
+#include "strips/ui/CardLook.h"
+#include "strips/ui/ElidedLabel.h"
 #include "strips/ui/NameLimit.h"
 
-#include <QHBoxLayout>
+#include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 
 #include <algorithm>
+#include <utility>
 
 namespace lumeroom {
 
 namespace {
 
-constexpr int kMargin = 12;
-constexpr int kGap = 6;
-constexpr int kCornerRadius = 8;
+constexpr int kGap = 8;
+constexpr int kWideGap = 18; // between name and summary on one line
+constexpr int kLeastName = 160;
+constexpr int kMostName = 280;
+constexpr int kLeastSummary = 150;
+
+QLabel* makeLabel(const std::string& text, QWidget* parent)
+{
+    auto* label = new QLabel(QString::fromStdString(text), parent);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
 
 } // namespace
 
 WorkflowPopoverView::WorkflowPopoverView(const WorkflowPopover& popover, QWidget* parent)
-    : QFrame(parent)
-    , m_name(new QLineEdit(QString::fromStdString(popover.name), this))
+    : PopoverFrame(parent)
+    , m_popover(popover)
+    , m_title(makeLabel(popover.title, this))
+    , m_summary(makeLabel({}, this))
     , m_cancel(new QPushButton(tr("Cancel"), this))
     , m_confirm(new QPushButton(QString::fromStdString(popover.confirm), this))
-    , m_close(popover.close)
+    , m_parts(new QBoxLayout(QBoxLayout::TopToBottom, this))
+    , m_head(new QBoxLayout(QBoxLayout::LeftToRight))
+    , m_foot(new QBoxLayout(QBoxLayout::LeftToRight))
+    , m_buttons(new QBoxLayout(QBoxLayout::LeftToRight))
 {
-    auto* title = new QLabel(QString::fromStdString(popover.title), this);
-    title->setTextFormat(Qt::PlainText);
-    title->setWordWrap(true);
-    title->setBuddy(m_name);
-    m_name->setAccessibleName(tr("name"));
-    m_name->setValidator(new NameLimit(m_name));
-    m_name->selectAll();
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_cancel);
-    buttons->addWidget(m_confirm);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    column->addWidget(title);
-    column->addWidget(m_name);
-    column->addLayout(buttons);
-    setAccessibleName(title->text());
-    setCursor(Qt::OpenHandCursor);
-    for (QWidget* control : {static_cast<QWidget*>(m_name), static_cast<QWidget*>(m_cancel),
-             static_cast<QWidget*>(m_confirm)})
-        control->setCursor(Qt::ArrowCursor);
-    m_name->setCursor(Qt::IBeamCursor);
-    m_confirm->setDefault(true);
+    setContentsMargins(kCardMargin, kCardMargin, kCardMargin, kCardMargin);
+    setAccessibleName(m_title->text());
+    m_parts->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
+    for (QBoxLayout* box : {m_parts, m_head, m_foot, m_buttons})
+        box->setSpacing(kGap);
+    m_parts->addLayout(m_head);
+    m_parts->addLayout(m_foot, 1);
+    makeHead();
+    makeFoot();
+    makeKeys();
+    showState();
+}
 
+void WorkflowPopoverView::makeHead()
+{
+    m_title->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    m_head->addWidget(m_title);
+    if (m_popover.asksForName) {
+        m_field = new QLineEdit(QString::fromStdString(m_popover.name), this);
+        m_field->setMinimumWidth(kLeastName);
+        m_field->setPlaceholderText(tr("Name"));
+        m_field->setAccessibleName(tr("name"));
+        m_field->setValidator(new NameLimit(m_field));
+        m_field->selectAll();
+        m_title->setBuddy(m_field);
+        m_head->addWidget(m_field, 1);
+        connect(m_field, &QLineEdit::textChanged, this, &WorkflowPopoverView::showState);
+        return;
+    }
+    m_nameText.setText(m_popover.name);
+    m_name = new ElidedLabel(m_nameText, this);
+    QFont bold = m_name->font();
+    bold.setBold(true);
+    m_name->setFont(bold);
+    m_head->addWidget(m_name, 1);
+}
+
+void WorkflowPopoverView::makeFoot()
+{
+    m_summary->setWordWrap(true);
+    m_confirm->setDefault(true);
+    m_buttons->addWidget(m_cancel);
+    m_buttons->addWidget(m_confirm);
+    m_foot->addWidget(m_summary, 1);
+    m_foot->addLayout(m_buttons);
     connect(m_cancel, &QPushButton::clicked, this, [this] { press(WorkflowPopover::kCancelTag); });
     connect(
         m_confirm, &QPushButton::clicked, this, [this] { press(WorkflowPopover::kConfirmTag); });
-    makeKeys();
-
-    const QSize least(
-        static_cast<int>(popover.contentSize.width), static_cast<int>(popover.contentSize.height));
-    const int width = std::max(least.width(), column->sizeHint().width());
-    const int height
-        = column->hasHeightForWidth() ? column->heightForWidth(width) : sizeHint().height();
-    resize(width, std::max(least.height(), height));
 }
 
 // They hold in the whole window: after the last lamp is picked, the focus is on its strip.
@@ -80,67 +109,57 @@ void WorkflowPopoverView::makeKeys()
 // What is called takes the popover away, and may show a message before that.
 void WorkflowPopoverView::press(int tag)
 {
-    if (const auto close = std::exchange(m_close, nullptr))
-        close(tag, m_name->text().toStdString());
+    if (const auto close = std::exchange(m_popover.close, nullptr))
+        close(tag, name());
 }
 
-void WorkflowPopoverView::takeFocus()
+std::string WorkflowPopoverView::name() const
 {
-    raise();
-    m_name->setFocus(Qt::PopupFocusReason);
+    return m_field ? m_field->text().toStdString() : m_popover.name;
 }
 
-void WorkflowPopoverView::placeBeside(const QRect& rectangle)
+void WorkflowPopoverView::showState()
 {
-    const QRect room = parentWidget()->rect();
-    const QRect target = rectangle.intersected(room);
-    const QPoint middle = target.center() - QPoint(width() / 2, height() / 2);
-    const auto clamped = [](int value, int least, int most) {
-        return std::clamp(value, least, std::max(least, most));
+    const WorkflowState state = m_popover.state(name());
+    m_confirm->setEnabled(state.canConfirm);
+    m_summary->setText(QString::fromStdString(state.summary));
+    m_confirm->setAccessibleDescription(m_summary->text());
+}
+
+QWidget* WorkflowPopoverView::nameField() const
+{
+    return m_field;
+}
+
+/// The width of what stands under each other does not keep the window from getting narrower.
+QSize WorkflowPopoverView::minimumSizeHint() const
+{
+    return {0, PopoverFrame::minimumSizeHint().height()};
+}
+
+void WorkflowPopoverView::resizeEvent(QResizeEvent* event)
+{
+    PopoverFrame::resizeEvent(event);
+    const int room = contentsRect().width() - 2 * kPadding;
+    const int title = m_title->sizeHint().width();
+    const int wholeName = m_field ? kLeastName : m_name->sizeHint().width();
+    const int head = title + kGap + std::min(wholeName, kMostName);
+    const int buttons = m_cancel->sizeHint().width() + kGap + m_confirm->sizeHint().width();
+    const int foot = kLeastSummary + kGap + buttons;
+    const auto beside = [room](int width) {
+        return width <= room ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
     };
-    const int x = clamped(middle.x(), 0, room.width() - width());
-    const int y = clamped(middle.y(), 0, room.height() - height());
-    const QPoint beside[] = {
-        {target.right() + 1 + kGap, y},
-        {target.left() - kGap - width(), y},
-        {x, target.bottom() + 1 + kGap},
-        {x, target.top() - kGap - height()},
-    };
-    const auto* free = std::find_if(std::begin(beside), std::end(beside),
-        [&](const QPoint& place) { return room.contains(QRect(place, size())); });
-    move(free == std::end(beside) ? QPoint(x, y) : *free);
+    m_parts->setDirection(beside(head + kWideGap + foot));
+    m_parts->setSpacing(m_parts->direction() == QBoxLayout::LeftToRight ? kWideGap : kGap);
+    m_head->setDirection(beside(head));
+    m_foot->setDirection(beside(foot));
+    m_buttons->setDirection(beside(buttons));
 }
 
-void WorkflowPopoverView::keepInside()
+void WorkflowPopoverView::paintEvent(QPaintEvent* event)
 {
-    const QSize room = parentWidget()->size() - size();
-    move(std::clamp(x(), 0, std::max(0, room.width())),
-        std::clamp(y(), 0, std::max(0, room.height())));
-}
-
-void WorkflowPopoverView::mousePressEvent(QMouseEvent* event)
-{
-    m_grip = event->position().toPoint();
-}
-
-void WorkflowPopoverView::mouseMoveEvent(QMouseEvent* event)
-{
-    if (!(event->buttons() & Qt::LeftButton))
-        return;
-    move(mapToParent(event->position().toPoint()) - m_grip);
-    keepInside();
-}
-
-void WorkflowPopoverView::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QColor outline = palette().color(QPalette::WindowText);
-    outline.setAlphaF(0.35F);
-    painter.setPen(outline);
-    painter.setBrush(palette().color(QPalette::Window));
-    painter.drawRoundedRect(
-        QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius, kCornerRadius);
+    QPainter(this).fillRect(rect(), panelGround(*this));
+    PopoverFrame::paintEvent(event);
 }
 
 } // namespace lumeroom

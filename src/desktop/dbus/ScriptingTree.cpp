@@ -93,6 +93,9 @@ ScriptingTree::ProgramSurface ScriptingTree::programSurface()
             {QLatin1StringView("Groups"), paths,
                 [this](const Program&) { return pathsOf(m_scripting.getGroups()); }, nullptr,
                 false},
+            {QLatin1StringView("Search"), string,
+                [](const Program& program) { return QString::fromStdString(program.search()); },
+                nullptr, false},
         },
         {
             {QLatin1StringView("RunPreset"), {{QLatin1StringView("name"), string}},

@@ -18,6 +18,8 @@ public:
         QString version;
         /// With the token by which the desktop lets it take the focus; empty without one.
         std::function<void(const QString& activationToken)> showPanel;
+        /// Where lamps were looked for, for a person who sees none.
+        std::function<std::string()> search;
     };
 
     ScriptingTree(Scripting& scripting, Program program);

@@ -1,6 +1,7 @@
 #include "desktop/dbus/ThingSurfaces.h"
 
 #include "desktop/dbus/ObjectPaths.h"
+#include "engine/LampUnits.h"
 
 namespace lumeroom {
 
@@ -61,6 +62,19 @@ QVariant lamps(const KnownThing& group)
     return QVariant::fromValue(paths);
 }
 
+QVariant contact(const KnownThing& thing)
+{
+    using Contact = StripCondition::Contact;
+    switch (thing.record.condition.contact) {
+    case Contact::Waiting:
+        return QStringLiteral("waiting");
+    case Contact::Silent:
+        return QStringLiteral("silent");
+    default:
+        return QStringLiteral("answering");
+    }
+}
+
 void takeState(ScriptSettings& changes, const QVariant& value)
 {
     if (value.typeId() != QMetaType::Bool)
@@ -90,9 +104,11 @@ ThingSurface stripSurface(const Scripting& scripting, QLatin1StringView interfac
             number(QLatin1StringView("Hue"), 257, &ScriptSettings::hue),
             number(QLatin1StringView("Whiteness"), 255, &ScriptSettings::whiteness),
             number(QLatin1StringView("Brightness"), 255, &ScriptSettings::brightness),
+            number(QLatin1StringView("Warmth"), kMostWarmth, &ScriptSettings::warmth),
             {QLatin1StringView("State"), QLatin1StringView("b"),
                 [](const KnownThing& thing) { return thing.record.settings.onoff.value_or(false); },
                 takeState, false},
+            {QLatin1StringView("Contact"), string, contact, nullptr, false},
         },
         {}, nullptr, {}};
     surface.set = [&scripting](const KnownThing& thing, const ScriptSettings& changes) {

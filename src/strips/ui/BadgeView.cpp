@@ -37,7 +37,6 @@ BadgeView::BadgeView(BadgeModel& model, QWidget* parent)
 void BadgeView::mirror()
 {
     mirrorControl(*this, m_model);
-    setAccessibleDescription(QString::fromStdString(m_model.toolTip()));
     update();
 }
 

@@ -9,6 +9,7 @@ namespace lumeroom {
 /// A small picture of the kind of thing that a strip controls.
 class BadgeView : public QWidget {
     Q_OBJECT
+    Q_CLASSINFO("role", "Graphic")
 
 public:
     BadgeView(BadgeModel& model, QWidget* parent);

@@ -1,6 +1,7 @@
 #include "strips/ui/CircularSliderView.h"
 
 #include "strips/WheelPainting.h"
+#include "strips/ui/FocusRing.h"
 #include "strips/ui/Painting.h"
 
 #include <QKeyEvent>
@@ -99,7 +100,7 @@ void CircularSliderView::paintBall(QPainter& painter)
     painter.drawEllipse(ball, radius - 0.5, radius - 0.5);
     painter.setBrush(qColor(wheelColour(m_slider.getWhites(), m_slider.getXOffsetAndYOffset())));
     painter.drawEllipse(ball, radius - 3, radius - 3);
-    if (hasFocus()) {
+    if (showsFocusRing(*this)) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawEllipse(ball, radius + 0.5, radius + 0.5);

@@ -10,6 +10,7 @@ namespace lumeroom {
 /// The picker's wheel with its knob. Its owner calls `update` when the slider has changed.
 class CircularSliderView : public QWidget {
     Q_OBJECT
+    Q_CLASSINFO("role", "ColorChooser")
 
 public:
     CircularSliderView(SSCircularSlider& slider, QWidget* parent);

@@ -8,8 +8,8 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
@@ -22,7 +22,6 @@ namespace {
 
 constexpr float kLevels = 255;
 constexpr int kGap = 6; // between well and popover
-constexpr int kMargin = 12;
 
 /// The top left corner of a popover of this size.
 QPoint placeBeside(const QRect& well, QSize size, const QRect& screen, ColourWellPopover::Edge edge)
@@ -44,7 +43,7 @@ QPoint placeBeside(const QRect& well, QSize size, const QRect& screen, ColourWel
 } // namespace
 
 ColourPickerPopover::ColourPickerPopover()
-    : QFrame(nullptr, Qt::Popup)
+    : PopoverFrame(nullptr, Qt::Popup)
     , m_brightness(0, kLevels)
 {
     setAccessibleName(tr("colour picker"));
@@ -59,12 +58,18 @@ ColourPickerPopover::ColourPickerPopover()
     }
     m_wheel = new CircularSliderView(m_picker->mainSlider(), this);
     m_brightness.setTarget(this);
+    m_brightnessView = new SliderView(
+        m_brightness,
+        [this](const Rectangle& inside, bool dark) {
+            return brightnessSliderBar(inside, lightOf(m_picker->shownColour()), dark);
+        },
+        tr("brightness"), this);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    column->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     column->addLayout(modes);
     column->addWidget(m_wheel, 0, Qt::AlignHCenter);
-    column->addWidget(new SliderView(m_brightness, brightnessSliderBar, tr("brightness"), this));
+    column->addWidget(m_brightnessView);
     m_picker->onChange = [this] { mirror(); };
     mirror();
 }
@@ -96,6 +101,7 @@ void ColourPickerPopover::mirror()
     m_brightness.setValue(m_picker->brightness() * kLevels);
     describeWheel();
     m_wheel->update();
+    m_brightnessView->update(); // which has the wheel's colour
 }
 
 /// In the accent colour: on a dark ground a pressed button hardly differs from the other.
@@ -143,28 +149,27 @@ void ColourPickerPopover::showAt(QWidget& well, ColourWellPopover::Edge preferre
     m_wheel->setFocus(Qt::PopupFocusReason);
 }
 
+/// Escape takes back what was picked, and closes any popup.
+void ColourPickerPopover::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        m_picker->cancel();
+    PopoverFrame::keyPressEvent(event);
+}
+
 /// A press on the well closes its open popover and does not open it again; any other press outside
 /// closes it and then has its usual effect.
 void ColourPickerPopover::mousePressEvent(QMouseEvent* event)
 {
     setAttribute(Qt::WA_NoMouseReplay, m_wellOnScreen.contains(event->globalPosition().toPoint()));
-    QFrame::mousePressEvent(event);
+    PopoverFrame::mousePressEvent(event);
 }
 
 void ColourPickerPopover::changeEvent(QEvent* event)
 {
-    QFrame::changeEvent(event);
+    PopoverFrame::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         showMode();
-}
-
-/// A line around it, which shows on a dark ground too.
-void ColourPickerPopover::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.setOpacity(0.3);
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 } // namespace lumeroom

@@ -1,19 +1,20 @@
 #pragma once
 
 #include "strips/ColourWellModel.h"
-
-#include <QFrame>
+#include "strips/ui/PopoverFrame.h"
 
 class QAbstractButton;
 
 namespace lumeroom {
 
 class CircularSliderView;
+class SliderView;
 
-/// The picker beside a well, which all wells of a window share. A press outside or Escape closes
-/// it.
-class ColourPickerPopover : public QFrame, private ControlTarget {
+/// The picker beside a well, which all wells of a window share. A press outside, Return or
+/// Escape closes it.
+class ColourPickerPopover : public PopoverFrame, private ControlTarget {
     Q_OBJECT
+    Q_CLASSINFO("role", "Dialog")
 
 public:
     ColourPickerPopover();
@@ -24,9 +25,9 @@ public:
     void showAt(QWidget& well, ColourWellPopover::Edge preferredEdge);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     QAbstractButton* addMode(const QString& title, ZTColourPicker::Control control);
@@ -41,6 +42,7 @@ private:
     QAbstractButton* m_whites = nullptr;
     QAbstractButton* m_colours = nullptr;
     CircularSliderView* m_wheel = nullptr;
+    SliderView* m_brightnessView = nullptr;
     QRect m_wellOnScreen;
     QMetaObject::Connection m_wellGone;
 };

@@ -61,7 +61,9 @@ QPixmap colourDragPicture(const Colour& colour, double devicePixelRatio)
 {
     QPixmap pixmap((QSizeF(kSwatchSize, kSwatchSize) * devicePixelRatio).toSize());
     pixmap.setDevicePixelRatio(devicePixelRatio);
-    pixmap.fill(qColor(rgbaFrom(colour)));
+    const Rgba light = lightOf(colour);
+    const float level = colour.brightness;
+    pixmap.fill(qColor({light.red * level, light.green * level, light.blue * level, 1}));
     return pixmap;
 }
 

@@ -2,6 +2,7 @@
 
 #include "strips/ui/ColourPickerPopover.h"
 #include "strips/ui/ColourWellDrag.h"
+#include "strips/ui/FocusRing.h"
 #include "strips/ui/Mirror.h"
 #include "strips/ui/Painting.h"
 
@@ -71,6 +72,12 @@ void ColourWellView::mirror()
 QSize ColourWellView::sizeHint() const
 {
     return {kSize, kSize};
+}
+
+void ColourWellView::setProminence(double prominence)
+{
+    m_prominence = prominence;
+    update();
 }
 
 void ColourWellView::showAtWell(Edge preferredEdge)
@@ -170,6 +177,7 @@ void ColourWellView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(m_prominence);
     const QRectF oval = QRectF(rect()).adjusted(1, 1, -1, -1);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor::fromRgbF(0.9F, 0.9F, 0.9F));
@@ -181,7 +189,7 @@ void ColourWellView::paintEvent(QPaintEvent*)
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(QColor::fromRgbF(0.75F, 0.75F, 0.75F), height() / 40.0));
     painter.drawEllipse(oval);
-    if (hasFocus()) {
+    if (showsFocusRing(*this)) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawEllipse(oval);
     }

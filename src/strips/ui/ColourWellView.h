@@ -18,6 +18,8 @@ public:
     ~ColourWellView() override;
 
     QSize sizeHint() const override;
+    /// Of the whole, 0 to 1.
+    void setProminence(double prominence);
     /// Its colour is being dragged to somewhere.
     bool isInUse() const { return m_dragged; }
 
@@ -43,6 +45,7 @@ private:
     ColourPickerPopover& m_picker;
     std::optional<QPoint>
         m_pointedAt; ///< where the well was on the screen when the mouse moved on it
+    double m_prominence = 1;
     bool m_dragged = false;
     std::optional<QPoint> m_press; ///< where the left button went down, while it may become a drag
 };

@@ -1,6 +1,8 @@
 #include "strips/ui/ControlStripView.h"
 
 #include "strips/LayoutManager.h"
+#include "strips/ui/CaptionView.h"
+#include "strips/ui/CardLook.h"
 #include "strips/ui/ColourWellView.h"
 #include "strips/ui/DragHandle.h"
 #include "strips/ui/EdgeScroller.h"
@@ -8,8 +10,11 @@
 #include "strips/ui/FadeIn.h"
 #include "strips/ui/IconButton.h"
 #include "strips/ui/MenuEntry.h"
-#include "strips/ui/Painting.h"
+#include "strips/ui/OnOffButtonView.h"
+#include "strips/ui/PickVeil.h"
 #include "strips/ui/RenamePopover.h"
+#include "strips/ui/ScrollIntoSight.h"
+#include "strips/ui/SelectionBox.h"
 #include "strips/ui/SliderView.h"
 #include "strips/ui/StripLayouts.h"
 #include "strips/ui/StripNeighbours.h"
@@ -41,19 +46,6 @@ void layOut(int theme, QWidget& row, const StripWidgets& widgets)
     }
 }
 
-/// Scrolls the row's future place into sight.
-void reveal(const ControlStripView& row)
-{
-    QScrollArea* area = areaAround(row);
-    if (!area)
-        return;
-    const Size size = row.size();
-    const Point origin = row.origin();
-    area->ensureVisible(static_cast<int>(origin.x + size.width / 2),
-        static_cast<int>(origin.y + size.height / 2), static_cast<int>(size.width / 2),
-        static_cast<int>(size.height / 2));
-}
-
 } // namespace
 
 ControlStripView::ControlStripView(
@@ -68,21 +60,83 @@ ControlStripView::ControlStripView(
     m_glide.setEasingCurve(QEasingCurve::OutCubic);
     connect(m_widgets.handle, &DragHandle::arrowPressed, this, &ControlStripView::moveOnePlace);
     connect(m_widgets.label, &ElidedLabel::nameChanged, this, &ControlStripView::nameControls);
+    m_naturalSize = QWidget::size();
+    m_subscriptions = {strip.caption().listen([this] { showState(); }),
+        strip.getSelectedButton().listen([this] { followSelection(); }),
+        strip.colourWell().listen([this] { m_widgets.brightness->update(); })};
     nameControls();
+    showState();
+    followSelection();
 }
 
 /// Each control is announced with its lamp: "Desk lamp, brightness".
 void ControlStripView::nameControls()
 {
-    const QString lamp = QString::fromStdString(m_strip.label().text());
-    for (QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        if (child == m_widgets.label || child->accessibleName().isEmpty())
+    const QString lamp = QString::fromStdString(m_strip.label().shownText());
+    setAccessibleName(lamp);
+    for (QWidget* child : findChildren<QWidget*>()) {
+        if (child == m_widgets.label || child == m_widgets.caption
+            || child->accessibleName().isEmpty())
             continue;
         const QVariant known = child->property("role");
         const QString role = known.isValid() ? known.toString() : child->accessibleName();
         child->setProperty("role", role);
         child->setAccessibleName(lamp.isEmpty() ? role : lamp + QStringLiteral(", ") + role);
     }
+}
+
+/// What is off or out of reach steps back.
+void ControlStripView::showState()
+{
+    const StripState state = m_strip.state();
+    if (std::exchange(m_shownState, state) == state)
+        return;
+    const double prominence = prominenceOf(state);
+    for (SliderView* slider : m_widgets.sliders())
+        slider->setProminence(prominence);
+    m_widgets.well->setProminence(prominence);
+    m_widgets.onOffButton->setCertain(state == StripState::On || state == StripState::Off);
+    m_widgets.label->setSoft(state != StripState::On);
+}
+
+/// While lamps are picked, the whole card is one big check box.
+void ControlStripView::followSelection()
+{
+    const bool picking = !m_strip.getSelectedButton().isHidden();
+    m_widgets.handle->setHidden(picking);
+    if (picking && !m_pickVeil)
+        m_pickVeil = new PickVeil(m_strip.getSelectedButton(), *m_widgets.selected, *this);
+    else if (!picking && m_pickVeil)
+        std::exchange(m_pickVeil, nullptr)->lift();
+    demandTools(!picking && underMouse());
+    setFocusProxy(picking ? m_widgets.selected : nullptr);
+    update();
+}
+
+void ControlStripView::demandTools(bool demanded)
+{
+    m_widgets.rename->setDemanded(demanded);
+    m_widgets.effect->setDemanded(demanded);
+}
+
+void ControlStripView::enterEvent(QEnterEvent*)
+{
+    demandTools(!m_pickVeil);
+}
+
+void ControlStripView::leaveEvent(QEvent*)
+{
+    demandTools(false);
+}
+
+Size ControlStripView::naturalSize() const
+{
+    return {static_cast<float>(m_naturalSize.width()), static_cast<float>(m_naturalSize.height())};
+}
+
+void ControlStripView::setWidth(float width)
+{
+    resize(static_cast<int>(width), height());
 }
 
 Size ControlStripView::size() const
@@ -156,7 +210,8 @@ void ControlStripView::moveOnePlace(Qt::Key arrow)
     raise();
     m_strip.viewDidMoveTo({origin.x + size.width / 2, origin.y + size.height / 2});
     m_strip.viewDidFinishDragging();
-    reveal(*this);
+    if (QScrollArea* area = areaAround(*this))
+        scrollIntoSight(*this, *area);
 }
 
 void ControlStripView::popUpEffectMenu(const std::vector<EffectMenuItem>& menu)
@@ -197,12 +252,12 @@ void ControlStripView::showReNamePopover(const std::string& name)
 void ControlStripView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect().adjusted(1, 0, 1, -1),
-        isDark(*this) ? palette().color(QPalette::Base) : QColor::fromRgbF(0.91F, 0.91F, 0.91F));
-    if (isBeingDragged()) { // it lies over other rows
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
+    constexpr int kRadius = 12;
+    constexpr int kSlimRadius = 8;
+    constexpr int kSlim = 50; // high
+    const bool picked = m_pickVeil && m_strip.isSelected();
+    paintCard(painter, *this, height() < kSlim ? kSlimRadius : kRadius,
+        isBeingDragged() || picked); // a dragged one lies over other rows
 }
 
 void ControlStripView::mousePressEvent(QMouseEvent* event)

@@ -1,5 +1,6 @@
 #include "strips/ui/DragHandle.h"
 
+#include "strips/ui/FocusRing.h"
 #include "strips/ui/Icons.h"
 
 #include <QKeyEvent>
@@ -28,11 +29,11 @@ void DragHandle::paintEvent(QPaintEvent*)
     constexpr double kAtRest = 0.45;
     constexpr int kPicture = 20;
     QPainter painter(this);
-    painter.setOpacity(underMouse() || hasFocus() ? 1 : kAtRest);
+    painter.setOpacity(underMouse() || showsFocusRing(*this) ? 1 : kAtRest);
     QRect room(0, 0, kPicture, kPicture);
     room.moveCenter(rect().center());
     icon(Icon::Handle, palette()).paint(&painter, room);
-    if (hasFocus()) {
+    if (showsFocusRing(*this)) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);

@@ -1,5 +1,6 @@
 #include "strips/ui/ElidedLabel.h"
 
+#include "strips/ui/CardLook.h"
 #include "strips/ui/Mirror.h"
 
 #include <QPainter>
@@ -20,6 +21,12 @@ void ElidedLabel::setAlignment(Qt::Alignment alignment)
     update();
 }
 
+void ElidedLabel::setSoft(bool soft)
+{
+    m_soft = soft;
+    update();
+}
+
 QSize ElidedLabel::sizeHint() const
 {
     return {fontMetrics().horizontalAdvance(m_text), fontMetrics().height() + 2};
@@ -33,7 +40,7 @@ QSize ElidedLabel::minimumSizeHint() const
 void ElidedLabel::mirror()
 {
     mirrorControl(*this, m_model);
-    m_text = QString::fromStdString(m_model.text());
+    m_text = QString::fromStdString(m_model.shownText());
     setAccessibleName(m_text);
     fit();
     emit nameChanged();
@@ -42,7 +49,7 @@ void ElidedLabel::mirror()
 void ElidedLabel::fit()
 {
     const QString line = m_text.simplified(); // a name may hold line breaks
-    m_shown = fontMetrics().elidedText(line, Qt::ElideRight, width());
+    m_shown = fontMetrics().elidedText(line, Qt::ElideMiddle, width());
     setToolTip(m_shown == line ? QString() : plainToolTip(m_text));
     update();
 }
@@ -50,7 +57,7 @@ void ElidedLabel::fit()
 void ElidedLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(m_soft ? softText(*this) : palette().color(QPalette::WindowText));
     painter.drawText(
         rect(), static_cast<int>(m_alignment | Qt::AlignVCenter) | Qt::TextSingleLine, m_shown);
 }

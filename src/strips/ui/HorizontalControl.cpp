@@ -6,15 +6,15 @@ namespace lumeroom {
 
 void layOutHorizontalControl(QWidget& row, const StripWidgets& widgets)
 {
+    showNameInBold(widgets);
     layOutInOneRow(row, widgets,
-        {.size = {820, 56},
-            .name = 128,
-            .handle = 18,
-            .onOffButton = 46,
-            .badge = 20,
-            .button = 28,
-            .buttonIcon = 18,
-            .well = 32,
+        {.size = {920, 64},
+            .name = 168,
+            .handle = 16,
+            .onOffButton = 54,
+            .button = 26,
+            .buttonIcon = 16,
+            .well = 30,
             .gap = 6});
 }
 

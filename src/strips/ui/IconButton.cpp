@@ -28,7 +28,18 @@ IconButton::IconButton(Icon which, const QString& name, ButtonModel& model, QWid
 void IconButton::mirror()
 {
     mirrorControl(*this, *m_model);
-    setAccessibleDescription(QString::fromStdString(m_model->toolTip()));
+}
+
+void IconButton::setDemanded(bool demanded)
+{
+    m_demanded = demanded;
+    update();
+}
+
+void IconButton::paintEvent(QPaintEvent* event)
+{
+    if (!m_onDemand || m_demanded || hasFocus() || isDown())
+        QToolButton::paintEvent(event);
 }
 
 void IconButton::changeEvent(QEvent* event)

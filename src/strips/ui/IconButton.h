@@ -18,7 +18,12 @@ public:
     /// The same, mirroring a model: a press presses the model.
     IconButton(Icon which, const QString& name, ButtonModel& model, QWidget* parent);
 
+    /// One that shows on demand keeps its room, and its place for the keyboard.
+    void showOnDemand() { m_onDemand = true; }
+    void setDemanded(bool demanded);
+
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -26,6 +31,8 @@ private:
 
     Icon m_which;
     ButtonModel* m_model = nullptr;
+    bool m_onDemand = false;
+    bool m_demanded = false;
 };
 
 } // namespace lumeroom

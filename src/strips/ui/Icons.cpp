@@ -45,8 +45,24 @@ QString fileOf(Icon which)
         return QStringLiteral("add");
     case Icon::Rename:
         return QStringLiteral("rename");
+    case Icon::Edit:
+        return QStringLiteral("edit");
     case Icon::Delete:
         return QStringLiteral("delete");
+    case Icon::Check:
+        return QStringLiteral("check");
+    case Icon::Search:
+        return QStringLiteral("search");
+    case Icon::Close:
+        return QStringLiteral("close");
+    case Icon::Sun:
+        return QStringLiteral("sun");
+    case Icon::Hue:
+        return QStringLiteral("hue");
+    case Icon::Drop:
+        return QStringLiteral("drop");
+    case Icon::Thermometer:
+        return QStringLiteral("thermometer");
     case Icon::Effect:
         return QStringLiteral("swirl");
     case Icon::Handle:

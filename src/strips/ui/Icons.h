@@ -21,7 +21,15 @@ enum class Icon {
     AllOff,
     Add,
     Rename,
+    Edit, ///< choose the lamps of a group
     Delete,
+    Check,
+    Search,
+    Close,
+    Sun, ///< brightness
+    Hue, ///< colour
+    Drop, ///< whiteness
+    Thermometer, ///< warmth
     Effect,
     Handle,
     LayoutUpright,

@@ -47,21 +47,30 @@ QAction* addMenuEntry(QMenu& menu, const Menu& model, const MenuItem& item, Menu
     return action;
 }
 
+void showMenuItemState(QAction& action, const MenuItemModel& item)
+{
+    if (item.hasImage()) {
+        action.setIcon(menuIcon(item.image()));
+        action.setIconVisibleInMenu(true);
+    }
+    action.setCheckable(item.hasCheck());
+    action.setChecked(item.isChecked());
+}
+
 void showMenuItem(QAction& action, const Menu& model, const MenuItem& item)
 {
     if (item->isSeparator())
         return;
     action.setVisible(!item->isHidden());
     action.setToolTip(plainToolTip(QString::fromStdString(item->toolTip())));
-    if (item->hasImage()) {
-        action.setIcon(menuIcon(item->image()));
-        action.setIconVisibleInMenu(true);
-    }
+    showMenuItemState(action, *item);
     QObject::disconnect(&action, &QAction::triggered, &action, nullptr);
     if (!item->submenu()) { // else it depends on what there is in it
         action.setEnabled(item->isEnabled());
-        QObject::connect(
-            &action, &QAction::triggered, &action, [model, item] { model->choose(item); });
+        QObject::connect(&action, &QAction::triggered, &action, [&action, model, item] {
+            action.setChecked(item->isChecked()); // the model decides whether it changes
+            model->choose(item);
+        });
     }
 }
 

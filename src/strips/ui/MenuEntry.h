@@ -31,6 +31,9 @@ using MenuItem = std::shared_ptr<MenuItemModel>;
 QAction* addMenuEntry(
     QMenu& menu, const Menu& model, const MenuItem& item, MenuReader reader = MenuReader::Toolkit);
 
+/// Draws the picture and the check mark as they are now.
+void showMenuItemState(QAction& action, const MenuItemModel& item);
+
 /// Makes an entry stand for another item of the same kind and title.
 void showMenuItem(QAction& action, const Menu& model, const MenuItem& item);
 

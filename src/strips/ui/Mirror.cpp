@@ -6,8 +6,10 @@ void mirrorControl(QWidget& view, const ControlModel& model)
 {
     view.setHidden(model.isHidden());
     view.setEnabled(model.isEnabled());
-    if (!model.toolTip().empty())
-        view.setToolTip(plainToolTip(QString::fromStdString(model.toolTip())));
+    const QString toolTip = QString::fromStdString(model.toolTip());
+    if (!toolTip.isEmpty())
+        view.setToolTip(plainToolTip(toolTip));
+    view.setAccessibleDescription(toolTip); // or the tool tip's markup would be read out
 }
 
 QString plainToolTip(const QString& text)

@@ -13,6 +13,8 @@ class OnOffButtonView : public QAbstractButton {
 public:
     OnOffButtonView(ButtonModel& model, const ColourWellModel& well, QWidget* parent);
 
+    /// Whether what it shows is known to be so.
+    void setCertain(bool certain);
     QSize sizeHint() const override;
 
 protected:
@@ -20,9 +22,11 @@ protected:
 
 private:
     void mirror();
+    void paintShine(QPainter& painter, const QRectF& oval) const;
 
     ButtonModel& m_model;
     const ColourWellModel& m_well;
+    bool m_certain = true;
 };
 
 } // namespace lumeroom

@@ -14,13 +14,13 @@ constexpr QSize kLeastSize{130, 87};
 }
 
 RenamePopover::RenamePopover(const QString& name, ShouldClose shouldClose, QWidget* parent)
-    : QFrame(parent, Qt::Popup)
+    : PopoverFrame(parent, Qt::Popup)
     , m_field(new QLineEdit(name, this))
     , m_shouldClose(std::move(shouldClose))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setFrameShape(QFrame::StyledPanel);
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     layout->addWidget(new QLabel(tr("New name"), this));
     layout->addWidget(m_field);
     m_field->setAccessibleName(tr("new name"));
@@ -28,20 +28,19 @@ RenamePopover::RenamePopover(const QString& name, ShouldClose shouldClose, QWidg
     setMinimumSize(kLeastSize);
     m_field->selectAll();
     setFocusProxy(m_field);
-    connect(m_field, &QLineEdit::returnPressed, this, &QWidget::close);
 }
 
 void RenamePopover::closeEvent(QCloseEvent* event)
 {
     if (!m_cancelled)
         m_shouldClose(m_field->text());
-    QFrame::closeEvent(event);
+    PopoverFrame::closeEvent(event);
 }
 
 void RenamePopover::keyPressEvent(QKeyEvent* event)
 {
     m_cancelled = event->key() == Qt::Key_Escape;
-    QFrame::keyPressEvent(event); // Escape closes any popup
+    PopoverFrame::keyPressEvent(event); // Escape closes any popup, and Return this one
 }
 
 } // namespace lumeroom

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QFrame>
+#include "strips/ui/PopoverFrame.h"
 
 #include <functional>
 
@@ -9,7 +9,7 @@ class QLineEdit;
 namespace lumeroom {
 
 /// A field for a new name. Closing it hands the text over; Escape leaves the name as it is.
-class RenamePopover : public QFrame {
+class RenamePopover : public PopoverFrame {
     Q_OBJECT
 
 public:

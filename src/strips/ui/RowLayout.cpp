@@ -1,6 +1,7 @@
 #include "strips/ui/RowLayout.h"
 
-#include "strips/ui/BadgeView.h"
+#include "strips/ui/CaptionView.h"
+#include "strips/ui/CardLook.h"
 #include "strips/ui/ColourWellView.h"
 #include "strips/ui/DragHandle.h"
 #include "strips/ui/ElidedLabel.h"
@@ -8,10 +9,37 @@
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/SelectionBox.h"
 #include "strips/ui/SliderView.h"
+#include "strips/ui/WellAndRing.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 
 namespace lumeroom {
+
+namespace {
+
+/// The name and its caption, one over the other or side by side.
+QLayout* nameAndCaption(const StripWidgets& widgets, const RowMeasures& measures)
+{
+    if (measures.caption == 0) {
+        auto* block = new QVBoxLayout;
+        block->setSpacing(0);
+        block->addStretch(1);
+        block->addWidget(widgets.label);
+        block->addWidget(widgets.caption);
+        block->addStretch(1);
+        widgets.label->setFixedWidth(measures.name);
+        return block;
+    }
+    auto* block = new QHBoxLayout;
+    block->setSpacing(measures.gap);
+    block->addWidget(widgets.label);
+    block->addWidget(widgets.caption);
+    widgets.label->setFixedWidth(measures.name);
+    return block;
+}
+
+} // namespace
 
 void setButtonSize(const StripWidgets& widgets, int side, int picture)
 {
@@ -21,37 +49,49 @@ void setButtonSize(const StripWidgets& widgets, int side, int picture)
     }
 }
 
-void layOutInOneRow(QWidget& row, const StripWidgets& widgets, const RowMeasures& measures)
-{
-    row.setFixedSize(measures.size);
-    widgets.handle->setFixedSize(measures.handle, measures.size.height() - 8);
-    widgets.onOffButton->setFixedSize(measures.onOffButton, measures.onOffButton);
-    widgets.kindBadge->setFixedSize(measures.badge, measures.badge);
-    widgets.label->setFixedWidth(measures.name);
-    widgets.well->setFixedSize(measures.well, measures.well);
-    setButtonSize(widgets, measures.button, measures.buttonIcon);
-
-    auto* line = new QHBoxLayout(&row);
-    line->setContentsMargins(6, 0, 8, 1);
-    line->setSpacing(measures.gap);
-    line->addWidget(widgets.handle);
-    line->addWidget(widgets.selected);
-    line->addWidget(widgets.onOffButton);
-    line->addWidget(widgets.kindBadge);
-    line->addWidget(widgets.label);
-    line->addWidget(widgets.rename);
-    for (SliderView* slider : widgets.sliders())
-        line->addWidget(slider, 1);
-    line->addWidget(widgets.well);
-    line->addWidget(widgets.effect);
-    line->addWidget(widgets.navigation);
-}
-
 void showNameInBold(const StripWidgets& widgets)
 {
     QFont bold = widgets.label->font();
-    bold.setBold(true);
+    bold.setWeight(QFont::DemiBold);
     widgets.label->setFont(bold);
+}
+
+QLayout* handleOrBox(const StripWidgets& widgets, QSize size)
+{
+    widgets.handle->setFixedSize(size);
+    widgets.selected->setFixedSize(size);
+    auto* place = new QGridLayout;
+    place->setSpacing(0);
+    place->addWidget(widgets.handle, 0, 0, Qt::AlignCenter);
+    place->addWidget(widgets.selected, 0, 0, Qt::AlignCenter);
+    place->setColumnMinimumWidth(0, size.width());
+    return place;
+}
+
+void layOutInOneRow(QWidget& row, const StripWidgets& widgets, const RowMeasures& measures)
+{
+    constexpr int kEnd = 8; // from the card's edge
+    makeCard(row, measures.size);
+    widgets.onOffButton->setFixedSize(measures.onOffButton, measures.onOffButton);
+    widgets.wellAndRing->setWellSize(measures.well);
+    if (measures.caption > 0)
+        widgets.caption->setFixedWidth(measures.caption);
+    setButtonSize(widgets, measures.button, measures.buttonIcon);
+
+    auto* line = new QHBoxLayout(&row);
+    line->setContentsMargins(5, 0, kEnd, 0);
+    line->setSpacing(measures.gap);
+    line->addLayout(
+        handleOrBox(widgets, {measures.handle, measures.size.height() - 2 * kCardMargin - 2}));
+    line->addWidget(widgets.onOffButton);
+    line->addLayout(nameAndCaption(widgets, measures));
+    line->addWidget(widgets.rename);
+    line->addWidget(widgets.brightness, 3); // what hands reach for
+    for (SliderView* slider : {widgets.colour, widgets.saturation, widgets.warmth})
+        line->addWidget(slider, 2);
+    line->addWidget(widgets.wellAndRing);
+    line->addWidget(widgets.effect);
+    line->addWidget(widgets.navigation);
 }
 
 } // namespace lumeroom

@@ -1,66 +1,84 @@
 #include "strips/ui/StripLayouts.h"
 
-#include "strips/ui/BadgeView.h"
-#include "strips/ui/ColourWellView.h"
-#include "strips/ui/DragHandle.h"
+#include "strips/ui/CaptionView.h"
+#include "strips/ui/CardLook.h"
 #include "strips/ui/ElidedLabel.h"
 #include "strips/ui/IconButton.h"
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/RowLayout.h"
-#include "strips/ui/SelectionBox.h"
 #include "strips/ui/SliderView.h"
+#include "strips/ui/WellAndRing.h"
 
 #include <QBoxLayout>
 
 namespace lumeroom {
 
+namespace {
+
+constexpr QSize kSize{186, 372};
+constexpr QSize kHandle{16, 22};
+constexpr int kScrollBar = 16;
+constexpr int kPadding = 8; // within the card
+
+QLayout* head(const StripWidgets& widgets)
+{
+    widgets.label->setAlignment(Qt::AlignHCenter);
+    widgets.caption->setAlignment(Qt::AlignHCenter);
+    auto* name = new QHBoxLayout;
+    name->setSpacing(0);
+    name->addLayout(handleOrBox(widgets, kHandle));
+    name->addWidget(widgets.label, 1);
+    name->addSpacing(kHandle.width()); // so that the name is in the middle
+    auto* lines = new QVBoxLayout;
+    lines->setSpacing(0);
+    lines->addLayout(name);
+    lines->addWidget(widgets.caption);
+    return lines;
+}
+
+QLayout* light(const StripWidgets& widgets)
+{
+    widgets.onOffButton->setFixedSize(88, 88);
+    widgets.wellAndRing->setWellSize(40);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(0);
+    line->addStretch(1);
+    line->addWidget(widgets.onOffButton);
+    line->addWidget(widgets.wellAndRing);
+    line->addStretch(1);
+    return line;
+}
+
+QLayout* foot(const StripWidgets& widgets)
+{
+    setButtonSize(widgets, 26, 16);
+    auto* line = new QHBoxLayout;
+    line->addStretch(1);
+    line->addWidget(widgets.rename);
+    line->addWidget(widgets.effect);
+    line->addWidget(widgets.navigation);
+    line->addStretch(1);
+    return line;
+}
+
+} // namespace
+
 void layOutSingleControl(QWidget& row, const StripWidgets& widgets)
 {
-    constexpr int kScrollBar = 16;
-    row.setFixedSize(200, 350);
-    widgets.handle->setFixedSize(18, 26);
-    widgets.kindBadge->setFixedSize(22, 22);
-    widgets.onOffButton->setFixedSize(88, 88);
-    widgets.well->setFixedSize(44, 44);
-    setButtonSize(widgets, 30, 20);
+    makeCard(row, kSize, kScrollBar);
     showNameInBold(widgets);
-    widgets.label->setAlignment(Qt::AlignHCenter);
-
-    auto* head = new QHBoxLayout;
-    head->setSpacing(6);
-    head->addWidget(widgets.handle);
-    head->addWidget(widgets.label, 1);
-    head->addWidget(widgets.selected);
-
-    auto* light = new QHBoxLayout;
-    light->setSpacing(2);
-    light->addStretch(1);
-    light->addWidget(widgets.onOffButton);
-    light->addWidget(widgets.well);
-    light->addStretch(1);
-
     auto* sliders = new QHBoxLayout;
-    sliders->setContentsMargins(14, 0, 14, 0);
     for (SliderView* slider : widgets.sliders()) {
         slider->setOrientation(Qt::Vertical);
         sliders->addWidget(slider);
     }
-
-    auto* foot = new QHBoxLayout;
-    foot->setContentsMargins(14, 0, 14, 0);
-    foot->addWidget(widgets.kindBadge);
-    foot->addStretch(1);
-    foot->addWidget(widgets.rename);
-    foot->addWidget(widgets.effect);
-    foot->addWidget(widgets.navigation);
-
     auto* panel = new QVBoxLayout(&row);
-    panel->setContentsMargins(6, 8, 6, 8 + kScrollBar);
-    panel->setSpacing(6);
-    panel->addLayout(head);
-    panel->addLayout(light);
+    panel->setContentsMargins(kPadding, kPadding, kPadding, kPadding - 2);
+    panel->setSpacing(4);
+    panel->addLayout(head(widgets));
+    panel->addLayout(light(widgets));
     panel->addLayout(sliders, 1);
-    panel->addLayout(foot);
+    panel->addLayout(foot(widgets));
 }
 
 } // namespace lumeroom

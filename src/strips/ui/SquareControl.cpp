@@ -1,63 +1,73 @@
 #include "strips/ui/StripLayouts.h"
 
-#include "strips/ui/BadgeView.h"
-#include "strips/ui/ColourWellView.h"
-#include "strips/ui/DragHandle.h"
+#include "strips/ui/CaptionView.h"
+#include "strips/ui/CardLook.h"
 #include "strips/ui/ElidedLabel.h"
 #include "strips/ui/IconButton.h"
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/RowLayout.h"
-#include "strips/ui/SelectionBox.h"
 #include "strips/ui/SliderView.h"
+#include "strips/ui/WellAndRing.h"
 
 #include <QBoxLayout>
 
 namespace lumeroom {
 
+namespace {
+
+constexpr QSize kSize{300, 178};
+constexpr QSize kHandle{16, 22};
+
+QLayout* head(const StripWidgets& widgets)
+{
+    setButtonSize(widgets, 26, 16);
+    auto* lines = new QVBoxLayout;
+    lines->setSpacing(0);
+    lines->addWidget(widgets.label);
+    lines->addWidget(widgets.caption);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(2);
+    line->addLayout(handleOrBox(widgets, kHandle), 0);
+    line->addLayout(lines, 1);
+    for (IconButton* button : {widgets.rename, widgets.effect, widgets.navigation})
+        line->addWidget(button, 0, Qt::AlignTop);
+    return line;
+}
+
+QLayout* light(const StripWidgets& widgets)
+{
+    widgets.onOffButton->setFixedSize(72, 72);
+    widgets.wellAndRing->setWellSize(30);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addStretch(1);
+    column->addWidget(widgets.onOffButton, 0, Qt::AlignHCenter);
+    column->addWidget(widgets.wellAndRing, 0, Qt::AlignHCenter);
+    column->addStretch(1);
+    return column;
+}
+
+} // namespace
+
 void layOutSquareControl(QWidget& row, const StripWidgets& widgets)
 {
-    row.setFixedSize(260, 170);
-    widgets.handle->setFixedSize(18, 26);
-    widgets.kindBadge->setFixedSize(20, 20);
-    widgets.onOffButton->setFixedSize(72, 72);
-    widgets.well->setFixedSize(40, 40);
-    setButtonSize(widgets, 28, 18);
+    makeCard(row, kSize);
     showNameInBold(widgets);
-
-    auto* head = new QHBoxLayout;
-    head->setSpacing(5);
-    head->addWidget(widgets.handle);
-    head->addWidget(widgets.kindBadge);
-    head->addWidget(widgets.label, 1);
-    head->addWidget(widgets.rename);
-    head->addWidget(widgets.selected);
-
-    auto* left = new QVBoxLayout;
-    left->setSpacing(2);
-    left->addWidget(widgets.onOffButton, 0, Qt::AlignHCenter);
-    left->addWidget(widgets.well, 0, Qt::AlignHCenter);
-    left->addStretch(1);
-
-    auto* middle = new QVBoxLayout;
-    middle->setSpacing(2);
+    auto* sliders = new QVBoxLayout;
+    sliders->setSpacing(0);
     for (SliderView* slider : widgets.sliders())
-        middle->addWidget(slider);
-
-    auto* right = new QVBoxLayout;
-    right->addWidget(widgets.effect);
-    right->addStretch(1);
-    right->addWidget(widgets.navigation);
+        sliders->addWidget(slider);
 
     auto* body = new QHBoxLayout;
-    body->setSpacing(4);
-    body->addLayout(left);
-    body->addLayout(middle, 1);
-    body->addLayout(right);
+    body->setContentsMargins(8, 0, 4, 0);
+    body->setSpacing(6);
+    body->addLayout(light(widgets));
+    body->addLayout(sliders, 1);
 
     auto* card = new QVBoxLayout(&row);
-    card->setContentsMargins(6, 6, 8, 9);
+    card->setContentsMargins(6, 6, 6, 6);
     card->setSpacing(2);
-    card->addLayout(head);
+    card->addLayout(head(widgets));
     card->addLayout(body, 1);
 }
 

@@ -2,6 +2,7 @@
 
 #include "strips/LampControlStrip.h"
 #include "strips/ui/BadgeView.h"
+#include "strips/ui/CaptionView.h"
 #include "strips/ui/ColourWellView.h"
 #include "strips/ui/DragHandle.h"
 #include "strips/ui/ElidedLabel.h"
@@ -9,6 +10,7 @@
 #include "strips/ui/OnOffButtonView.h"
 #include "strips/ui/SelectionBox.h"
 #include "strips/ui/SliderView.h"
+#include "strips/ui/WellAndRing.h"
 
 namespace lumeroom {
 
@@ -40,29 +42,39 @@ StripWidgets::StripWidgets(LampControlStrip& strip, ColourPickerPopover& picker,
 {
     namespace ct = controltag;
     handle = tagged(ct::kDragHandle, new DragHandle(row));
-    selected = keepingItsRoom(
-        tagged(ct::kSelectionButton, new SelectionBox(strip.getSelectedButton(), row)));
+    selected = tagged(ct::kSelectionButton, new SelectionBox(strip.getSelectedButton(), row));
     onOffButton = tagged(
         ct::kOnOffButton, new OnOffButtonView(strip.onOffButton(), strip.colourWell(), row));
-    kindBadge = keepingItsRoom(tagged(ct::kKindBadge, new BadgeView(strip.kindBadge(), row)));
     label = tagged(ct::kLabel, new ElidedLabel(strip.label(), row));
+    caption = new CaptionView(strip.caption(), row);
+    caption->setBadge(*tagged(ct::kKindBadge, new BadgeView(strip.kindBadge(), caption)));
     rename = keepingItsRoom(tagged(ct::kRenameButton,
         new IconButton(Icon::Rename, text("rename"), strip.renameButton(), row)));
 
-    const auto slider = [row](SliderModel& model, const char* name, SliderView::MakeBar bar) {
-        return tagged(model.tag(), new SliderView(model, std::move(bar), text(name), row));
+    const auto slider = [row](SliderModel& model, Icon sign, const char* name,
+                            SliderView::MakeBar bar) {
+        auto* view = tagged(model.tag(), new SliderView(model, std::move(bar), text(name), row));
+        view->setSign(sign);
+        return view;
     };
-    brightness = slider(strip.brightnessSlider(), "brightness", brightnessSliderBar);
-    colour = slider(strip.colourSlider(), "colour", colourSliderBar);
-    saturation
-        = slider(strip.satSlider(), "saturation", [&strip](const Rectangle& inside, bool dark) {
-              return whitenessSliderBar(inside, strip.saturatedHueComponent(), dark);
-          });
-    warmth = slider(strip.warmthSlider(), "warmth", warmthSliderBar);
+    brightness = slider(strip.brightnessSlider(), Icon::Sun, "brightness",
+        [&strip](const Rectangle& inside, bool dark) {
+            return brightnessSliderBar(inside, lightOf(strip.colourWell().colour()), dark);
+        });
+    colour = slider(strip.colourSlider(), Icon::Hue, "colour", colourSliderBar);
+    saturation = slider(
+        strip.satSlider(), Icon::Drop, "whiteness", [&strip](const Rectangle& inside, bool dark) {
+            return whitenessSliderBar(inside, strip.saturatedHueComponent(), dark);
+        });
+    warmth = slider(strip.warmthSlider(), Icon::Thermometer, "warmth", warmthSliderBar);
 
-    well = new ColourWellView(strip.colourWell(), picker, row);
+    wellAndRing = new WellAndRing(strip.sendButton(), row);
+    well = new ColourWellView(strip.colourWell(), picker, wellAndRing);
+    wellAndRing->setWell(*well);
     effect = tagged(ct::kEffectButton,
         new IconButton(Icon::Effect, text("effects"), strip.effectButton(), row));
+    for (IconButton* button : {rename, effect})
+        button->showOnDemand();
     navigation = keepingItsRoom(tagged(ct::kNavigationButton,
         new IconButton(Icon::NavForward, text("view contents"), strip.navigationButton(), row)));
 }

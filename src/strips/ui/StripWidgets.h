@@ -6,7 +6,7 @@ class QWidget;
 
 namespace lumeroom {
 
-class BadgeView;
+class CaptionView;
 class ColourPickerPopover;
 class ColourWellView;
 class DragHandle;
@@ -16,6 +16,7 @@ class LampControlStrip;
 class OnOffButtonView;
 class SelectionBox;
 class SliderView;
+class WellAndRing;
 
 /// The controls of one strip, each mirroring its model and known by its tag in the property "tag".
 /// A layout gives them their places. They belong to the row, and the keyboard goes through them in
@@ -26,14 +27,15 @@ struct StripWidgets {
     DragHandle* handle;
     SelectionBox* selected;
     OnOffButtonView* onOffButton;
-    BadgeView* kindBadge;
     ElidedLabel* label;
+    CaptionView* caption;
     IconButton* rename;
     SliderView* brightness;
     SliderView* colour;
     SliderView* saturation;
     SliderView* warmth;
-    ColourWellView* well;
+    WellAndRing* wellAndRing;
+    ColourWellView* well; ///< within its ring
     IconButton* effect;
     IconButton* navigation;
 

@@ -7,15 +7,15 @@ namespace lumeroom {
 void layOutThinControl(QWidget& row, const StripWidgets& widgets)
 {
     layOutInOneRow(row, widgets,
-        {.size = {820, 34},
-            .name = 150,
+        {.size = {920, 42},
+            .name = 144,
             .handle = 16,
-            .onOffButton = 34,
-            .badge = 16,
-            .button = 24,
-            .buttonIcon = 16,
-            .well = 24,
-            .gap = 6});
+            .onOffButton = 32,
+            .button = 22,
+            .buttonIcon = 14,
+            .well = 20,
+            .gap = 6,
+            .caption = 132});
 }
 
 } // namespace lumeroom

@@ -204,7 +204,7 @@ TEST_F(Tray, theMenuOnTheBusSwitchesTheLamps)
     Entry menu;
     ASSERT_TRUE(workUntil([&] {
         menu = desktop.openMenu();
-        return menu.children.size() == 7;
+        return menu.children.size() == 9;
     }));
     ASSERT_EQ(menu.children[2].children.size(), 2U); // all on, all off
     for (const char* name : {"Desk", "Ceiling", "Strip"})
@@ -213,14 +213,19 @@ TEST_F(Tray, theMenuOnTheBusSwitchesTheLamps)
     EXPECT_EQ(desktop.program, "application://com.tanagerworks.Lumeroom.desktop");
     const QByteArray lit = entry(menu, "Desk")->icon();
     EXPECT_FALSE(lit.isEmpty());
+    const QString check = QStringLiteral("toggle-state");
+    EXPECT_EQ(entry(menu, "Desk")->properties.value(check), 1);
     desktop.choose(entry(menu, "Desk")->id);
     EXPECT_TRUE(workUntil([&] { return !isOn(0); }));
+    EXPECT_EQ(entry(desktop.openMenu(), "Desk")->properties.value(check), 0);
     EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count") == 2; }));
     EXPECT_NE(entry(desktop.openMenu(), "Desk")->icon(), lit);
     desktop.choose(menu.children[2].children[0].id);
     EXPECT_TRUE(workUntil([&] { return isOn(0); }));
     desktop.choose(menu.children[2].children[1].id);
     EXPECT_TRUE(workUntil([&] { return desktop.badge.value("count-visible") == false; }));
+    desktop.choose(entry(menu, "Quit")->id);
+    EXPECT_TRUE(workUntil([&] { return program.state() == QProcess::NotRunning; }));
 }
 
 TEST_F(Tray, theProgramLivesOnInTheTrayWhenThePanelIsClosed)

@@ -1,0 +1,172 @@
+#include "app/EmptyPanel.h"
+
+#include "app/NoLampsText.h"
+#include "app/PanelSetUp.h"
+#include "app/PanelView.h"
+#include "engine/Discovery.h"
+#include "engine/EngineRoom.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace lumeroom {
+
+namespace {
+
+constexpr Seconds kPatience(8.0);
+
+/// Whether a person would see no difference.
+bool readsTheSame(const std::optional<PanelNotice>& one, const std::optional<PanelNotice>& other)
+{
+    if (!one || !other)
+        return !one && !other;
+    return one->title == other->title && one->text == other->text
+        && std::equal(one->actions.begin(), one->actions.end(), other->actions.begin(),
+            other->actions.end(), [](const auto& a, const auto& b) { return a.title == b.title; });
+}
+
+void offer(PanelNotice& notice, const std::string& title, const std::function<void()>& act)
+{
+    if (act)
+        notice.actions.push_back({title, act});
+}
+
+} // namespace
+
+EmptyPanel::EmptyPanel(Environment environment)
+    : m_environment(std::move(environment))
+{
+}
+
+void EmptyPanel::foundNoLamps()
+{
+    if (!m_waiting)
+        beginToWait();
+    else if (!m_patience.isPending())
+        showNoLamps(); // what was tried, and with what luck, may be another by now
+}
+
+void EmptyPanel::beginToWait()
+{
+    m_waiting = true;
+    show({});
+    m_environment.panel.startThrobber();
+    m_patience = m_environment.runLoop.after(kPatience, [this] { showNoLamps(); });
+}
+
+void EmptyPanel::lookAgain()
+{
+    m_environment.engineRoom.lookAgain();
+    beginToWait();
+}
+
+void EmptyPanel::wasBuilt()
+{
+    m_waiting = false;
+    m_patience.cancel();
+    m_environment.panel.stopThrobber();
+    wasPlaced();
+}
+
+void EmptyPanel::wasPlaced()
+{
+    if (m_waiting)
+        return;
+    const PanelSetUp& panelSetUp = m_environment.panelSetUp;
+    const std::string sought = panelSetUp.find().soughtInVain();
+    if (!sought.empty())
+        show(foundNothing(sought));
+    else if (!panelSetUp.collection().strips().empty() || isBusy())
+        show({});
+    else
+        show(panelSetUp.navigation().filter() ? emptyFilter() : emptyPage());
+}
+
+bool EmptyPanel::isBusy() const
+{
+    const auto& filter = m_environment.panelSetUp.navigation().filter();
+    return m_environment.popoverIsOpen() || (filter && filter->type == StripType::None);
+}
+
+void EmptyPanel::showNoLamps()
+{
+    if (isBusy()) {
+        show({});
+        m_environment.panel.startThrobber();
+        return;
+    }
+    m_environment.panel.stopThrobber();
+    show(noLamps());
+}
+
+PanelNotice EmptyPanel::noLamps()
+{
+    const EngineRoom& engineRoom = m_environment.engineRoom;
+    PanelNotice notice{"No lamps found",
+        noLampsText(engineRoom.searchedPlaces(), engineRoom.networkComplaint()), {}};
+    offer(notice, "Lamp addresses...", m_offers.showLampAddresses);
+    offer(notice, "Look again", [this] { lookAgain(); });
+    offer(notice, "Show the demonstration", m_offers.showDemonstration);
+    return notice;
+}
+
+/// The lamps are known, but not what the switches that are on stand for.
+PanelNotice EmptyPanel::emptyPage() const
+{
+    const struct {
+        StripType type;
+        const char* title;
+        const char* text;
+        const char* make;
+        const std::function<void()>& act;
+    } kinds[] = {
+        {StripType::Group, "No groups yet",
+            "The lamps of a group are switched, dimmed and coloured together.", "Make group...",
+            m_offers.makeGroup},
+        {StripType::Location, "No locations yet",
+            "A location holds the lamps of one place: a home, a floor, an office.",
+            "Make location...", m_offers.makeLocation},
+        {StripType::Tag, "No tags yet",
+            "Tags are an older kind of group that lamps still carry. A lamp can have several.",
+            "Make tag...", m_offers.makeTag},
+    };
+    PanelNotice notice;
+    for (const auto& kind : kinds) {
+        if (!m_environment.panelSetUp.navigation().shows(kind.type))
+            continue;
+        notice.title = notice.title.empty() ? kind.title : "Nothing here yet";
+        notice.text += (notice.text.empty() ? "" : "\n") + std::string(kind.text);
+        offer(notice, kind.make, kind.act);
+    }
+    return notice;
+}
+
+PanelNotice EmptyPanel::emptyFilter() const
+{
+    PanelNotice notice{"No lamps here any more",
+        "The last of them has left, or has not been heard of since the program was started.", {}};
+    if (m_environment.panelSetUp.navigation().filterType() == StripType::Zone) {
+        notice.title = "No zones yet";
+        notice.text = "The lamp has not told of its zones. They show as soon as it does.";
+    }
+    offer(notice, "Back", m_offers.back);
+    return notice;
+}
+
+PanelNotice EmptyPanel::foundNothing(const std::string& sought) const
+{
+    return {fmt::format("No lamp is called '{}'", sought), {},
+        {{"Show all", [this] { m_environment.panelSetUp.find().close(); }}}};
+}
+
+void EmptyPanel::show(std::optional<PanelNotice> notice)
+{
+    if (readsTheSame(m_shown, notice))
+        return;
+    m_shown = std::move(notice);
+    m_environment.panel.showNotice(m_shown);
+}
+
+} // namespace lumeroom

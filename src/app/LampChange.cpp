@@ -1,0 +1,177 @@
+#include "app/LampChange.h"
+
+#include "engine/LampCommands.h"
+#include "engine/LampRegistry.h"
+#include "engine/LampUnits.h"
+
+#include <fmt/core.h>
+
+#include <cmath>
+
+namespace lumeroom {
+
+namespace {
+
+/// What a lamp may lose between being sent a value and reporting it, in 255ths of the range.
+constexpr double kLoss = 2;
+constexpr double kLevels = 255;
+constexpr double kMostColour = 65535;
+
+struct Member {
+    std::optional<double> LampColour::*value;
+    double range;
+};
+
+constexpr Member kMembers[] = {
+    {&LampColour::colour, kMostColour},
+    {&LampColour::saturation, kLevels},
+    {&LampColour::brightness, kLevels},
+    {&LampColour::warmth, kMostWarmth},
+};
+
+bool isStill(const Member& member, const std::optional<double>& left, const LampColour& present)
+{
+    const auto& value = present.*member.value;
+    return left && value && std::abs(*left - *value) <= kLoss / kLevels * member.range;
+}
+
+void dropUnchanged(LampColour& before, LampColour& after)
+{
+    for (const Member& member : kMembers) {
+        auto& was = before.*member.value;
+        auto& is = after.*member.value;
+        if (was && is && integerPart(*was) != integerPart(*is))
+            continue;
+        was.reset();
+        is.reset();
+    }
+}
+
+/// `before` may be as it was, or as it has to be sent: a lamp that was told what it had is the
+/// same.
+void compare(LampColour& before, LampColour& after)
+{
+    dropUnchanged(before, after);
+    before = sentWhenReported(before);
+    dropUnchanged(before, after);
+}
+
+void extend(LampColour& before, LampColour& after, const LampColour& nextBefore,
+    const LampColour& nextAfter)
+{
+    after.adopt(nextAfter);
+    LampColour first = nextBefore;
+    first.adopt(before);
+    before = first;
+}
+
+void send(const LampColour& wanted, const LampColour& left, const LampColour& present,
+    const std::string& id, LampCommands& commands)
+{
+    Settings settings;
+    for (const Member& member : kMembers) {
+        if (isStill(member, left.*member.value, present))
+            settings.*member.value = wanted.*member.value;
+    }
+    commands.sendSettingsToLamp(settings, id);
+}
+
+void restore(
+    const LampState& wanted, const LampState& left, const Lamp& lamp, LampCommands& commands)
+{
+    const LampState present(lamp);
+    const std::string id = lamp.id;
+    if (wanted.power && present.power == left.power)
+        commands.lampOn(id, *wanted.power);
+    send(wanted.colour, left.colour, present.colour, id, commands);
+    for (const auto& [number, colour] : wanted.zones) {
+        const auto zone = present.zones.find(number);
+        if (zone != present.zones.end())
+            send(colour, left.zones.at(number), zone->second, fmt::format("{}-{}", id, number),
+                commands);
+    }
+}
+
+} // namespace
+
+LampState::LampState(const Lamp& lamp)
+    : power(lamp.expectedPower())
+{
+    for (const Zone& zone : lamp.ownZones())
+        zones.emplace(zone.zone, zone.expectedColour());
+    if (!lamp.zones)
+        colour = lamp;
+}
+
+LampChange::States LampChange::statesOf(const Lamps& lamps)
+{
+    States states;
+    for (const auto& lamp : lamps)
+        states.emplace(lamp->id, LampState(*lamp));
+    return states;
+}
+
+LampChange::LampChange(const States& before, const States& after)
+{
+    for (const auto& [id, was] : before) {
+        const auto is = after.find(id);
+        if (is == after.end())
+            continue;
+        Sides lamp{was, is->second};
+        compare(lamp.before.colour, lamp.after.colour);
+        for (auto& [number, colour] : lamp.before.zones)
+            compare(colour, lamp.after.zones[number]);
+        dropUnchanged(lamp);
+        if (!lamp.before.isEmpty())
+            m_lamps.emplace(id, lamp);
+    }
+}
+
+void LampChange::dropUnchanged(Sides& lamp)
+{
+    if (!lamp.before.power || !lamp.after.power || lamp.before.power == lamp.after.power)
+        lamp.before.power = lamp.after.power = {};
+    lumeroom::dropUnchanged(lamp.before.colour, lamp.after.colour);
+    for (auto& [number, colour] : lamp.before.zones)
+        lumeroom::dropUnchanged(colour, lamp.after.zones[number]);
+    const auto isUntouched = [](const auto& zone) { return !zone.second.hasAny(); };
+    std::erase_if(lamp.before.zones, isUntouched);
+    std::erase_if(lamp.after.zones,
+        [&](const auto& zone) { return !lamp.before.zones.contains(zone.first); });
+}
+
+void LampChange::extend(const LampChange& next)
+{
+    for (const auto& [id, more] : next.m_lamps) {
+        Sides& lamp = m_lamps[id];
+        if (!lamp.before.power)
+            lamp.before.power = more.before.power;
+        if (more.after.power)
+            lamp.after.power = more.after.power;
+        lumeroom::extend(
+            lamp.before.colour, lamp.after.colour, more.before.colour, more.after.colour);
+        for (const auto& [number, colour] : more.before.zones)
+            lumeroom::extend(lamp.before.zones[number], lamp.after.zones[number], colour,
+                more.after.zones.at(number));
+        dropUnchanged(lamp);
+    }
+    std::erase_if(m_lamps, [](const auto& lamp) { return lamp.second.before.isEmpty(); });
+}
+
+void LampChange::takeBack(const LampRegistry& registry, LampCommands& commands) const
+{
+    for (const auto& [id, sides] : m_lamps) {
+        if (const auto lamp = registry.lampWithID(id))
+            restore(sides.before, sides.after, *lamp, commands);
+    }
+}
+
+void LampChange::makeAgain(const LampRegistry& registry, LampCommands& commands) const
+{
+    for (const auto& [id, sides] : m_lamps) {
+        if (const auto lamp = registry.lampWithID(id))
+            restore(sides.after, sides.before, *lamp, commands);
+    }
+}
+
+} // namespace lumeroom

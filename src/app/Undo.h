@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/LampChange.h"
+#include "base/Listeners.h"
+#include "base/RunLoop.h"
+#include "strips/Controls.h"
+
+namespace lumeroom {
+
+class EngineRoom;
+
+/// What the user does in one go, like the movements of one slider.
+struct Gesture {
+    std::string name;
+    Stroke stroke; ///< without one, it goes on under the same name while it comes quickly
+};
+
+/// Takes the last change of the panel back, and makes it again: one step.
+class Undo {
+public:
+    /// `restored` shows on the panel what the lamps have just been sent.
+    Undo(EngineRoom& engineRoom, RunLoop& runLoop,
+        std::function<void(const LampChange& step)> restored);
+
+    /// Calls `send`, which sends these lamps something by the user's hand. What leaves them as they
+    /// were is no step. `title` is for the menu.
+    void change(const Gesture& gesture, const std::string& title, const Lamps& lamps,
+        const std::function<void()>& send);
+    /// Something that only the panel knows is to be taken back before the step; null for nothing.
+    void offerFirst(const std::string& title, std::function<void()> takeBack);
+
+    bool canUndo() const { return m_takeBackFirst || (!m_step.isEmpty() && !m_undone); }
+    bool canRedo() const { return m_undone; }
+    /// Of what can be taken back or made again: "All off", "Desk lamp".
+    const std::string& title() const { return m_takeBackFirst ? m_firstTitle : m_title; }
+    void undo();
+    void redo();
+    /// Takes the step back if it is what this stroke has done.
+    void takeBack(const Stroke& stroke);
+    [[nodiscard]] Subscription listen(std::function<void()> changed)
+    {
+        return m_listeners.add(std::move(changed));
+    }
+
+private:
+    bool goesOn(const Gesture& gesture) const;
+    void restored(bool undone);
+
+    EngineRoom& m_engineRoom;
+    RunLoop& m_runLoop;
+    std::function<void(const LampChange&)> m_restored;
+    LampChange m_step;
+    bool m_undone = false;
+    std::optional<Gesture> m_gesture; ///< that the step may go on with
+    Seconds m_lastChange{};
+    std::string m_title;
+    std::string m_firstTitle;
+    std::function<void()> m_takeBackFirst;
+    Listeners m_listeners;
+};
+
+} // namespace lumeroom
