@@ -36,9 +36,9 @@ void NavigationButton::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF ground = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
     paintGround(painter, ground);
-    if (looksPressed() || underMouse()) {
+    if (isDown() || underMouse()) {
         QColor veil(isDark(*this) ? Qt::white : Qt::black);
-        veil.setAlphaF(looksPressed() ? 0.15F : 0.05F);
+        veil.setAlphaF(isDown() ? 0.15F : 0.05F);
         painter.setPen(Qt::NoPen);
         painter.setBrush(veil);
         painter.drawRoundedRect(ground, kRadius, kRadius);

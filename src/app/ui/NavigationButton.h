@@ -24,8 +24,6 @@ protected:
     virtual void paintGround(QPainter&, const QRectF&) const { }
     virtual void paintContent(QPainter& painter) const;
     void paintText(QPainter& painter, const QRect& room) const;
-    /// Whether the button shows that it takes what the hand just did.
-    virtual bool looksPressed() const { return isDown(); }
 
 private:
     Icon m_icon;

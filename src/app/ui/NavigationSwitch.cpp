@@ -24,8 +24,6 @@ NavigationSwitch::NavigationSwitch(
     , m_kind(kind)
 {
     setCheckable(true);
-    m_secondClick.setSingleShot(true);
-    connect(&m_secondClick, &QTimer::timeout, this, [this] { press(); });
     connect(this, &QAbstractButton::clicked, this, [this] { act(); });
     followModel(m_kind, this, &NavigationSwitch::mirror);
 }
@@ -39,33 +37,22 @@ void NavigationSwitch::act()
 {
     if (QGuiApplication::keyboardModifiers() & Qt::ControlModifier)
         return m_navigation.showOnly(m_kind);
-    if (!m_mouseActs || !m_kind.state())
-        return press();
-    m_secondClick.start(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-    update();
-}
-
-void NavigationSwitch::press()
-{
-    m_secondClick.stop();
     m_kind.press();
-    update();
 }
 
-void NavigationSwitch::mouseReleaseEvent(QMouseEvent* event)
+// A third quick click would take back what the two before it asked for.
+void NavigationSwitch::mousePressEvent(QMouseEvent* event)
 {
-    m_mouseActs = true;
-    NavigationButton::mouseReleaseEvent(event);
-    m_mouseActs = false;
+    if (m_sameClicks.hasExpired())
+        NavigationButton::mousePressEvent(event);
 }
 
 void NavigationSwitch::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_secondClick.stop();
+    m_sameClicks.setRemainingTime(QGuiApplication::styleHints()->mouseDoubleClickInterval());
     m_navigation.showOnly(m_kind);
-    update();
 }
 
 QSize NavigationSwitch::sizeHint() const

@@ -2,7 +2,7 @@
 
 #include "app/ui/NavigationButton.h"
 
-#include <QTimer>
+#include <QDeadlineTimer>
 
 namespace lumeroom {
 
@@ -10,8 +10,7 @@ struct NavigationModel;
 class ButtonModel;
 
 /// A row that can be on: it then lies on a ground of its own with a check mark. Two clicks, or one
-/// with Ctrl, mean "only this". A click that would switch off therefore acts when no second one can
-/// follow: otherwise the rows would go and come back under the hand.
+/// with Ctrl, mean "only this".
 class NavigationSwitch : public NavigationButton {
     Q_OBJECT
 
@@ -23,21 +22,18 @@ public:
 
 protected:
     void nextCheckState() override { } // it shows what the model says
-    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintGround(QPainter& painter, const QRectF& ground) const override;
     void paintContent(QPainter& painter) const override;
-    bool looksPressed() const override { return isDown() || m_secondClick.isActive(); }
 
 private:
     void act();
-    void press();
     void mirror();
 
     NavigationModel& m_navigation;
     ButtonModel& m_kind;
-    QTimer m_secondClick; ///< runs while one can follow on a click that switches off
-    bool m_mouseActs = false;
+    QDeadlineTimer m_sameClicks{0}; ///< until then a click belongs to the two before it
 };
 
 } // namespace lumeroom
