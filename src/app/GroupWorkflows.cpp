@@ -40,19 +40,19 @@ void GroupWorkflows::makeStep1(StripType type)
     if (anotherIsOpen())
         return;
     const GroupingFamily& family = groupingFamily(type);
-    m_stage.navigateToAllLamps(std::string(family.makeDescription));
-    m_stage.selection().deselectAndShowAllLampSelectionButtons();
-    m_stage.showWorkflowPopover({.title = std::string(family.makeTitle),
-        .name = {},
-        .asksForName = true,
-        .confirm = std::string(family.makeConfirm),
-        .endsWithTheView = false,
-        .state =
-            [this, &family](const std::string& name) {
-                return stateOfMake(family, m_engineRoom.registry(), pickedLamps(), name);
-            },
-        .close
-        = [this, type](int tag, const std::string& name) { makePopoverClose(type, tag, name); }});
+    m_stage.begin(std::string(family.makeDescription),
+        {.title = std::string(family.makeTitle),
+            .name = {},
+            .asksForName = true,
+            .confirm = std::string(family.makeConfirm),
+            .endsWithTheView = false,
+            .state =
+                [this, &family](const std::string& name) {
+                    return stateOfMake(family, m_engineRoom.registry(), pickedLamps(), name);
+                },
+            .close = [this, type](
+                         int tag, const std::string& name) { makePopoverClose(type, tag, name); }},
+        [this] { m_stage.selection().deselectAndShowAllLampSelectionButtons(); });
 }
 
 void GroupWorkflows::makePopoverClose(StripType type, int tag, const std::string& name)
@@ -109,25 +109,26 @@ void GroupWorkflows::editStep1(StripType type, const std::string& name)
             m_log.line("{}{}:", family.notFound, name);
         return;
     }
-    const Lamps lamps = groupingAccess(type)->lamps(m_engineRoom.registry(), *id);
-    m_stage.navigateToAllLamps(std::string(family.editDescription) + name);
-    select(lamps, name);
-    // One of a tag stays open when the panel goes back by itself.
-    m_stage.showWorkflowPopover({.title = std::string(family.editTitle),
-        .name = name,
-        .asksForName = false,
-        .confirm = "Save",
-        .endsWithTheView = type != StripType::Tag,
-        .state =
-            [this, &family, id = *id](const std::string&) {
-                return stateOfEdit(family, m_engineRoom.registry(), id, pickedLamps());
-            },
-        .close
-        = [this, type](int tag, const std::string& text) { editPopoverClose(type, tag, text); }});
+    const StripTarget target{*id, type};
+    // The popover of a tag stays open when the panel goes back by itself.
+    m_stage.begin(std::string(family.editDescription) + name,
+        {.title = std::string(family.editTitle),
+            .name = name,
+            .asksForName = false,
+            .confirm = "Save",
+            .endsWithTheView = type != StripType::Tag,
+            .state =
+                [this, &family, id = *id](const std::string&) {
+                    return stateOfEdit(family, m_engineRoom.registry(), id, pickedLamps());
+                },
+            .close = [this, type](
+                         int tag, const std::string& text) { editPopoverClose(type, tag, text); }},
+        [this, target, name] { selectMembers(target, name); });
 }
 
-void GroupWorkflows::select(const Lamps& lamps, const std::string& name)
+void GroupWorkflows::selectMembers(const StripTarget& target, const std::string& name)
 {
+    const Lamps lamps = groupingAccess(target.type)->lamps(m_engineRoom.registry(), target.id);
     if (m_log.shows(2)) {
         m_log.line("lamps inclued in {}:", name);
         for (const auto& lamp : lamps)

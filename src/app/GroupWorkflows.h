@@ -62,7 +62,7 @@ private:
     void remove(StripType type, const std::string& name);
     std::string newestNamed(StripType type, const std::string& name) const;
     Lamps pickedLamps() const;
-    void select(const Lamps& lamps, const std::string& name);
+    void selectMembers(const StripTarget& target, const std::string& name);
     void popUpOver(const Rectangle& button, MenuModel& menu);
     Menus& menus(StripType type) { return m_menus[type]; }
 

@@ -87,6 +87,7 @@ PanelSetUp::Companions ManualController::companions()
         .closeEditPopovers = [this] { m_stage.closeEditPopovers(); },
         .cancelWorkflow = [this] { return m_stage.cancelWorkflow(); },
         .popoverIsOpen = [this] { return m_stage.popoverIsOpen(); },
+        .awaitsLamps = [this] { return m_stage.awaitsLamps(); },
     };
 }
 

@@ -2,6 +2,8 @@
 
 #include "app/PanelSetUp.h"
 
+#include <utility>
+
 namespace lumeroom {
 
 WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel)
@@ -11,10 +13,21 @@ WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel)
 {
 }
 
-void WorkflowStage::navigateToAllLamps(const std::string& description)
+// The panel may have to wait, for a row in the user's hand or for a movement that is to be sent.
+void WorkflowStage::begin(
+    const std::string& description, WorkflowPopover popover, std::function<void()> select)
 {
+    popover.state = [this, state = std::move(popover.state)](const std::string& name) {
+        return awaitsLamps() ? WorkflowState{false, "Waiting for the lamps"} : state(name);
+    };
+    m_popover = std::move(popover);
+    m_select = std::move(select);
+    if (onPopover)
+        onPopover(true);
     m_panelSetUp.navigation().navigateLampsInTypeID(
         description, StripType::None, std::string(kAllLampsId));
+    m_panel.showWorkflowPopover(*m_popover);
+    m_panelSetUp.fitContainer();
 }
 
 void WorkflowStage::unNavigate()
@@ -47,16 +60,6 @@ void WorkflowStage::showNew(const StripTarget& target)
     m_panelSetUp.navigation().showNew(target);
 }
 
-void WorkflowStage::showWorkflowPopover(WorkflowPopover popover)
-{
-    m_popover = std::move(popover);
-    if (onPopover)
-        onPopover(true);
-    m_panel.showWorkflowPopover(*m_popover);
-    m_panelSetUp.fitContainer();
-    watchSelection();
-}
-
 void WorkflowStage::watchSelection()
 {
     m_picks.clear();
@@ -70,9 +73,15 @@ void WorkflowStage::panelWasBuilt()
 {
     if (!m_popover)
         return;
-    m_selection.showAllLampSelectionButtons();
+    const auto select = std::exchange(m_select, nullptr);
+    if (select)
+        select();
+    else
+        m_selection.showAllLampSelectionButtons();
     watchSelection();
     m_panel.updateWorkflowPopover();
+    if (select)
+        bringWorkflowPopoverToFront(); // the first of its lamps is another row now
 }
 
 void WorkflowStage::bringWorkflowPopoverToFront()
@@ -83,8 +92,10 @@ void WorkflowStage::bringWorkflowPopoverToFront()
 void WorkflowStage::closeWorkflowPopover()
 {
     m_picks.clear();
+    m_select = nullptr;
     m_popover.reset();
     m_panel.closeWorkflowPopover();
+    m_panelSetUp.fitContainer();
     if (onPopover)
         onPopover(false);
 }

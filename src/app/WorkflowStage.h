@@ -18,8 +18,10 @@ public:
 
     StripSelection& selection() { return m_selection; }
 
-    /// Narrows the panel down to all lamps, under a description.
-    void navigateToAllLamps(const std::string& description);
+    /// Narrows the panel down to all lamps, under a description, and opens the popover, which can
+    /// be confirmed from when the lamps are on the panel. Then `select` shows what is picked.
+    void begin(
+        const std::string& description, WorkflowPopover popover, std::function<void()> select);
     void unNavigate();
     /// Builds the panel anew, with the strips that there are.
     void rebuild();
@@ -32,14 +34,15 @@ public:
     Strips stripsOfLamps(const Lamps& lamps) const;
 
     bool popoverIsOpen() const { return m_popover.has_value(); }
+    /// The popover is open, and its lamps are not on the panel yet.
+    bool awaitsLamps() const { return m_select != nullptr; }
     /// Told when one opens, and when it closes.
     std::function<void(bool open)> onPopover;
-    void showWorkflowPopover(WorkflowPopover popover);
     void bringWorkflowPopoverToFront();
     void closeWorkflowPopover();
     /// As if its cancel button were pressed; false if none is open.
     bool cancelWorkflow();
-    /// The panel has other rows, under a popover that was opened while no lamp was known.
+    /// The panel has other rows.
     void panelWasBuilt();
     /// The panel goes back by itself: what may end with that is dropped.
     void closeEditPopovers();
@@ -54,6 +57,7 @@ private:
     PanelView& m_panel;
     StripSelection m_selection;
     std::optional<WorkflowPopover> m_popover;
+    std::function<void()> m_select; ///< null once it is done
     std::vector<Subscription> m_picks;
 };
 

@@ -268,6 +268,38 @@ TEST_F(Workflows, removing)
     EXPECT_FALSE(navigation().editGroup.isEnabled());
 }
 
+TEST_F(Workflows, nothingIsConfirmedBeforeTheLampsAreOnThePanel)
+{
+    const auto begin = [this](FakeRow& row, bool held) {
+        row.popover = held;
+        controller.panelSetUp().refreshSetUpUsingRecycling(true); // for which a held row has time
+        row.strip.brightnessSlider().moveTo(held ? 20 : 30);
+        workflows.editGroupStep1("Den");
+        panel.updateWorkflowPopover();
+        EXPECT_FALSE(panel.workflowState.canConfirm);
+        EXPECT_EQ(panel.workflowState.summary, "Waiting for the lamps");
+        loop.advance(Seconds(1));
+        EXPECT_EQ(panel.workflowState.canConfirm, !held);
+        row.popover = false;
+        loop.advance(Seconds(0.25));
+    };
+    for (const bool held : {false, true}) {
+        navigation().showOnly(navigation().groups);
+        ASSERT_EQ(panel.names(), Names{"Den"});
+        const int brought = panel.broughtToFront;
+        begin(*panel.rows.at(0), held);
+        EXPECT_EQ(selected(), (Names{"Lamp 1", "Lamp 2"}));
+        EXPECT_EQ(panel.broughtToFront, brought + 1); // to the row that is the first now
+        panel.rows.at(2)->strip.getSelectedButton().press();
+        EXPECT_EQ(panel.workflowState.summary, "3 lamps");
+        const int builds = panel.builds;
+        controller.panelSetUp().refreshSetUpUsingRecycling(true);
+        loop.advance(Seconds(6));
+        EXPECT_EQ(panel.builds, builds);
+        press(WorkflowPopover::kCancelTag, "Den");
+    }
+}
+
 TEST_F(Workflows, oneAtATimeAndTheWayBackEndsIt)
 {
     receive(stateGrouping(53, 3, 0xC3, "Den"));
