@@ -3,6 +3,7 @@
 #include "app/WorkflowStage.h"
 #include "app/WorkflowSummary.h"
 #include "base/Log.h"
+#include "base/NameText.h"
 #include "strips/GroupingAccess.h"
 
 namespace lumeroom {
@@ -60,11 +61,11 @@ void GroupWorkflows::makePopoverClose(StripType type, int tag, const std::string
     m_stage.closeWorkflowPopover();
     m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag)
-        make(type, m_stage.selection().getSelectedLampStrips(), name);
+        make(type, m_stage.selection().getSelectedLampStrips(), nameOnOneLine(name));
     m_stage.unNavigate();
 }
 
-// The name is taken as it is, an empty one too.
+// An empty name is one, too.
 void GroupWorkflows::make(StripType type, const Strips& strips, const std::string& name)
 {
     if (strips.empty())
@@ -73,19 +74,8 @@ void GroupWorkflows::make(StripType type, const Strips& strips, const std::strin
     groupingFamily(type).make(m_engineRoom, referencesTo(strips), name);
     if (m_stage.isShown(groupingFamily(type).type))
         m_stage.rebuild();
-    m_stage.showNew({newestNamed(type, name), type});
-}
-
-/// The ID of what was made last with this name, which need not be the only one.
-std::string GroupWorkflows::newestNamed(StripType type, const std::string& name) const
-{
-    std::string newest;
-    groupingAccess(type)->forEach(
-        m_engineRoom.registry(), [&](const std::string& id, const std::string& label) {
-            if (label == name)
-                newest = id;
-        });
-    return newest;
+    if (const auto made = newestNamed(type, m_engineRoom.registry(), name))
+        m_stage.showNew({*made, type});
 }
 
 Lamps GroupWorkflows::pickedLamps() const
@@ -118,8 +108,8 @@ void GroupWorkflows::editStep1(StripType type, const std::string& name)
             .confirm = "Save",
             .endsWithTheView = type != StripType::Tag,
             .state =
-                [this, &family, id = *id](const std::string&) {
-                    return stateOfEdit(family, m_engineRoom.registry(), id, pickedLamps());
+                [this, target, name](const std::string&) {
+                    return stateOfEdit(target, m_engineRoom.registry(), pickedLamps(), name);
                 },
             .close = [this, type](
                          int tag, const std::string& text) { editPopoverClose(type, tag, text); }},
@@ -156,6 +146,8 @@ void GroupWorkflows::editPopoverClose(StripType type, int tag, const std::string
 
 void GroupWorkflows::remove(StripType type, const std::string& name)
 {
+    if (anotherIsOpen())
+        return;
     const GroupingFamily& family = groupingFamily(type);
     m_stage.saveWindowState();
     const int pressed = m_stage.runModal(

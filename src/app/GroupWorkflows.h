@@ -60,7 +60,6 @@ private:
     void editStep1(StripType type, const std::string& name);
     void editPopoverClose(StripType type, int tag, const std::string& name);
     void remove(StripType type, const std::string& name);
-    std::string newestNamed(StripType type, const std::string& name) const;
     Lamps pickedLamps() const;
     void selectMembers(const StripTarget& target, const std::string& name);
     void popUpOver(const Rectangle& button, MenuModel& menu);

@@ -264,6 +264,7 @@ void ManualController::updateStrips()
         m_reports.updateGroupAll(registry.distinctLamps());
     if (std::exchange(m_groupingIsNew, false))
         showNewGroupings();
+    m_stage.lampsHaveChanged();
     m_statusMenu.updateDockIcon();
     m_scripting.invalidate();
 }
@@ -318,6 +319,7 @@ void ManualController::targetWasRenamed(LampControlStrip& strip)
     m_lampsPopUp.populateLampsPopUp();
     fillEditMenus(false); // tags keep their names
     m_statusMenu.renameStrip(strip);
+    m_stage.lampsHaveChanged();
 }
 
 void ManualController::stripHasMissedReports()

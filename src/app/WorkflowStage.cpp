@@ -84,6 +84,12 @@ void WorkflowStage::panelWasBuilt()
         bringWorkflowPopoverToFront(); // the first of its lamps is another row now
 }
 
+void WorkflowStage::lampsHaveChanged()
+{
+    if (m_popover)
+        m_panel.updateWorkflowPopover();
+}
+
 void WorkflowStage::bringWorkflowPopoverToFront()
 {
     m_panel.bringWorkflowPopoverToFront();

@@ -44,6 +44,8 @@ public:
     bool cancelWorkflow();
     /// The panel has other rows.
     void panelWasBuilt();
+    /// What the popover says may be another by what was heard of the lamps.
+    void lampsHaveChanged();
     /// The panel goes back by itself: what may end with that is dropped.
     void closeEditPopovers();
     int runModal(const Alert& alert);

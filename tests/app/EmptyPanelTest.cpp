@@ -101,7 +101,7 @@ TEST_F(EmptyPanelNotice, aWorkflowThatWasBegunTooEarlyOffersTheLampsThatCome)
     loop.advance(Seconds(2));
     EXPECT_FALSE(panel.strip(0).getSelectedButton().isHidden());
     panel.strip(0).getSelectedButton().press();
-    EXPECT_EQ(panel.workflowState.summary, "1 lamp");
+    EXPECT_EQ(panel.workflowState.summary, "1 lamp\nGive it a name");
 }
 
 TEST_F(EmptyPanelNotice, anEmptyPageTellsAtOnceHowToFillIt)

@@ -125,14 +125,14 @@ TEST_F(Workflows, making)
         begin();
         select({1, 2});
         const int builds = panel.builds;
-        press(WorkflowPopover::kConfirmTag, "Attic");
+        press(WorkflowPopover::kConfirmTag, "At\ntic"); // as pasted
         EXPECT_EQ(panel.builds, builds + (wasShown ? 2 : 1));
         EXPECT_TRUE((navigation().*kind.shown).state());
-        EXPECT_EQ(panel.revealed.back(), "Attic");
+        EXPECT_EQ(panel.revealed.back(), "At tic");
         if (kind.type != StripType::Tag) { // a lamp tells of its tags itself
-            EXPECT_EQ(members(kind.type, "Attic"), (Names{"Lamp 2", "Lamp 3"}));
+            EXPECT_EQ(members(kind.type, "At tic"), (Names{"Lamp 2", "Lamp 3"}));
         }
-        EXPECT_TRUE(kind.editMenu(workflows).itemWithTitle("Attic"));
+        EXPECT_TRUE(kind.editMenu(workflows).itemWithTitle("At tic"));
         begin();
         select({0});
         press(WorkflowPopover::kConfirmTag, ""); // no name is no hindrance
@@ -163,10 +163,10 @@ TEST_F(Workflows, thePopoverSaysWhatWouldHappen)
         bool canConfirm;
     } cases[] = {
         {make(&GroupWorkflows::makeGroupStep1), "Attic", {}, "Pick the lamps", false},
+        {{}, "", {}, "Pick the lamps\nGive it a name", false},
         {{}, "Attic", {2}, "1 lamp, 1 moved from Stu dy", true},
-        {{}, "", {2}, "1 lamp, 1 moved from Stu dy", false},
-        {{}, " \xE3\x80\x80\xE2\x80\x8B", {0}, "1 lamp, 1 moved from Den", false},
-        {{}, "At\ttic", {0}, "1 lamp, 1 moved from Den", false},
+        {{}, " \xE3\x80\x80\xE2\x80\x8B", {0}, "1 lamp, 1 moved from Den\nGive it a name", false},
+        {{}, "De\tn", {0}, "1 lamp, 1 moved from Den", true},
         {{}, "Attic", {0, 1, 2}, "3 lamps, 3 moved from other groups", true},
         {{}, "Den", {0}, "1 lamp, 1 moved from Den\nA group called Den is there already", true},
         {make(&GroupWorkflows::makeLocationStep1), "Den", {1, 2}, "2 lamps, 1 moved from Home",
@@ -239,6 +239,25 @@ TEST_F(Workflows, editing)
     EXPECT_FALSE(panel.workflow);
     workflows.editTagStep1("Nowhere"); // a tag's name is its ID, so this one opens, with no lamp
     EXPECT_EQ(selected(), Names{});
+}
+
+TEST_F(Workflows, whatIsEditedCanGetAnotherNameOrGo)
+{
+    const std::string id = engine().registry().groupsArray().at(0)->id;
+    workflows.editGroupStep1("Den");
+    workflows.removeGroup("Den"); // not from under the popover
+    EXPECT_TRUE(panel.alerts.empty());
+    EXPECT_EQ(panel.broughtToFront, 1);
+    const auto says = [this](const std::string& summary) {
+        controller.lampStatesChanged();
+        loop.runPosted();
+        EXPECT_EQ(panel.workflowState.summary, summary);
+        EXPECT_FALSE(panel.workflowState.canConfirm);
+    };
+    engine().groupings().renameGroupNewName(id, "La\nir");
+    says("The group is called La ir now");
+    engine().groupings().removeGroupWithID(id);
+    says("The group is gone");
 }
 
 TEST_F(Workflows, removing)
