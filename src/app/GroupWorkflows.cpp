@@ -88,7 +88,7 @@ Lamps GroupWorkflows::pickedLamps() const
     return lamps;
 }
 
-void GroupWorkflows::editStep1(StripType type, const std::string& name)
+void GroupWorkflows::edit(StripType type, const std::string& name)
 {
     if (anotherIsOpen())
         return;
@@ -174,7 +174,7 @@ void GroupWorkflows::fillMenusOf(StripType type)
     filled.edit.removeAllItems();
     filled.remove.removeAllItems();
     const auto add = [&](const std::string&, const std::string& name) {
-        filled.edit.addItem(name, [this, type, name] { editStep1(type, name); });
+        filled.edit.addItem(name, [this, type, name] { edit(type, name); });
         filled.remove.addItem(name, [this, type, name] { remove(type, name); });
     };
     groupingAccess(type)->forEach(m_engineRoom.registry(), add);

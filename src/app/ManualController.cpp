@@ -48,6 +48,7 @@ ManualController::ManualController(
         .makeGroup = [this] { m_workflows.makeGroupStep1(); },
         .makeLocation = [this] { m_workflows.makeLocationStep1(); },
         .makeTag = [this] { m_workflows.makeTagStep1(); },
+        .edit = [this](StripType type, const std::string& name) { m_workflows.edit(type, name); },
         .back = [this] { m_panelSetUp.navigation().goBack(); },
         .showLampAddresses = {},
         .showDemonstration = {},
