@@ -109,6 +109,21 @@ void ManualController::fillEditMenus(bool withTags)
     NavigationModel& navigation = m_panelSetUp.navigation().model();
     navigation.editGroup.setEnabled(!m_workflows.editGroupMenu().items().empty());
     navigation.deleteGroup.setEnabled(!m_workflows.deleteGroupMenu().items().empty());
+    noteWhatIsMissing();
+}
+
+/// A switch that brings no row tells why.
+void ManualController::noteWhatIsMissing()
+{
+    NavigationModel& navigation = m_panelSetUp.navigation().model();
+    const std::pair<StripType, ButtonModel&> kinds[] = {{StripType::Group, navigation.groups},
+        {StripType::Location, navigation.locations}, {StripType::Tag, navigation.tags}};
+    for (const auto& [type, kind] : kinds) {
+        bool isMissing = true;
+        groupingAccess(type)->forEach(m_engineRoom.registry(),
+            [&](const std::string&, const std::string&) { isMissing = false; });
+        kind.setToolTip(isMissing ? fmt::format("No {}s yet", groupingFamily(type).noun) : "");
+    }
 }
 
 Scripting::Actions ManualController::scriptingActions()
