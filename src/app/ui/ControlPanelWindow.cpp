@@ -103,13 +103,14 @@ void ControlPanelWindow::stopThrobber()
 // It may be one of the notice's own buttons that takes it away.
 void ControlPanelWindow::showNotice(const std::optional<PanelNotice>& notice)
 {
-    if (auto* before = std::exchange(m_notice, nullptr)) {
+    if (notice) {
+        if (!m_notice)
+            m_notice = new NoticeView(m_scrollView);
+        m_notice->setNotice(*notice);
+        m_notice->show();
+    } else if (auto* before = std::exchange(m_notice, nullptr)) {
         before->hide();
         before->deleteLater();
-    }
-    if (notice) {
-        m_notice = new NoticeView(*notice, m_scrollView);
-        m_notice->show();
     }
     settleFocus();
 }
