@@ -198,6 +198,16 @@ void ControlPanelWindow::showFind(const std::optional<FoundCount>& count)
     settleFocus();
 }
 
+/// Escape closes the field for a name before it ends a workflow.
+bool ControlPanelWindow::event(QEvent* event)
+{
+    const bool comesFirst = event->type() == QEvent::ShortcutOverride && heightOf(m_findBar) > 0
+        && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (comesFirst)
+        event->accept();
+    return comesFirst || QMainWindow::event(event);
+}
+
 /// A letter that no control has use for begins a name.
 void ControlPanelWindow::keyPressEvent(QKeyEvent* event)
 {
