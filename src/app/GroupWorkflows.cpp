@@ -118,7 +118,7 @@ void GroupWorkflows::edit(StripType type, const std::string& name)
 
 void GroupWorkflows::selectMembers(const StripTarget& target, const std::string& name)
 {
-    const Lamps lamps = groupingAccess(target.type)->lamps(m_engineRoom.registry(), target.id);
+    const Lamps lamps = lampsOf(target, m_engineRoom.registry());
     if (m_log.shows(2)) {
         m_log.line("lamps inclued in {}:", name);
         for (const auto& lamp : lamps)

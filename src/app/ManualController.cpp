@@ -320,11 +320,7 @@ int ManualController::runModal(const Alert& alert)
 void ManualController::sendSettingsToStripsInGroup(
     const StripSettings& settings, const StripTarget& group)
 {
-    const auto* access = groupingAccess(group.type);
-    if (!access)
-        return;
-    const Lamps members = access->lamps(m_engineRoom.registry(), group.id);
-    for (const auto& strip : m_stripFinder.stripsInUse(members)) {
+    for (const auto& strip : m_stripFinder.stripsInUse(lampsOf(group, m_engineRoom.registry()))) {
         strip->implementSettingsFromDictionaryWithoutActing(settings);
         strip->imposeTemporaryEmbargo();
     }

@@ -71,8 +71,7 @@ WorkflowState stateOfEdit(const StripTarget& edited, const LampRegistry& registr
     const Lamps& picked, const std::string& name)
 {
     const GroupingFamily& family = groupingFamily(edited.type);
-    const GroupingAccess& access = *groupingAccess(edited.type);
-    const auto label = access.label(registry, edited.id);
+    const auto label = groupingAccess(edited.type)->label(registry, edited.id);
     if (!label)
         return {false, fmt::format("The {} is gone", family.noun)};
     if (family.idForName(registry, name) != edited.id) // by which it is found again
@@ -81,7 +80,7 @@ WorkflowState stateOfEdit(const StripTarget& edited, const LampRegistry& registr
         return {true, fmt::format("No lamps: the {} {}", family.noun, family.afterTheLastLamp)};
     return {true,
         lampsText(picked.size()) + movedText(family, picked, edited.id)
-            + leavingText(access.lamps(registry, edited.id), picked)};
+            + leavingText(lampsOf(edited, registry), picked)};
 }
 
 } // namespace lumeroom
