@@ -19,6 +19,21 @@ LampReferences referencesTo(const Strips& strips)
     return references;
 }
 
+/// A lamp for the engine that the panel does not show.
+class LampWithoutRow : public LampReference {
+public:
+    explicit LampWithoutRow(const std::shared_ptr<Lamp>& lamp)
+        : m_id(lamp->id)
+    {
+    }
+    bool isGroup() const override { return false; }
+    std::string getID() const override { return m_id; }
+    void imposeTemporaryEmbargo() override { } // its reports show nowhere
+
+private:
+    std::string m_id;
+};
+
 } // namespace
 
 GroupWorkflows::GroupWorkflows(EngineRoom& engineRoom, Log& log, WorkflowStage& stage)
@@ -109,7 +124,7 @@ void GroupWorkflows::edit(StripType type, const std::string& name)
             .endsWithTheView = type != StripType::Tag,
             .state =
                 [this, target, name](const std::string&) {
-                    return stateOfEdit(target, m_engineRoom.registry(), pickedLamps(), name);
+                    return stateOfEdit(target, m_engineRoom.registry(), lampsToStay(target), name);
                 },
             .close = [this, type](
                          int tag, const std::string& text) { editPopoverClose(type, tag, text); }},
@@ -134,14 +149,38 @@ void GroupWorkflows::editPopoverClose(StripType type, int tag, const std::string
     m_stage.closeWorkflowPopover();
     m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag) {
-        const GroupingFamily& family = groupingFamily(type);
-        if (const auto id = family.idForName(m_engineRoom.registry(), name))
-            family.edit(
-                m_engineRoom, *id, referencesTo(m_stage.selection().getSelectedLampStrips()));
+        if (const auto id = groupingFamily(type).idForName(m_engineRoom.registry(), name))
+            save({*id, type});
         else
             m_log.line("unable to find ID for {}", name);
     }
     m_stage.unNavigate();
+}
+
+void GroupWorkflows::save(const StripTarget& edited)
+{
+    auto references = referencesTo(m_stage.selection().getSelectedLampStrips());
+    const Lamps rowless = membersWithoutRow(edited);
+    std::vector<LampWithoutRow> more(rowless.begin(), rowless.end());
+    for (LampWithoutRow& lamp : more)
+        references.push_back(&lamp);
+    groupingFamily(edited.type).edit(m_engineRoom, edited.id, references);
+}
+
+/// They came since the panel was built, and nobody could leave them out.
+Lamps GroupWorkflows::membersWithoutRow(const StripTarget& edited) const
+{
+    Lamps lamps = lampsOf(edited, m_engineRoom.registry());
+    std::erase_if(lamps, [this](const auto& lamp) { return m_stage.hasRow(*lamp); });
+    return lamps;
+}
+
+Lamps GroupWorkflows::lampsToStay(const StripTarget& edited) const
+{
+    Lamps lamps = pickedLamps();
+    for (const auto& lamp : membersWithoutRow(edited))
+        lamps.push_back(lamp);
+    return lamps;
 }
 
 void GroupWorkflows::remove(StripType type, const std::string& name)

@@ -61,7 +61,10 @@ private:
     void make(StripType type, const Strips& strips, const std::string& name);
     void editPopoverClose(StripType type, int tag, const std::string& name);
     void remove(StripType type, const std::string& name);
+    void save(const StripTarget& edited);
     Lamps pickedLamps() const;
+    Lamps membersWithoutRow(const StripTarget& edited) const;
+    Lamps lampsToStay(const StripTarget& edited) const;
     void selectMembers(const StripTarget& target, const std::string& name);
     void popUpOver(const Rectangle& button, MenuModel& menu);
     Menus& menus(StripType type) { return m_menus[type]; }

@@ -55,6 +55,11 @@ Strips WorkflowStage::stripsOfLamps(const Lamps& lamps) const
     return m_panelSetUp.collection().stripsOfLamps(lamps);
 }
 
+bool WorkflowStage::hasRow(const Lamp& lamp) const
+{
+    return m_panelSetUp.collection().getStripWithID(lamp.id) != nullptr;
+}
+
 void WorkflowStage::showNew(const StripTarget& target)
 {
     m_panelSetUp.navigation().showNew(target);

@@ -30,6 +30,7 @@ public:
     bool isShown(StripType type) const;
     /// Lets the strip of this new target come into sight with the next build.
     void showNew(const StripTarget& target);
+    bool hasRow(const Lamp& lamp) const;
     /// The strips of these lamps, as far as they are on the panel.
     Strips stripsOfLamps(const Lamps& lamps) const;
 

@@ -317,6 +317,14 @@ TEST_F(Workflows, nothingIsConfirmedBeforeTheLampsAreOnThePanel)
         EXPECT_EQ(panel.builds, builds);
         press(WorkflowPopover::kCancelTag, "Den");
     }
+    // One that comes later has no row, and stays.
+    workflows.editGroupStep1("Den");
+    addNamed(4, "Late");
+    receive(stateGrouping(53, 4, 0xA1, "Den"));
+    select({2});
+    EXPECT_EQ(panel.workflowState.summary, "2 lamps, 2 leave");
+    press(WorkflowPopover::kConfirmTag, "Den");
+    EXPECT_EQ(members(StripType::Group, "Den"), (Names{"Lamp 3", "Late"}));
 }
 
 TEST_F(Workflows, oneAtATimeAndTheWayBackEndsIt)
