@@ -140,7 +140,7 @@ TEST_F(Workflows, making)
     }
     workflows.makeGroupStep1();
     select({0});
-    press(WorkflowPopover::kConfirmTag, "Attic"); // another one
+    press(WorkflowPopover::kConfirmTag, "At tic"); // another one
     EXPECT_EQ(panel.revealedTarget.id, engine().registry().groupsArray().back()->id);
     const auto seen = panel.revealed.size();
     workflows.makeGroupStep1();
