@@ -1,10 +1,12 @@
 #include "app/EmptyPanel.h"
 
+#include "app/GroupingFamily.h"
 #include "app/NoLampsText.h"
 #include "app/PanelSetUp.h"
 #include "app/PanelView.h"
 #include "engine/Discovery.h"
 #include "engine/EngineRoom.h"
+#include "strips/GroupingAccess.h"
 
 #include <fmt/core.h>
 
@@ -147,17 +149,35 @@ PanelNotice EmptyPanel::emptyFilter() const
 {
     PanelNotice notice{"No lamps here any more",
         "The last of them has left, or has not been heard of since the program was started.", {}};
-    if (m_environment.panelSetUp.navigation().filterType() == StripType::Zone) {
+    const NavigationFilter& filter = *m_environment.panelSetUp.navigation().filter();
+    if (filter.type == StripType::Zone) {
         notice.title = "No zones yet";
         notice.text = "The lamp has not told of its zones. They show as soon as it does.";
+    } else {
+        offerToEdit(notice, {filter.id, filter.type});
     }
     offer(notice, "Back", m_offers.back);
     return notice;
 }
 
+/// If it is the one that its name leads to.
+void EmptyPanel::offerToEdit(PanelNotice& notice, const StripTarget& grouping) const
+{
+    const LampRegistry& registry = m_environment.engineRoom.registry();
+    const GroupingFamily& family = groupingFamily(grouping.type);
+    const auto name = groupingAccess(grouping.type)->label(registry, grouping.id);
+    if (name && m_offers.edit && family.idForName(registry, *name) == grouping.id) {
+        offer(notice, fmt::format("Edit {}...", family.noun),
+            [this, type = grouping.type, name = *name] { m_offers.edit(type, name); });
+    }
+}
+
 PanelNotice EmptyPanel::foundNothing(const std::string& sought) const
 {
-    return {fmt::format("No lamp is called '{}'", sought), {},
+    const Strips& strips = m_environment.panelSetUp.collection().strips();
+    const bool onlyLamps = std::all_of(strips.begin(), strips.end(),
+        [](const auto& strip) { return strip->type() == StripType::Lamp; });
+    return {fmt::format("{} is called '{}'", onlyLamps ? "No lamp" : "Nothing here", sought), {},
         {{"Show all", [this] { m_environment.panelSetUp.find().close(); }}}};
 }
 

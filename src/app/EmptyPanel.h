@@ -2,6 +2,7 @@
 
 #include "app/PanelNotice.h"
 #include "base/RunLoop.h"
+#include "strips/StripTarget.h"
 
 #include <optional>
 
@@ -20,6 +21,7 @@ public:
         std::function<void()> makeGroup;
         std::function<void()> makeLocation;
         std::function<void()> makeTag;
+        std::function<void(StripType type, const std::string& name)> edit;
         std::function<void()> back;
         std::function<void()> showLampAddresses;
         std::function<void()> showDemonstration;
@@ -51,6 +53,7 @@ private:
     PanelNotice noLamps();
     PanelNotice emptyPage() const;
     PanelNotice emptyFilter() const;
+    void offerToEdit(PanelNotice& notice, const StripTarget& grouping) const;
     PanelNotice foundNothing(const std::string& sought) const;
     void show(std::optional<PanelNotice> notice);
 

@@ -3,6 +3,7 @@
 #include "app/WorkflowStage.h"
 #include "app/WorkflowSummary.h"
 #include "base/Log.h"
+#include "base/NameText.h"
 #include "strips/GroupingAccess.h"
 
 namespace lumeroom {
@@ -17,6 +18,21 @@ LampReferences referencesTo(const Strips& strips)
         references.push_back(strip.get());
     return references;
 }
+
+/// A lamp for the engine that the panel does not show.
+class LampWithoutRow : public LampReference {
+public:
+    explicit LampWithoutRow(const std::shared_ptr<Lamp>& lamp)
+        : m_id(lamp->id)
+    {
+    }
+    bool isGroup() const override { return false; }
+    std::string getID() const override { return m_id; }
+    void imposeTemporaryEmbargo() override { } // its reports show nowhere
+
+private:
+    std::string m_id;
+};
 
 } // namespace
 
@@ -40,19 +56,19 @@ void GroupWorkflows::makeStep1(StripType type)
     if (anotherIsOpen())
         return;
     const GroupingFamily& family = groupingFamily(type);
-    m_stage.navigateToAllLamps(std::string(family.makeDescription));
-    m_stage.selection().deselectAndShowAllLampSelectionButtons();
-    m_stage.showWorkflowPopover({.title = std::string(family.makeTitle),
-        .name = {},
-        .asksForName = true,
-        .confirm = std::string(family.makeConfirm),
-        .endsWithTheView = false,
-        .state =
-            [this, &family](const std::string& name) {
-                return stateOfMake(family, m_engineRoom.registry(), pickedLamps(), name);
-            },
-        .close
-        = [this, type](int tag, const std::string& name) { makePopoverClose(type, tag, name); }});
+    m_stage.begin(std::string(family.makeDescription),
+        {.title = std::string(family.makeTitle),
+            .name = {},
+            .asksForName = true,
+            .confirm = std::string(family.makeConfirm),
+            .endsWithTheView = false,
+            .state =
+                [this, &family](const std::string& name) {
+                    return stateOfMake(family, m_engineRoom.registry(), pickedLamps(), name);
+                },
+            .close = [this, type](
+                         int tag, const std::string& name) { makePopoverClose(type, tag, name); }},
+        [this] { m_stage.selection().deselectAndShowAllLampSelectionButtons(); });
 }
 
 void GroupWorkflows::makePopoverClose(StripType type, int tag, const std::string& name)
@@ -60,11 +76,11 @@ void GroupWorkflows::makePopoverClose(StripType type, int tag, const std::string
     m_stage.closeWorkflowPopover();
     m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag)
-        make(type, m_stage.selection().getSelectedLampStrips(), name);
+        make(type, m_stage.selection().getSelectedLampStrips(), nameOnOneLine(name));
     m_stage.unNavigate();
 }
 
-// The name is taken as it is, an empty one too.
+// An empty name is one, too.
 void GroupWorkflows::make(StripType type, const Strips& strips, const std::string& name)
 {
     if (strips.empty())
@@ -73,19 +89,8 @@ void GroupWorkflows::make(StripType type, const Strips& strips, const std::strin
     groupingFamily(type).make(m_engineRoom, referencesTo(strips), name);
     if (m_stage.isShown(groupingFamily(type).type))
         m_stage.rebuild();
-    m_stage.showNew({newestNamed(type, name), type});
-}
-
-/// The ID of what was made last with this name, which need not be the only one.
-std::string GroupWorkflows::newestNamed(StripType type, const std::string& name) const
-{
-    std::string newest;
-    groupingAccess(type)->forEach(
-        m_engineRoom.registry(), [&](const std::string& id, const std::string& label) {
-            if (label == name)
-                newest = id;
-        });
-    return newest;
+    if (const auto made = newestNamed(type, m_engineRoom.registry(), name))
+        m_stage.showNew({*made, type});
 }
 
 Lamps GroupWorkflows::pickedLamps() const
@@ -98,7 +103,7 @@ Lamps GroupWorkflows::pickedLamps() const
     return lamps;
 }
 
-void GroupWorkflows::editStep1(StripType type, const std::string& name)
+void GroupWorkflows::edit(StripType type, const std::string& name)
 {
     if (anotherIsOpen())
         return;
@@ -109,25 +114,26 @@ void GroupWorkflows::editStep1(StripType type, const std::string& name)
             m_log.line("{}{}:", family.notFound, name);
         return;
     }
-    const Lamps lamps = groupingAccess(type)->lamps(m_engineRoom.registry(), *id);
-    m_stage.navigateToAllLamps(std::string(family.editDescription) + name);
-    select(lamps, name);
-    // One of a tag stays open when the panel goes back by itself.
-    m_stage.showWorkflowPopover({.title = std::string(family.editTitle),
-        .name = name,
-        .asksForName = false,
-        .confirm = "Save",
-        .endsWithTheView = type != StripType::Tag,
-        .state =
-            [this, &family, id = *id](const std::string&) {
-                return stateOfEdit(family, m_engineRoom.registry(), id, pickedLamps());
-            },
-        .close
-        = [this, type](int tag, const std::string& text) { editPopoverClose(type, tag, text); }});
+    const StripTarget target{*id, type};
+    // The popover of a tag stays open when the panel goes back by itself.
+    m_stage.begin(std::string(family.editDescription) + name,
+        {.title = std::string(family.editTitle),
+            .name = name,
+            .asksForName = false,
+            .confirm = "Save",
+            .endsWithTheView = type != StripType::Tag,
+            .state =
+                [this, target, name](const std::string&) {
+                    return stateOfEdit(target, m_engineRoom.registry(), lampsToStay(target), name);
+                },
+            .close = [this, type](
+                         int tag, const std::string& text) { editPopoverClose(type, tag, text); }},
+        [this, target, name] { selectMembers(target, name); });
 }
 
-void GroupWorkflows::select(const Lamps& lamps, const std::string& name)
+void GroupWorkflows::selectMembers(const StripTarget& target, const std::string& name)
 {
+    const Lamps lamps = lampsOf(target, m_engineRoom.registry());
     if (m_log.shows(2)) {
         m_log.line("lamps inclued in {}:", name);
         for (const auto& lamp : lamps)
@@ -143,18 +149,44 @@ void GroupWorkflows::editPopoverClose(StripType type, int tag, const std::string
     m_stage.closeWorkflowPopover();
     m_stage.selection().hideAllSelectionButtons();
     if (tag != WorkflowPopover::kCancelTag) {
-        const GroupingFamily& family = groupingFamily(type);
-        if (const auto id = family.idForName(m_engineRoom.registry(), name))
-            family.edit(
-                m_engineRoom, *id, referencesTo(m_stage.selection().getSelectedLampStrips()));
+        if (const auto id = groupingFamily(type).idForName(m_engineRoom.registry(), name))
+            save({*id, type});
         else
             m_log.line("unable to find ID for {}", name);
     }
     m_stage.unNavigate();
 }
 
+void GroupWorkflows::save(const StripTarget& edited)
+{
+    auto references = referencesTo(m_stage.selection().getSelectedLampStrips());
+    const Lamps rowless = membersWithoutRow(edited);
+    std::vector<LampWithoutRow> more(rowless.begin(), rowless.end());
+    for (LampWithoutRow& lamp : more)
+        references.push_back(&lamp);
+    groupingFamily(edited.type).edit(m_engineRoom, edited.id, references);
+}
+
+/// They came since the panel was built, and nobody could leave them out.
+Lamps GroupWorkflows::membersWithoutRow(const StripTarget& edited) const
+{
+    Lamps lamps = lampsOf(edited, m_engineRoom.registry());
+    std::erase_if(lamps, [this](const auto& lamp) { return m_stage.hasRow(*lamp); });
+    return lamps;
+}
+
+Lamps GroupWorkflows::lampsToStay(const StripTarget& edited) const
+{
+    Lamps lamps = pickedLamps();
+    for (const auto& lamp : membersWithoutRow(edited))
+        lamps.push_back(lamp);
+    return lamps;
+}
+
 void GroupWorkflows::remove(StripType type, const std::string& name)
 {
+    if (anotherIsOpen())
+        return;
     const GroupingFamily& family = groupingFamily(type);
     m_stage.saveWindowState();
     const int pressed = m_stage.runModal(
@@ -181,7 +213,7 @@ void GroupWorkflows::fillMenusOf(StripType type)
     filled.edit.removeAllItems();
     filled.remove.removeAllItems();
     const auto add = [&](const std::string&, const std::string& name) {
-        filled.edit.addItem(name, [this, type, name] { editStep1(type, name); });
+        filled.edit.addItem(name, [this, type, name] { edit(type, name); });
         filled.remove.addItem(name, [this, type, name] { remove(type, name); });
     };
     groupingAccess(type)->forEach(m_engineRoom.registry(), add);

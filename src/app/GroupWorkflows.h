@@ -24,9 +24,11 @@ public:
     void makeGroupStep1() { makeStep1(StripType::Group); }
     void makeLocationStep1() { makeStep1(StripType::Location); }
     void makeTagStep1() { makeStep1(StripType::Tag); }
-    void editGroupStep1(const std::string& name) { editStep1(StripType::Group, name); }
-    void editLocationStep1(const std::string& name) { editStep1(StripType::Location, name); }
-    void editTagStep1(const std::string& name) { editStep1(StripType::Tag, name); }
+    void editGroupStep1(const std::string& name) { edit(StripType::Group, name); }
+    void editLocationStep1(const std::string& name) { edit(StripType::Location, name); }
+    void editTagStep1(const std::string& name) { edit(StripType::Tag, name); }
+    /// One of these three.
+    void edit(StripType type, const std::string& name);
     void removeGroup(const std::string& name) { remove(StripType::Group, name); }
     void removeLocation(const std::string& name) { remove(StripType::Location, name); }
     void removeTag(const std::string& name) { remove(StripType::Tag, name); }
@@ -57,12 +59,13 @@ private:
     void makeStep1(StripType type);
     void makePopoverClose(StripType type, int tag, const std::string& name);
     void make(StripType type, const Strips& strips, const std::string& name);
-    void editStep1(StripType type, const std::string& name);
     void editPopoverClose(StripType type, int tag, const std::string& name);
     void remove(StripType type, const std::string& name);
-    std::string newestNamed(StripType type, const std::string& name) const;
+    void save(const StripTarget& edited);
     Lamps pickedLamps() const;
-    void select(const Lamps& lamps, const std::string& name);
+    Lamps membersWithoutRow(const StripTarget& edited) const;
+    Lamps lampsToStay(const StripTarget& edited) const;
+    void selectMembers(const StripTarget& target, const std::string& name);
     void popUpOver(const Rectangle& button, MenuModel& menu);
     Menus& menus(StripType type) { return m_menus[type]; }
 

@@ -1,5 +1,7 @@
 #include "app/GroupingFamily.h"
 
+#include "strips/GroupingAccess.h"
+
 #include <algorithm>
 #include <array>
 
@@ -80,6 +82,17 @@ const GroupingFamily& groupingFamily(StripType type)
 {
     return *std::find_if(kFamilies.begin(), kFamilies.end(),
         [type](const GroupingFamily& family) { return family.type == type; });
+}
+
+std::optional<std::string> newestNamed(
+    StripType type, const LampRegistry& registry, std::string_view name)
+{
+    std::optional<std::string> newest;
+    groupingAccess(type)->forEach(registry, [&](const std::string& id, const std::string& label) {
+        if (label == name)
+            newest = id;
+    });
+    return newest;
 }
 
 } // namespace lumeroom

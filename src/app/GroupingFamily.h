@@ -35,4 +35,8 @@ struct GroupingFamily {
 /// For one of the three types.
 const GroupingFamily& groupingFamily(StripType type);
 
+/// The ID of the one that was made last with this name; nothing if there is none.
+std::optional<std::string> newestNamed(
+    StripType type, const LampRegistry& registry, std::string_view name);
+
 } // namespace lumeroom

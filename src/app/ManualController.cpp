@@ -48,6 +48,7 @@ ManualController::ManualController(
         .makeGroup = [this] { m_workflows.makeGroupStep1(); },
         .makeLocation = [this] { m_workflows.makeLocationStep1(); },
         .makeTag = [this] { m_workflows.makeTagStep1(); },
+        .edit = [this](StripType type, const std::string& name) { m_workflows.edit(type, name); },
         .back = [this] { m_panelSetUp.navigation().goBack(); },
         .showLampAddresses = {},
         .showDemonstration = {},
@@ -87,6 +88,7 @@ PanelSetUp::Companions ManualController::companions()
         .closeEditPopovers = [this] { m_stage.closeEditPopovers(); },
         .cancelWorkflow = [this] { return m_stage.cancelWorkflow(); },
         .popoverIsOpen = [this] { return m_stage.popoverIsOpen(); },
+        .awaitsLamps = [this] { return m_stage.awaitsLamps(); },
     };
 }
 
@@ -107,6 +109,21 @@ void ManualController::fillEditMenus(bool withTags)
     NavigationModel& navigation = m_panelSetUp.navigation().model();
     navigation.editGroup.setEnabled(!m_workflows.editGroupMenu().items().empty());
     navigation.deleteGroup.setEnabled(!m_workflows.deleteGroupMenu().items().empty());
+    noteWhatIsMissing();
+}
+
+/// A switch that brings no row tells why.
+void ManualController::noteWhatIsMissing()
+{
+    NavigationModel& navigation = m_panelSetUp.navigation().model();
+    const std::pair<StripType, ButtonModel&> kinds[] = {{StripType::Group, navigation.groups},
+        {StripType::Location, navigation.locations}, {StripType::Tag, navigation.tags}};
+    for (const auto& [type, kind] : kinds) {
+        bool isMissing = true;
+        groupingAccess(type)->forEach(m_engineRoom.registry(),
+            [&](const std::string&, const std::string&) { isMissing = false; });
+        kind.setToolTip(isMissing ? fmt::format("No {}s yet", groupingFamily(type).noun) : "");
+    }
 }
 
 Scripting::Actions ManualController::scriptingActions()
@@ -263,6 +280,7 @@ void ManualController::updateStrips()
         m_reports.updateGroupAll(registry.distinctLamps());
     if (std::exchange(m_groupingIsNew, false))
         showNewGroupings();
+    m_stage.lampsHaveChanged();
     m_statusMenu.updateDockIcon();
     m_scripting.invalidate();
 }
@@ -302,11 +320,7 @@ int ManualController::runModal(const Alert& alert)
 void ManualController::sendSettingsToStripsInGroup(
     const StripSettings& settings, const StripTarget& group)
 {
-    const auto* access = groupingAccess(group.type);
-    if (!access)
-        return;
-    const Lamps members = access->lamps(m_engineRoom.registry(), group.id);
-    for (const auto& strip : m_stripFinder.stripsInUse(members)) {
+    for (const auto& strip : m_stripFinder.stripsInUse(lampsOf(group, m_engineRoom.registry()))) {
         strip->implementSettingsFromDictionaryWithoutActing(settings);
         strip->imposeTemporaryEmbargo();
     }
@@ -317,6 +331,7 @@ void ManualController::targetWasRenamed(LampControlStrip& strip)
     m_lampsPopUp.populateLampsPopUp();
     fillEditMenus(false); // tags keep their names
     m_statusMenu.renameStrip(strip);
+    m_stage.lampsHaveChanged();
 }
 
 void ManualController::stripHasMissedReports()

@@ -87,6 +87,7 @@ private:
     PanelSetUp::Companions companions();
     NavigationActions navigationActions();
     void fillEditMenus(bool withTags);
+    void noteWhatIsMissing();
     void showNewGroupings();
     void observeSettings();
     void updateStrips();

@@ -51,7 +51,7 @@ bool NameFilter::matches(const LampControlStrip& strip)
 
 std::string NameFilter::namesOf(const LampControlStrip& strip) const
 {
-    std::string names = strip.label().text();
+    std::string names = strip.label().shownText();
     if (strip.type() != StripType::Lamp)
         return names;
     if (const auto lamp = m_registry.lampWithID(strip.getID())) {

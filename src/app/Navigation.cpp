@@ -135,8 +135,8 @@ void Navigation::goBack()
 
 void Navigation::unNavigate()
 {
-    setFilter({});
     m_actions.closeEditPopovers();
+    setFilter({});
     m_actions.rebuild();
 }
 

@@ -19,6 +19,7 @@ struct NavigationFilter {
 /// The navigation beside the panel: five switches for the kinds of strips to show, and in their
 /// place, while a filter is set, the way back with a description of what is shown.
 struct NavigationModel {
+    // The tool tip of a switch tells why it brings no row
     ButtonModel lights{0};
     ButtonModel groups{0};
     ButtonModel locations{0};

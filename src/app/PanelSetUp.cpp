@@ -18,7 +18,7 @@ namespace {
 constexpr Seconds kSetUpRetry(1.5);
 constexpr Seconds kSetUpBuffer(1.5);
 constexpr Seconds kRefreshDeferral(5.0);
-constexpr Seconds kPendingActionDeferral(0.2); // longer than a control's tenth of a second
+constexpr Seconds kShortDeferral(0.2); // longer than a control's tenth of a second
 
 } // namespace
 
@@ -169,7 +169,7 @@ bool PanelSetUp::isInUse() const
     return std::any_of(strips.begin(), strips.end(), [](const auto& strip) {
         const auto* view = strip->getControlStripView();
         return view && view->isInUse();
-    }) || m_environment.companions.popoverIsOpen();
+    }) || (m_environment.companions.popoverIsOpen() && !m_environment.companions.awaitsLamps());
 }
 
 bool PanelSetUp::anActionIsPending() const
@@ -182,12 +182,13 @@ bool PanelSetUp::anActionIsPending() const
 void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
 {
     if (!m_collection.strips().empty() && isInUse()) {
-        deferRefresh(kRefreshDeferral, recycling);
+        const bool awaited = m_environment.companions.awaitsLamps();
+        deferRefresh(awaited ? kShortDeferral : kRefreshDeferral, recycling);
         return;
     }
     // The records that the strips are made from do not have it yet.
     if (anActionIsPending()) {
-        deferRefresh(kPendingActionDeferral, recycling);
+        deferRefresh(kShortDeferral, recycling);
         return;
     }
     // What waits is done with this, and where it may not reuse the rows, neither may this.
@@ -230,7 +231,7 @@ void PanelSetUp::hideFormerRows()
 void PanelSetUp::deferRefresh(Seconds delay, bool recycling)
 {
     m_deferredRecycling = m_deferredRecycling && recycling;
-    if (!m_deferredRefresh.isPending()) {
+    if (!m_deferredRefresh.isPending() || delay < kRefreshDeferral) {
         m_deferredRefresh = m_environment.runLoop.after(
             delay, [this] { refreshSetUpUsingRecycling(m_deferredRecycling); });
     }

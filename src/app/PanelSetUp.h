@@ -34,8 +34,10 @@ public:
         std::function<void()> closeEditPopovers;
         /// The user goes back. True if that ended a workflow, which has gone back itself.
         std::function<bool()> cancelWorkflow;
-        /// While the user edits in a popover over the panel, it is not built anew.
+        /// While the user edits in a popover over the panel, it is not built anew...
         std::function<bool()> popoverIsOpen;
+        /// ...but for the lamps that are to be picked from, which are on their way.
+        std::function<bool()> awaitsLamps;
     };
     struct Environment {
         RunLoop& runLoop;

@@ -9,17 +9,6 @@
 
 namespace lumeroom {
 
-namespace {
-
-Lamps lampsOf(const StripTarget& group, const LampRegistry& registry)
-{
-    if (group.id == kAllLampsId)
-        return registry.distinctLamps();
-    return groupingAccess(group.type)->lamps(registry, group.id);
-}
-
-} // namespace
-
 StripReports::StripReports(const Summaries& summaries, const StripCollection& collection,
     const StripFactory& factory, Log& log)
     : m_summaries(summaries)

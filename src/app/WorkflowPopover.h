@@ -13,7 +13,7 @@ struct WorkflowState {
     bool operator==(const WorkflowState&) const = default;
 };
 
-/// A popover beside the strips in which a group, location or tag is made or edited. It closes only
+/// A popover under the strips in which a group, location or tag is made or edited. It closes only
 /// through its two buttons.
 struct WorkflowPopover {
     static constexpr int kCancelTag = 0;

@@ -2,6 +2,8 @@
 
 #include "app/PanelSetUp.h"
 
+#include <utility>
+
 namespace lumeroom {
 
 WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel)
@@ -11,10 +13,21 @@ WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel)
 {
 }
 
-void WorkflowStage::navigateToAllLamps(const std::string& description)
+// The panel may have to wait, for a row in the user's hand or for a movement that is to be sent.
+void WorkflowStage::begin(
+    const std::string& description, WorkflowPopover popover, std::function<void()> select)
 {
+    popover.state = [this, state = std::move(popover.state)](const std::string& name) {
+        return awaitsLamps() ? WorkflowState{false, "Waiting for the lamps"} : state(name);
+    };
+    m_popover = std::move(popover);
+    m_select = std::move(select);
+    if (onPopover)
+        onPopover(true);
     m_panelSetUp.navigation().navigateLampsInTypeID(
         description, StripType::None, std::string(kAllLampsId));
+    m_panel.showWorkflowPopover(*m_popover);
+    m_panelSetUp.fitContainer();
 }
 
 void WorkflowStage::unNavigate()
@@ -42,19 +55,14 @@ Strips WorkflowStage::stripsOfLamps(const Lamps& lamps) const
     return m_panelSetUp.collection().stripsOfLamps(lamps);
 }
 
+bool WorkflowStage::hasRow(const Lamp& lamp) const
+{
+    return m_panelSetUp.collection().getStripWithID(lamp.id) != nullptr;
+}
+
 void WorkflowStage::showNew(const StripTarget& target)
 {
     m_panelSetUp.navigation().showNew(target);
-}
-
-void WorkflowStage::showWorkflowPopover(WorkflowPopover popover)
-{
-    m_popover = std::move(popover);
-    if (onPopover)
-        onPopover(true);
-    m_panel.showWorkflowPopover(*m_popover);
-    m_panelSetUp.fitContainer();
-    watchSelection();
 }
 
 void WorkflowStage::watchSelection()
@@ -70,9 +78,21 @@ void WorkflowStage::panelWasBuilt()
 {
     if (!m_popover)
         return;
-    m_selection.showAllLampSelectionButtons();
+    const auto select = std::exchange(m_select, nullptr);
+    if (select)
+        select();
+    else
+        m_selection.showAllLampSelectionButtons();
     watchSelection();
     m_panel.updateWorkflowPopover();
+    if (select)
+        bringWorkflowPopoverToFront(); // the first of its lamps is another row now
+}
+
+void WorkflowStage::lampsHaveChanged()
+{
+    if (m_popover)
+        m_panel.updateWorkflowPopover();
 }
 
 void WorkflowStage::bringWorkflowPopoverToFront()
@@ -83,8 +103,10 @@ void WorkflowStage::bringWorkflowPopoverToFront()
 void WorkflowStage::closeWorkflowPopover()
 {
     m_picks.clear();
+    m_select = nullptr;
     m_popover.reset();
     m_panel.closeWorkflowPopover();
+    m_panelSetUp.fitContainer();
     if (onPopover)
         onPopover(false);
 }

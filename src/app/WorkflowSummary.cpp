@@ -51,37 +51,36 @@ std::string leavingText(const Lamps& members, const Lamps& picked)
     return fmt::format(", {} {}", leaving, leaving == 1 ? "leaves" : "leave");
 }
 
-bool isTaken(const GroupingFamily& family, const LampRegistry& registry, const std::string& name)
-{
-    bool taken = false;
-    groupingAccess(family.type)
-        ->forEach(registry,
-            [&](const std::string&, const std::string& label) { taken = taken || label == name; });
-    return taken;
-}
-
 } // namespace
 
 WorkflowState stateOfMake(const GroupingFamily& family, const LampRegistry& registry,
     const Lamps& picked, const std::string& name)
 {
-    const bool isName = !isBlankName(name) && nameOnOneLine(name) == name;
-    WorkflowState state{isName && !picked.empty(), "Pick the lamps"};
+    const bool hasName = !isBlankName(name);
+    WorkflowState state{hasName && !picked.empty(), "Pick the lamps"};
     if (!picked.empty())
         state.summary = lampsText(picked.size()) + movedText(family, picked, {});
-    if (isName && isTaken(family, registry, name))
+    if (!hasName)
+        state.summary += "\nGive it a name";
+    else if (newestNamed(family.type, registry, nameOnOneLine(name)))
         state.summary += fmt::format("\nA {} called {} is there already", family.noun, name);
     return state;
 }
 
-WorkflowState stateOfEdit(const GroupingFamily& family, const LampRegistry& registry,
-    std::string_view id, const Lamps& picked)
+WorkflowState stateOfEdit(const StripTarget& edited, const LampRegistry& registry,
+    const Lamps& picked, const std::string& name)
 {
+    const GroupingFamily& family = groupingFamily(edited.type);
+    const auto label = groupingAccess(edited.type)->label(registry, edited.id);
+    if (!label)
+        return {false, fmt::format("The {} is gone", family.noun)};
+    if (family.idForName(registry, name) != edited.id) // by which it is found again
+        return {false, fmt::format("The {} is called {} now", family.noun, nameOnOneLine(*label))};
     if (picked.empty())
         return {true, fmt::format("No lamps: the {} {}", family.noun, family.afterTheLastLamp)};
-    const Lamps members = groupingAccess(family.type)->lamps(registry, id);
     return {true,
-        lampsText(picked.size()) + movedText(family, picked, id) + leavingText(members, picked)};
+        lampsText(picked.size()) + movedText(family, picked, edited.id)
+            + leavingText(lampsOf(edited, registry), picked)};
 }
 
 } // namespace lumeroom

@@ -101,7 +101,7 @@ TEST_F(EmptyPanelNotice, aWorkflowThatWasBegunTooEarlyOffersTheLampsThatCome)
     loop.advance(Seconds(2));
     EXPECT_FALSE(panel.strip(0).getSelectedButton().isHidden());
     panel.strip(0).getSelectedButton().press();
-    EXPECT_EQ(panel.workflowState.summary, "1 lamp");
+    EXPECT_EQ(panel.workflowState.summary, "1 lamp\nGive it a name");
 }
 
 TEST_F(EmptyPanelNotice, anEmptyPageTellsAtOnceHowToFillIt)
@@ -129,16 +129,30 @@ TEST_F(EmptyPanelNotice, anEmptyPageTellsAtOnceHowToFillIt)
     navigation().all.press();
     EXPECT_FALSE(panel.notice);
 
+    navigation().lights.press();
+    EXPECT_EQ(navigation().groups.toolTip(), "No groups yet");
     receive(stateGrouping(kStateGroup, 1, 7, "Study"));
     leaveOn(navigation().groups);
+    EXPECT_EQ(navigation().groups.toolTip(), "");
+    EXPECT_EQ(navigation().locations.toolTip(), "No locations yet");
     EXPECT_FALSE(panel.notice);
-    panel.strip(0).navigationButton().press();
-    engine().registry().lampWithID(lampID(1))->group.reset();
-    controller.panelSetUp().refreshSetUpUsingRecycling(true);
-    EXPECT_EQ(title(), "No lamps here any more");
+    const auto loseTheLampOf = [this](std::size_t group) {
+        panel.strip(group).navigationButton().press();
+        engine().registry().lampWithID(lampID(1))->group.reset();
+        controller.panelSetUp().refreshSetUpUsingRecycling(true);
+        EXPECT_EQ(title(), "No lamps here any more");
+    };
+    loseTheLampOf(0);
+    choose("Edit group...");
+    EXPECT_EQ(panel.workflow.value().name, "Study");
+    std::exchange(panel.workflow, {}).value().close(WorkflowPopover::kCancelTag, "");
+    receive(stateGrouping(kStateGroup, 1, 8, "Study")); // another, to which the name does not lead
+    loop.advance(Seconds(2));
+    loseTheLampOf(1);
+    EXPECT_EQ(offers(), Names{"Back"});
     choose("Back");
     EXPECT_FALSE(navigation().filter);
-    EXPECT_EQ(panel.names(), Names{"Study"});
+    EXPECT_EQ(panel.names(), (Names{"Study", "Study"}));
 }
 
 } // namespace lumeroom::test

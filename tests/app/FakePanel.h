@@ -109,8 +109,12 @@ public:
         poppedUpAt = at;
     }
     void showWorkflowPopover(const WorkflowPopover& shown) override { workflow = shown; }
-    void updateWorkflowPopover() override { workflowState = workflow.value().state(named); }
-    void bringWorkflowPopoverToFront() override { ++broughtToFront; }
+    void updateWorkflowPopover() override
+    {
+        if (workflow)
+            workflowState = workflow->state(named);
+    }
+    void bringWorkflowPopoverToFront() override { broughtToFront += workflow ? 1 : 0; }
     void closeWorkflowPopover() override { workflow.reset(); }
 
     LampControlStrip& strip(std::size_t index) const { return rows.at(index)->strip; }

@@ -125,14 +125,14 @@ TEST_F(Workflows, making)
         begin();
         select({1, 2});
         const int builds = panel.builds;
-        press(WorkflowPopover::kConfirmTag, "Attic");
+        press(WorkflowPopover::kConfirmTag, "At\ntic"); // as pasted
         EXPECT_EQ(panel.builds, builds + (wasShown ? 2 : 1));
         EXPECT_TRUE((navigation().*kind.shown).state());
-        EXPECT_EQ(panel.revealed.back(), "Attic");
+        EXPECT_EQ(panel.revealed.back(), "At tic");
         if (kind.type != StripType::Tag) { // a lamp tells of its tags itself
-            EXPECT_EQ(members(kind.type, "Attic"), (Names{"Lamp 2", "Lamp 3"}));
+            EXPECT_EQ(members(kind.type, "At tic"), (Names{"Lamp 2", "Lamp 3"}));
         }
-        EXPECT_TRUE(kind.editMenu(workflows).itemWithTitle("Attic"));
+        EXPECT_TRUE(kind.editMenu(workflows).itemWithTitle("At tic"));
         begin();
         select({0});
         press(WorkflowPopover::kConfirmTag, ""); // no name is no hindrance
@@ -140,7 +140,7 @@ TEST_F(Workflows, making)
     }
     workflows.makeGroupStep1();
     select({0});
-    press(WorkflowPopover::kConfirmTag, "Attic"); // another one
+    press(WorkflowPopover::kConfirmTag, "At tic"); // another one
     EXPECT_EQ(panel.revealedTarget.id, engine().registry().groupsArray().back()->id);
     const auto seen = panel.revealed.size();
     workflows.makeGroupStep1();
@@ -163,10 +163,10 @@ TEST_F(Workflows, thePopoverSaysWhatWouldHappen)
         bool canConfirm;
     } cases[] = {
         {make(&GroupWorkflows::makeGroupStep1), "Attic", {}, "Pick the lamps", false},
+        {{}, "", {}, "Pick the lamps\nGive it a name", false},
         {{}, "Attic", {2}, "1 lamp, 1 moved from Stu dy", true},
-        {{}, "", {2}, "1 lamp, 1 moved from Stu dy", false},
-        {{}, " \xE3\x80\x80\xE2\x80\x8B", {0}, "1 lamp, 1 moved from Den", false},
-        {{}, "At\ttic", {0}, "1 lamp, 1 moved from Den", false},
+        {{}, " \xE3\x80\x80\xE2\x80\x8B", {0}, "1 lamp, 1 moved from Den\nGive it a name", false},
+        {{}, "De\tn", {0}, "1 lamp, 1 moved from Den", true},
         {{}, "Attic", {0, 1, 2}, "3 lamps, 3 moved from other groups", true},
         {{}, "Den", {0}, "1 lamp, 1 moved from Den\nA group called Den is there already", true},
         {make(&GroupWorkflows::makeLocationStep1), "Den", {1, 2}, "2 lamps, 1 moved from Home",
@@ -241,6 +241,25 @@ TEST_F(Workflows, editing)
     EXPECT_EQ(selected(), Names{});
 }
 
+TEST_F(Workflows, whatIsEditedCanGetAnotherNameOrGo)
+{
+    const std::string id = engine().registry().groupsArray().at(0)->id;
+    workflows.editGroupStep1("Den");
+    workflows.removeGroup("Den"); // not from under the popover
+    EXPECT_TRUE(panel.alerts.empty());
+    EXPECT_EQ(panel.broughtToFront, 1);
+    const auto says = [this](const std::string& summary) {
+        controller.lampStatesChanged();
+        loop.runPosted();
+        EXPECT_EQ(panel.workflowState.summary, summary);
+        EXPECT_FALSE(panel.workflowState.canConfirm);
+    };
+    engine().groupings().renameGroupNewName(id, "La\nir");
+    says("The group is called La ir now");
+    engine().groupings().removeGroupWithID(id);
+    says("The group is gone");
+}
+
 TEST_F(Workflows, removing)
 {
     defaults.setObject("verbosity", 3);
@@ -266,6 +285,46 @@ TEST_F(Workflows, removing)
         loop.advance(Seconds(6));
     }
     EXPECT_FALSE(navigation().editGroup.isEnabled());
+}
+
+TEST_F(Workflows, nothingIsConfirmedBeforeTheLampsAreOnThePanel)
+{
+    const auto begin = [this](FakeRow& row, bool held) {
+        row.popover = held;
+        controller.panelSetUp().refreshSetUpUsingRecycling(true); // for which a held row has time
+        row.strip.brightnessSlider().moveTo(held ? 20 : 30);
+        workflows.editGroupStep1("Den");
+        panel.updateWorkflowPopover();
+        EXPECT_FALSE(panel.workflowState.canConfirm);
+        EXPECT_EQ(panel.workflowState.summary, "Waiting for the lamps");
+        loop.advance(Seconds(1));
+        EXPECT_EQ(panel.workflowState.canConfirm, !held);
+        row.popover = false;
+        loop.advance(Seconds(0.25));
+    };
+    for (const bool held : {false, true}) {
+        navigation().showOnly(navigation().groups);
+        ASSERT_EQ(panel.names(), Names{"Den"});
+        const int brought = panel.broughtToFront;
+        begin(*panel.rows.at(0), held);
+        EXPECT_EQ(selected(), (Names{"Lamp 1", "Lamp 2"}));
+        EXPECT_EQ(panel.broughtToFront, brought + 1); // to the row that is the first now
+        panel.rows.at(2)->strip.getSelectedButton().press();
+        EXPECT_EQ(panel.workflowState.summary, "3 lamps");
+        const int builds = panel.builds;
+        controller.panelSetUp().refreshSetUpUsingRecycling(true);
+        loop.advance(Seconds(6));
+        EXPECT_EQ(panel.builds, builds);
+        press(WorkflowPopover::kCancelTag, "Den");
+    }
+    // One that comes later has no row, and stays.
+    workflows.editGroupStep1("Den");
+    addNamed(4, "Late");
+    receive(stateGrouping(53, 4, 0xA1, "Den"));
+    select({2});
+    EXPECT_EQ(panel.workflowState.summary, "2 lamps, 2 leave");
+    press(WorkflowPopover::kConfirmTag, "Den");
+    EXPECT_EQ(members(StripType::Group, "Den"), (Names{"Lamp 3", "Late"}));
 }
 
 TEST_F(Workflows, oneAtATimeAndTheWayBackEndsIt)

@@ -61,6 +61,13 @@ TEST_F(Find, aNameIsFoundHoweverItIsWrittenAndByGroupAndLocation)
     EXPECT_FALSE(panel.notice);
     EXPECT_EQ(panel.names().size(), 14U);
     EXPECT_EQ(panel.found, "");
+
+    receive(stateService(15), lampAddress(15));
+    navigation().groups.press();
+    panel.find.open();
+    EXPECT_EQ(found("new lamp"), Names{lampID(15)}); // which is not the name that shows
+    found(lampID(15));
+    EXPECT_EQ(panel.notice.value().title, "Nothing here is called '" + lampID(15) + "'");
 }
 
 TEST_F(Find, theOthersTakeNoPlaceAndLoseNone)

@@ -21,6 +21,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
@@ -142,6 +143,7 @@ TEST(ControlPanel, twoClicksOnASwitchMeanOnlyThis)
     ControlPanelWindow panel;
     NavigationModel model;
     std::string done;
+    model.groups.setToolTip("No groups yet");
     model.groups.setAction([&] { done += model.groups.state() ? "on " : "off "; });
     model.showOnly = [&](ButtonModel& kind) {
         EXPECT_EQ(&kind, &model.groups);
@@ -155,6 +157,7 @@ TEST(ControlPanel, twoClicksOnASwitchMeanOnlyThis)
     auto* groups = test::named<QAbstractButton>(panel, "Groups");
     QTest::mouseClick(groups, Qt::LeftButton);
     EXPECT_TRUE(hasDone("on ")); // at once
+    EXPECT_EQ(QToolTip::text(), "No groups yet");
     QTest::mouseClick(groups, Qt::LeftButton, Qt::ControlModifier);
     EXPECT_TRUE(hasDone("only "));
     QTest::mouseClick(groups, Qt::LeftButton);
@@ -209,8 +212,22 @@ TEST(ControlPanel, aNoticeFillsTheRoomThatThereIs)
         EXPECT_LE(right, area->width());
         EXPECT_EQ(area->size(), area->parentWidget()->size());
     }
-    button("Look again")->setFocus();
-    button("Look again")->click();
+    auto* again = button("Look again");
+    again->setFocus();
+    std::string done;
+    const auto next = [&] {
+        done += "next ";
+        panel.showNotice(PanelNotice{"No lamps found", "", {{"Stop", remove}}});
+    };
+    panel.showNotice(PanelNotice{"No lamps", "Still", {{"Other", [] {}}, {"Look again", next}}});
+    EXPECT_TRUE(again->hasFocus()); // its hand has nothing else under it
+    EXPECT_EQ(panel.findChild<NoticeView*>()->accessibleName(), "No lamps");
+    again->click();
+    EXPECT_EQ(done, "next ");
+    EXPECT_FALSE(button("Other"));
+    QCoreApplication::processEvents();
+    button("Stop")->setFocus();
+    button("Stop")->click();
     EXPECT_EQ(panel.focusWidget()->accessibleName(), "Lamps");
 }
 
@@ -358,6 +375,11 @@ TEST_F(PanelWindow, aLetterBeginsANameAndEscapeGivesTheKeyboardBack)
     QTest::keyClick(field, Qt::Key_Escape);
     EXPECT_FALSE(field->isVisible());
     EXPECT_TRUE(popover());
+    panel.openFind();
+    control("Lamp 3, selected")->setFocus();
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_TRUE(popover());
 }
 
 TEST_F(PanelWindow, aWorkflowPopoverHearsTheKeyboardAndGivesItBack)
@@ -393,6 +415,10 @@ TEST_F(PanelWindow, aWorkflowPopoverHearsTheKeyboardAndGivesItBack)
     popover()->findChild<QLineEdit*>()->insert("Twenty-two bytes long.");
     popover()->findChild<QLineEdit*>()->insert(family); // one character, one byte too many
     EXPECT_TRUE(popoverShows<QLabel>("1 lamp"));
+    control("All off")->setFocus();
+    QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(popover());
+    control("Lamp 4, selected")->setFocus();
     QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(popover());
     EXPECT_TRUE(engine().registry().IDForGroupNamed("Twenty-two bytes long."));

@@ -103,13 +103,14 @@ void ControlPanelWindow::stopThrobber()
 // It may be one of the notice's own buttons that takes it away.
 void ControlPanelWindow::showNotice(const std::optional<PanelNotice>& notice)
 {
-    if (auto* before = std::exchange(m_notice, nullptr)) {
+    if (notice) {
+        if (!m_notice)
+            m_notice = new NoticeView(m_scrollView);
+        m_notice->setNotice(*notice);
+        m_notice->show();
+    } else if (auto* before = std::exchange(m_notice, nullptr)) {
         before->hide();
         before->deleteLater();
-    }
-    if (notice) {
-        m_notice = new NoticeView(*notice, m_scrollView);
-        m_notice->show();
     }
     settleFocus();
 }
@@ -195,6 +196,16 @@ void ControlPanelWindow::showFind(const std::optional<FoundCount>& count)
     setContentSize(content);
     keepLimits();
     settleFocus();
+}
+
+/// Escape closes the field for a name before it ends a workflow.
+bool ControlPanelWindow::event(QEvent* event)
+{
+    const bool comesFirst = event->type() == QEvent::ShortcutOverride && heightOf(m_findBar) > 0
+        && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (comesFirst)
+        event->accept();
+    return comesFirst || QMainWindow::event(event);
 }
 
 /// A letter that no control has use for begins a name.

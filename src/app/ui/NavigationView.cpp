@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QPropertyAnimation>
 #include <QStyle>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace lumeroom {
@@ -60,8 +61,22 @@ QWidget* NavigationView::makeSwitches()
     auto* column = makeColumn(page);
     const auto add = [&](ButtonModel& button, const QString& text, const QString& tip) {
         auto* view = new NavigationSwitch(m_model, button, text, page);
-        view->setToolTip(tip + tr("\nDouble-click or Ctrl-click to show nothing else"));
-        view->setAccessibleDescription(tip + tr("; with Ctrl, nothing else"));
+        const auto describe = [view, &button, tip] {
+            const QString note = QString::fromStdString(button.toolTip());
+            const auto after
+                = [&note](const char* mark) { return note.isEmpty() ? "" : note + mark; };
+            view->setToolTip(
+                after("\n") + tip + tr("\nDouble-click or Ctrl-click to show nothing else"));
+            view->setAccessibleDescription(after("; ") + tip + tr("; with Ctrl, nothing else"));
+        };
+        m_notes.push_back(button.listen(describe));
+        describe();
+        // Else nothing would be seen to come of the press, where other rows show.
+        connect(view, &QAbstractButton::clicked, this, [view, &button] {
+            if (button.state())
+                QToolTip::showText(view->mapToGlobal(QPoint(view->width(), 0)),
+                    QString::fromStdString(button.toolTip()), view);
+        });
         column->addWidget(view);
         if (!m_firstSwitch)
             m_firstSwitch = view;

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "base/Listeners.h"
+
 #include <QWidget>
+
+#include <vector>
 
 class QLabel;
 class QLayout;
@@ -32,6 +36,7 @@ private:
     void place(QWidget* page, int x, bool gliding) const;
 
     NavigationModel& m_model;
+    std::vector<Subscription> m_notes; ///< of the switches
     QLabel* m_description;
     QWidget* m_firstSwitch = nullptr;
     QWidget* m_back = nullptr;

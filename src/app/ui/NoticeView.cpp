@@ -1,13 +1,13 @@
 #include "app/ui/NoticeView.h"
 
-#include "app/PanelNotice.h"
-
 #include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace lumeroom {
 
@@ -27,10 +27,21 @@ QLabel* makeLabel(const QString& text, QWidget* parent)
     return label;
 }
 
+// It may be one of them that led here.
+void removeAll(QBoxLayout& widgets)
+{
+    while (const std::unique_ptr<QLayoutItem> item{widgets.takeAt(0)}) {
+        item->widget()->hide();
+        item->widget()->deleteLater();
+    }
+}
+
 } // namespace
 
-NoticeView::NoticeView(const PanelNotice& notice, QWidget* parent)
+NoticeView::NoticeView(QWidget* parent)
     : QScrollArea(parent)
+    , m_title(makeLabel({}, this))
+    , m_paragraphs(new QBoxLayout(QBoxLayout::TopToBottom))
     , m_buttons(new QBoxLayout(QBoxLayout::LeftToRight))
 {
     auto* page = new QWidget;
@@ -48,36 +59,63 @@ NoticeView::NoticeView(const PanelNotice& notice, QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
-    setAccessibleName(QString::fromStdString(notice.title));
 
-    column->addStretch();
-    auto* title = makeLabel(QString::fromStdString(notice.title), middle);
-    QFont large = title->font();
+    QFont large = m_title->font();
     large.setPointSizeF(large.pointSizeF() * kTitleSize);
     large.setBold(true);
-    title->setFont(large);
-    column->addWidget(title);
-    const QString text = QString::fromStdString(notice.text);
-    for (const QString& paragraph : text.split(u'\n', Qt::SkipEmptyParts))
-        column->addWidget(makeLabel(paragraph, middle));
+    m_title->setFont(large);
+    m_buttons->setAlignment(Qt::AlignHCenter);
+    column->addStretch();
+    column->addWidget(m_title);
+    column->addLayout(m_paragraphs);
     column->addSpacing(kGap);
     column->addLayout(m_buttons);
-    addButtons(notice);
     column->addStretch();
 
     parent->installEventFilter(this);
     setGeometry(parent->rect());
 }
 
-void NoticeView::addButtons(const PanelNotice& notice)
+void NoticeView::setNotice(const PanelNotice& notice)
 {
-    m_buttons->setAlignment(Qt::AlignHCenter);
-    for (const PanelNotice::Action& action : notice.actions) {
-        auto* button = new QPushButton(QString::fromStdString(action.title), this);
-        connect(button, &QPushButton::clicked, this, action.act);
+    m_title->setText(QString::fromStdString(notice.title));
+    setAccessibleName(m_title->text());
+    setText(QString::fromStdString(notice.text));
+    setActions(notice.actions);
+}
+
+void NoticeView::setText(const QString& text)
+{
+    removeAll(*m_paragraphs);
+    for (const QString& paragraph : text.split(u'\n', Qt::SkipEmptyParts))
+        m_paragraphs->addWidget(makeLabel(paragraph, this));
+}
+
+void NoticeView::setActions(const std::vector<PanelNotice::Action>& actions)
+{
+    const auto before = std::exchange(m_actions, actions);
+    const bool readTheSame = std::equal(before.begin(), before.end(), actions.begin(),
+        actions.end(), [](const auto& one, const auto& other) { return one.title == other.title; });
+    if (readTheSame)
+        return;
+    removeAll(*m_buttons);
+    m_buttonsInARow = 0;
+    for (std::size_t i = 0; i < actions.size(); ++i) {
+        auto* button = new QPushButton(QString::fromStdString(actions[i].title), this);
+        connect(button, &QPushButton::clicked, this, [this, i] {
+            const auto act = m_actions.at(i).act; // which may take this view away
+            act();
+        });
         m_buttons->addWidget(button, 0, Qt::AlignHCenter);
         m_buttonsInARow += button->sizeHint().width() + kGap;
     }
+    layOutButtons();
+}
+
+void NoticeView::layOutButtons()
+{
+    const bool fits = m_buttonsInARow <= std::min(width() - 2 * kMargin, kWidest);
+    m_buttons->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 bool NoticeView::eventFilter(QObject* watched, QEvent* event)
@@ -89,8 +127,7 @@ bool NoticeView::eventFilter(QObject* watched, QEvent* event)
 
 void NoticeView::resizeEvent(QResizeEvent* event)
 {
-    const bool fits = m_buttonsInARow <= std::min(width() - 2 * kMargin, kWidest);
-    m_buttons->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    layOutButtons();
     QScrollArea::resizeEvent(event);
 }
 

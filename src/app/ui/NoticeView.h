@@ -1,12 +1,13 @@
 #pragma once
 
+#include "app/PanelNotice.h"
+
 #include <QScrollArea>
 
 class QBoxLayout;
+class QLabel;
 
 namespace lumeroom {
-
-struct PanelNotice;
 
 /// A notice over all of its parent: a title, paragraphs and buttons in the middle. Where there is
 /// little room the buttons go below each other, and it scrolls.
@@ -14,7 +15,10 @@ class NoticeView : public QScrollArea {
     Q_OBJECT
 
 public:
-    NoticeView(const PanelNotice& notice, QWidget* parent);
+    explicit NoticeView(QWidget* parent);
+
+    /// Buttons of the same titles stay, for one may be under the hand.
+    void setNotice(const PanelNotice& notice);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -22,9 +26,14 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void addButtons(const PanelNotice& notice);
+    void setText(const QString& text);
+    void setActions(const std::vector<PanelNotice::Action>& actions);
+    void layOutButtons();
 
+    QLabel* m_title;
+    QBoxLayout* m_paragraphs;
     QBoxLayout* m_buttons;
+    std::vector<PanelNotice::Action> m_actions;
     int m_buttonsInARow = 0; ///< the width that they take
 };
 

@@ -3,6 +3,7 @@
 #include "strips/ui/CardLook.h"
 #include "strips/ui/ElidedLabel.h"
 #include "strips/ui/NameLimit.h"
+#include "strips/ui/SelectionBox.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -102,8 +103,19 @@ void WorkflowPopoverView::makeKeys()
         &QAbstractButton::click);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         connect(new QShortcut(key, this), &QShortcut::activated, this,
-            [this] { (m_cancel->hasFocus() ? m_cancel : m_confirm)->click(); });
+            &WorkflowPopoverView::takeReturn);
     }
+}
+
+/// A button elsewhere in the window has no use for it, but is not what confirms.
+void WorkflowPopoverView::takeReturn()
+{
+    const QWidget* focus = window()->focusWidget();
+    const bool isElsewhere = focus && !isAncestorOf(focus);
+    if (isElsewhere && qobject_cast<const QAbstractButton*>(focus)
+        && !qobject_cast<const SelectionBox*>(focus))
+        return;
+    (m_cancel->hasFocus() ? m_cancel : m_confirm)->click();
 }
 
 // What is called takes the popover away, and may show a message before that.

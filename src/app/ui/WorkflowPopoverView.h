@@ -38,6 +38,7 @@ private:
     void makeHead();
     void makeFoot();
     void makeKeys();
+    void takeReturn();
     void press(int tag);
     std::string name() const;
 
