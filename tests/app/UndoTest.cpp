@@ -153,7 +153,7 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
 {
     drag(2, {30});
     controller.allOff();
-    EXPECT_EQ(undo.title(), "All off");
+    EXPECT_EQ(undo.undoTitle(), "All off");
     controller.allOff();
     EXPECT_TRUE(undo.canUndo());
     strip(2)->switchOn();
@@ -165,7 +165,7 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
     loop.advance(Seconds(1));
     EXPECT_EQ(*lamp(2)->colour, 7000);
     controller.scripting().allOn();
-    EXPECT_EQ(undo.title(), "All off");
+    EXPECT_EQ(undo.undoTitle(), "All off");
     defaults.setObject(keys::kColourSliderActsAtOnce, false);
 
     drag(2, {60});
@@ -174,9 +174,12 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
     loop.advance(Seconds(1));
     EXPECT_TRUE(undo.canRedo());
 
+    controller.allOff();
+    undo.undo();
     const double colour = *lamp(2)->colour;
     strip(2)->colourSlider().moveTo(20000);
     EXPECT_TRUE(undo.canUndo());
+    EXPECT_TRUE(undo.undoTitle() != "All off" && undo.redoTitle() == "All off");
     undo.undo();
     EXPECT_EQ(strip(2)->colourSlider().value(), colour);
     EXPECT_TRUE(!strip(2)->showsUnsentColour() && !undo.canUndo() && undo.canRedo());
