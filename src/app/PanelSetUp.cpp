@@ -203,10 +203,8 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
     }
     m_factory.forgetUnknown();
     m_environment.panel.keepFocus();
-    // Rows of another layout go before the new ones are made, which then take their memory. No
-    // control in a row asks for another layout, so none of them is at work now.
     if (!recycling)
-        m_former.clear();
+        dropFormerRows();
     setUp();
 }
 
@@ -225,6 +223,15 @@ void PanelSetUp::hideFormerRows()
             view->setShown(false);
     }
     m_letFormerGo.request(); // not now: a button in one of the rows may be what led here
+}
+
+/// Rows of another layout go before the new ones are made, which then take their memory. No control
+/// in a row asks for another layout, so none of them is at work now.
+void PanelSetUp::dropFormerRows()
+{
+    for (const auto& strip : m_former)
+        strip->forgetUnsentColour();
+    m_former.clear();
 }
 
 void PanelSetUp::deferRefresh(Seconds delay, bool recycling)

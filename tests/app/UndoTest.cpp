@@ -183,6 +183,10 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
     undo.undo();
     EXPECT_EQ(strip(2)->colourSlider().value(), colour);
     EXPECT_TRUE(!strip(2)->showsUnsentColour() && !undo.canUndo() && undo.canRedo());
+
+    strip(2)->colourSlider().moveTo(20000);
+    controller.switchTheme(1); // the strip goes, and its colour with it
+    EXPECT_FALSE(undo.canUndo());
 }
 
 TEST_F(UndoInPanel, escapeInThePickerTakesBackWhatWasPickedInIt)
