@@ -137,6 +137,13 @@ TEST_F(UndoInPanel, leavesAloneWhatOthersDid)
     const std::string dimmed = state();
     undo.undo();
     EXPECT_EQ(state(), dimmed);
+    EXPECT_FALSE(undo.canUndo() || undo.canRedo()); // nothing is left of the step
+    drag(2, {150});
+    undo.undo();
+    dim.brightness = 40;
+    engine().commands().sendSettingsToLamp(dim, lampID(2));
+    undo.redo();
+    EXPECT_FALSE(undo.canUndo() || undo.canRedo());
 
     addLamp(4, {.brightness = 30000}); // which turns out to be a light strip
     loop.advance(Seconds(3));
