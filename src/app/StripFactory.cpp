@@ -48,6 +48,7 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     strip->showSelectedButton(false);
     if (type == StripType::Lamp && record.zones > 0) {
         showZones(*strip, record.zones);
+        strip->kindBadge().setToolTip("Light strip");
     } else {
         setUpBadge(*strip);
         setUpNavigationButton(*strip);
@@ -104,7 +105,7 @@ void StripFactory::showZones(LampControlStrip& strip, std::size_t zones) const
 {
     const std::string count = fmt::format("View {} zones", zones);
     strip.kindBadge().setImage(BadgeModel::Image::LightStrip);
-    strip.kindBadge().setToolTip("Light strip");
+    strip.kindBadge().setToolTip(count);
     strip.kindBadge().setHidden(false);
     ButtonModel& button = strip.navigationButton();
     button.setToolTip(count);
