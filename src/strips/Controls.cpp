@@ -44,7 +44,7 @@ void SliderModel::setHeld(bool held)
 {
     if (held && !m_held)
         m_stroke = std::make_shared<int>();
-    assign(m_held, held);
+    m_held = held;
 }
 
 bool SliderModel::confirm()

@@ -161,8 +161,10 @@ public:
     /// The user moved it.
     void moveTo(float value);
     /// The user has its knob in hand.
-    bool isHeld() const { return m_held; }
     void setHeld(bool held);
+    /// The user has it in hand, or has just moved it by keys.
+    bool showsValue() const { return m_showsValue; }
+    void setShowsValue(bool shows) { assign(m_showsValue, shows); }
     /// From grasping the knob to letting it go; null of the wheel and of keys.
     Stroke stroke() const override { return m_stroke; }
     /// The user pressed Return on it.
@@ -176,6 +178,7 @@ private:
     float m_maximum;
     float m_value = 0;
     bool m_held = false;
+    bool m_showsValue = false;
     Stroke m_stroke;
     ControlTarget* m_target = nullptr;
     std::function<bool()> m_confirmed;

@@ -93,8 +93,8 @@ Caption StripCaption::captionOfNow() const
     }
     if (m_isGroup && m_condition.lamps == 0)
         caption.text = "No lamps";
-    if (const std::string held = heldSliderText(); !held.empty())
-        caption.text = held;
+    if (const std::string moved = movedSliderText(); !moved.empty())
+        caption.text = moved;
     if (m_unsent)
         caption.hint = "not sent";
     return caption;
@@ -112,10 +112,10 @@ std::string StripCaption::textWhileOn() const
         percent, colourText(m_controls.sliderValues(), m_controls.colourWell.capabilities()));
 }
 
-std::string StripCaption::heldSliderText() const
+std::string StripCaption::movedSliderText() const
 {
     for (const SliderModel* slider : m_controls.sliders()) {
-        if (slider->isHeld())
+        if (slider->showsValue())
             return sliderNameAndText(*slider);
     }
     return {};

@@ -51,7 +51,7 @@ private:
     void update();
     Caption captionOfNow() const;
     std::string textWhileOn() const;
-    std::string heldSliderText() const;
+    std::string movedSliderText() const;
     std::string lampsText() const;
     std::string adviceForSilence() const;
 
