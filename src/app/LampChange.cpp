@@ -14,8 +14,6 @@ namespace {
 
 /// What a lamp may lose between being sent a value and reporting it, in 255ths of the range.
 constexpr double kLoss = 2;
-constexpr double kLevels = 255;
-constexpr double kMostColour = 65535;
 
 struct Member {
     std::optional<double> LampColour::*value;
@@ -24,15 +22,15 @@ struct Member {
 
 constexpr Member kMembers[] = {
     {&LampColour::colour, kMostColour},
-    {&LampColour::saturation, kLevels},
-    {&LampColour::brightness, kLevels},
+    {&LampColour::saturation, kMostLevel},
+    {&LampColour::brightness, kMostLevel},
     {&LampColour::warmth, kMostWarmth},
 };
 
 bool isStill(const Member& member, const std::optional<double>& left, const LampColour& present)
 {
     const auto& value = present.*member.value;
-    return left && value && std::abs(*left - *value) <= kLoss / kLevels * member.range;
+    return left && value && std::abs(*left - *value) <= kLoss / kMostLevel * member.range;
 }
 
 void dropUnchanged(LampColour& before, LampColour& after)
@@ -49,7 +47,7 @@ void dropUnchanged(LampColour& before, LampColour& after)
 
 /// `before` may be as it was, or as it has to be sent: a lamp that was told what it had is the
 /// same.
-void compare(LampColour& before, LampColour& after)
+void keepWhatChanged(LampColour& before, LampColour& after)
 {
     dropUnchanged(before, after);
     before = sentWhenReported(before);
@@ -125,9 +123,9 @@ LampChange::LampChange(const States& before, const States& after)
         if (is == after.end())
             continue;
         Sides lamp{was, is->second};
-        compare(lamp.before.colour, lamp.after.colour);
+        keepWhatChanged(lamp.before.colour, lamp.after.colour);
         for (auto& [number, colour] : lamp.before.zones)
-            compare(colour, lamp.after.zones[number]);
+            keepWhatChanged(colour, lamp.after.zones[number]);
         dropUnchanged(lamp);
         if (!lamp.before.isEmpty())
             m_lamps.emplace(id, lamp);

@@ -43,7 +43,7 @@ void SliderModel::moveTo(float value)
 void SliderModel::setHeld(bool held)
 {
     if (held && !m_held)
-        m_stroke = std::make_shared<int>();
+        m_stroke = newStroke();
     m_held = held;
 }
 

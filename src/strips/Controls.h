@@ -29,6 +29,10 @@ inline constexpr int kStatusMenuItem = -27;
 
 /// What the user does to a control in one go. Null: what follows shortly belongs to it.
 using Stroke = std::shared_ptr<const void>;
+inline Stroke newStroke()
+{
+    return std::make_shared<int>();
+}
 
 class ControlModel;
 
@@ -56,7 +60,7 @@ public:
     bool isHidden() const { return m_hidden; }
     const std::string& toolTip() const { return m_toolTip; }
     /// That the last action belongs to. A press is one of its own.
-    virtual Stroke stroke() const { return std::make_shared<int>(); }
+    virtual Stroke stroke() const { return newStroke(); }
     void setEnabled(bool enabled) { assign(m_enabled, enabled); }
     void setHidden(bool hidden) { assign(m_hidden, hidden); }
     void setToolTip(const std::string& text) { assign(m_toolTip, text); }
