@@ -28,7 +28,8 @@ StripCaption::StripCaption(StripControls& controls, bool isGroup, RunLoop& runLo
     , m_runLoop(runLoop)
 {
     for (ControlModel* control : {static_cast<ControlModel*>(&controls.onOffButton),
-             static_cast<ControlModel*>(&controls.colourWell)})
+             static_cast<ControlModel*>(&controls.colourWell),
+             static_cast<ControlModel*>(&controls.sendButton)})
         m_subscriptions.push_back(control->listen([this] { update(); }));
     for (SliderModel* slider : controls.sliders())
         m_subscriptions.push_back(slider->listen([this] { update(); }));
@@ -56,12 +57,6 @@ void StripCaption::setCondition(const StripCondition& condition)
 void StripCaption::setEffect(const std::string& name)
 {
     m_effect = name;
-    update();
-}
-
-void StripCaption::setUnsent(bool unsent)
-{
-    m_unsent = unsent;
     update();
 }
 
@@ -95,7 +90,7 @@ Caption StripCaption::captionOfNow() const
         caption.text = "No lamps";
     if (const std::string moved = movedSliderText(); !moved.empty())
         caption.text = moved;
-    if (m_unsent)
+    if (!m_controls.sendButton.isHidden())
         caption.hint = "not sent";
     return caption;
 }

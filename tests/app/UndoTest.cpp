@@ -228,6 +228,34 @@ TEST_F(UndoInPanel, escapeInThePickerTakesBackWhatWasPickedInIt)
         EXPECT_EQ(state(), scrolled);
         well.setColourPicker(nullptr);
     }
+
+    // A colour that had not been sent when the picker was opened is not sent again.
+    const auto desk = strip(2);
+    desk->colourWell().setPopover(&popover);
+    desk->colourWell().setColourPicker(picker);
+    const std::string before = state();
+    desk->colourSlider().moveTo(20000);
+    const Colour unsent = desk->colourWell().colour();
+    desk->colourWell().showThePopover();
+    picker->cancel(); // nothing was picked
+    EXPECT_EQ(desk->colourWell().colour(), unsent);
+    for (const double seconds : {0.0, 5.0}) { // not yet sent, and sent
+        picker->moveBrightnessTo(0.2F);
+        loop.advance(Seconds(seconds));
+        EXPECT_EQ(desk->showsUnsentColour(), seconds == 0);
+        picker->cancel();
+        EXPECT_EQ(state(), before);
+        EXPECT_EQ(desk->colourWell().colour().hue, unsent.hue);
+        EXPECT_NEAR(desk->colourWell().colour().brightness, unsent.brightness, 0.01);
+        EXPECT_TRUE(desk->showsUnsentColour() && undo.canUndo());
+    }
+    undo.undo();
+    EXPECT_NE(desk->colourWell().colour().hue, unsent.hue);
+    desk->colourWell().showThePopover();
+    picker->moveBrightnessTo(0.2F);
+    picker->cancel();
+    EXPECT_FALSE(desk->showsUnsentColour());
+    desk->colourWell().setColourPicker(nullptr);
 }
 
 } // namespace lumeroom::test
