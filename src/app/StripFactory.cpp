@@ -33,7 +33,7 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     for (auto* value : {&shown.brightness, &shown.colour, &shown.saturation, &shown.warmth})
         *value = value->value_or(0);
     strip->setCapabilities(record.capabilities.value_or(kCapabilitiesColourLamp));
-    strip->setCondition(record.condition);
+    strip->setCondition(StripCondition::of(strip->target(), m_environment.engineRoom.registry()));
     // To the last fraction, which a report does not care for.
     strip->brightnessSlider().setValue(static_cast<float>(*shown.brightness));
     if (strip->showsUnsentColour())
