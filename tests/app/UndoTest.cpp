@@ -174,6 +174,10 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
     controller.scripting().allOn();
     EXPECT_EQ(undo.undoTitle(), "All off");
     defaults.setObject(keys::kColourSliderActsAtOnce, false);
+    loop.advance(Seconds(10));
+    hue.colour = 9000;
+    strip(2)->implementSettingsFromDictionary(hue);
+    EXPECT_TRUE(strip(2)->showsUnsentColour() && undo.undoTitle() == "All off");
 
     drag(2, {60});
     strip(2)->brightnessSlider().moveTo(80);
