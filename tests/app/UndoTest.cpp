@@ -200,6 +200,29 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
     EXPECT_FALSE(undo.canUndo());
 }
 
+TEST_F(UndoInPanel, tellsGesturesAndStripsApart)
+{
+    const double saturation = *lamp(2)->saturation;
+    drag(2, {30});
+    strip(2)->satSlider().moveTo(90);
+    loop.advance(Seconds(10));
+    undo.undo();
+    EXPECT_TRUE(strip(2)->embargo()); // for reports of before
+    state();
+    EXPECT_NEAR(*lamp(2)->saturation, saturation, 2);
+    EXPECT_NEAR(*lamp(2)->brightness, 30, 2);
+
+    strip(1)->colourSlider().moveTo(20000);
+    strip(2)->colourSlider().moveTo(20000);
+    strip(1)->forgetUnsentColour();
+    undo.undo();
+    EXPECT_FALSE(strip(2)->showsUnsentColour());
+    strip(2)->colourSlider().moveTo(20000);
+    strip(1)->onOffButton().press();
+    undo.undo();
+    EXPECT_TRUE(strip(2)->showsUnsentColour());
+}
+
 TEST_F(UndoInPanel, escapeInThePickerTakesBackWhatWasPickedInIt)
 {
     struct : ColourWellPopover {
