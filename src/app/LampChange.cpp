@@ -14,8 +14,6 @@ namespace {
 
 /// What a lamp may lose between being sent a value and reporting it, in 255ths of the range.
 constexpr double kLoss = 2;
-constexpr double kLevels = 255;
-constexpr double kMostColour = 65535;
 
 struct Member {
     std::optional<double> LampColour::*value;
@@ -24,15 +22,15 @@ struct Member {
 
 constexpr Member kMembers[] = {
     {&LampColour::colour, kMostColour},
-    {&LampColour::saturation, kLevels},
-    {&LampColour::brightness, kLevels},
+    {&LampColour::saturation, kMostLevel},
+    {&LampColour::brightness, kMostLevel},
     {&LampColour::warmth, kMostWarmth},
 };
 
 bool isStill(const Member& member, const std::optional<double>& left, const LampColour& present)
 {
     const auto& value = present.*member.value;
-    return left && value && std::abs(*left - *value) <= kLoss / kLevels * member.range;
+    return left && value && std::abs(*left - *value) <= kLoss / kMostLevel * member.range;
 }
 
 void dropUnchanged(LampColour& before, LampColour& after)
@@ -49,7 +47,7 @@ void dropUnchanged(LampColour& before, LampColour& after)
 
 /// `before` may be as it was, or as it has to be sent: a lamp that was told what it had is the
 /// same.
-void compare(LampColour& before, LampColour& after)
+void keepWhatChanged(LampColour& before, LampColour& after)
 {
     dropUnchanged(before, after);
     before = sentWhenReported(before);
@@ -65,7 +63,8 @@ void extend(LampColour& before, LampColour& after, const LampColour& nextBefore,
     before = first;
 }
 
-void send(const LampColour& wanted, const LampColour& left, const LampColour& present,
+/// Whether there was something to send.
+bool send(const LampColour& wanted, const LampColour& left, const LampColour& present,
     const std::string& id, LampCommands& commands)
 {
     Settings settings;
@@ -73,23 +72,29 @@ void send(const LampColour& wanted, const LampColour& left, const LampColour& pr
         if (isStill(member, left.*member.value, present))
             settings.*member.value = wanted.*member.value;
     }
+    if (!settings.hasAny())
+        return false;
     commands.sendSettingsToLamp(settings, id);
+    return true;
 }
 
-void restore(
+bool restore(
     const LampState& wanted, const LampState& left, const Lamp& lamp, LampCommands& commands)
 {
     const LampState present(lamp);
     const std::string id = lamp.id;
-    if (wanted.power && present.power == left.power)
+    const bool turns = wanted.power && present.power == left.power;
+    if (turns)
         commands.lampOn(id, *wanted.power);
-    send(wanted.colour, left.colour, present.colour, id, commands);
+    bool restored = send(wanted.colour, left.colour, present.colour, id, commands) || turns;
     for (const auto& [number, colour] : wanted.zones) {
         const auto zone = present.zones.find(number);
-        if (zone != present.zones.end())
-            send(colour, left.zones.at(number), zone->second, fmt::format("{}-{}", id, number),
-                commands);
+        if (zone != present.zones.end()
+            && send(colour, left.zones.at(number), zone->second, fmt::format("{}-{}", id, number),
+                commands))
+            restored = true;
     }
+    return restored;
 }
 
 } // namespace
@@ -118,9 +123,9 @@ LampChange::LampChange(const States& before, const States& after)
         if (is == after.end())
             continue;
         Sides lamp{was, is->second};
-        compare(lamp.before.colour, lamp.after.colour);
+        keepWhatChanged(lamp.before.colour, lamp.after.colour);
         for (auto& [number, colour] : lamp.before.zones)
-            compare(colour, lamp.after.zones[number]);
+            keepWhatChanged(colour, lamp.after.zones[number]);
         dropUnchanged(lamp);
         if (!lamp.before.isEmpty())
             m_lamps.emplace(id, lamp);
@@ -158,20 +163,26 @@ void LampChange::extend(const LampChange& next)
     std::erase_if(m_lamps, [](const auto& lamp) { return lamp.second.before.isEmpty(); });
 }
 
-void LampChange::takeBack(const LampRegistry& registry, LampCommands& commands) const
+bool LampChange::takeBack(const LampRegistry& registry, LampCommands& commands) const
 {
-    for (const auto& [id, sides] : m_lamps) {
-        if (const auto lamp = registry.lampWithID(id))
-            restore(sides.before, sides.after, *lamp, commands);
-    }
+    return restore(&Sides::before, &Sides::after, registry, commands);
 }
 
-void LampChange::makeAgain(const LampRegistry& registry, LampCommands& commands) const
+bool LampChange::makeAgain(const LampRegistry& registry, LampCommands& commands) const
 {
+    return restore(&Sides::after, &Sides::before, registry, commands);
+}
+
+bool LampChange::restore(
+    Side wanted, Side left, const LampRegistry& registry, LampCommands& commands) const
+{
+    bool restored = false;
     for (const auto& [id, sides] : m_lamps) {
-        if (const auto lamp = registry.lampWithID(id))
-            restore(sides.after, sides.before, *lamp, commands);
+        const auto lamp = registry.lampWithID(id);
+        if (lamp && lumeroom::restore(sides.*wanted, sides.*left, *lamp, commands))
+            restored = true;
     }
+    return restored;
 }
 
 } // namespace lumeroom

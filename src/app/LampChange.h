@@ -33,9 +33,10 @@ public:
     bool contains(std::string_view id) const { return m_lamps.contains(id); }
     /// The change goes on with `next`.
     void extend(const LampChange& next);
-    // What is no longer as the change, or its being taken back, left it is another's by now.
-    void takeBack(const LampRegistry& registry, LampCommands& commands) const;
-    void makeAgain(const LampRegistry& registry, LampCommands& commands) const;
+    // What is no longer as the change, or its being taken back, left it is another's by now. The
+    // answer: whether anything was left to restore.
+    bool takeBack(const LampRegistry& registry, LampCommands& commands) const;
+    bool makeAgain(const LampRegistry& registry, LampCommands& commands) const;
 
 private:
     /// Both have the same members. What was before is as it has to be sent.
@@ -43,7 +44,10 @@ private:
         LampState before;
         LampState after;
     };
+    using Side = LampState Sides::*;
     static void dropUnchanged(Sides& lamp);
+    bool restore(
+        Side wanted, Side left, const LampRegistry& registry, LampCommands& commands) const;
 
     std::map<std::string, Sides, std::less<>> m_lamps; ///< by ID; none without a member
 };

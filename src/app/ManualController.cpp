@@ -41,8 +41,7 @@ ManualController::ManualController(
     , m_undo({engineRoom, runLoop, m_known, m_stripFinder, m_panelSetUp.collection(),
           [this] { m_scripting.changed(); }})
     , m_updateStrips(runLoop, [this] { updateStrips(); })
-    , m_updateGroupConditions(
-          runLoop, [this] { m_reports.updateGroupConditions(m_engineRoom.registry()); })
+    , m_updateConditions(runLoop, [this] { m_reports.updateConditions(m_engineRoom.registry()); })
 {
     m_emptyPanel.offers() = {
         .makeGroup = [this] { m_workflows.makeGroupStep1(); },
@@ -203,7 +202,7 @@ void ManualController::allOff()
 
 void ManualController::turnAllByHand(bool on)
 {
-    m_undo.undo().change({{}, std::make_shared<int>()}, on ? "All on" : "All off",
+    m_undo.undo().change({{}, newStroke()}, on ? "All on" : "All off",
         m_engineRoom.registry().distinctLamps(), [this, on] { turnAll(on); });
 }
 
@@ -269,6 +268,7 @@ void ManualController::updateStrips()
 {
     const Navigation& navigation = m_panelSetUp.navigation();
     const LampRegistry& registry = m_engineRoom.registry();
+    m_reports.updateConditions(registry);
     m_reports.updateLamps(registry.distinctLamps());
     if (const auto lamp = m_panelSetUp.lampOfZones())
         m_reports.updateZones(*lamp);
@@ -277,7 +277,7 @@ void ManualController::updateStrips()
             m_reports.updateGroupings(access, registry);
     }
     if (navigation.model().all.state())
-        m_reports.updateGroupAll(registry.distinctLamps());
+        m_reports.updateGroupAll();
     if (std::exchange(m_groupingIsNew, false))
         showNewGroupings();
     m_stage.lampsHaveChanged();
@@ -341,7 +341,7 @@ void ManualController::stripHasMissedReports()
 
 void ManualController::stripHasChanged()
 {
-    m_updateGroupConditions.request();
+    m_updateConditions.request();
     m_scripting.changed();
 }
 

@@ -113,7 +113,7 @@ private:
     StripUndo m_undo;
     /// Many reports come in a row: the strips are brought up to date once, after all of them.
     CallSoon m_updateStrips;
-    CallSoon m_updateGroupConditions;
+    CallSoon m_updateConditions;
     bool m_groupingIsNew = false; ///< to the menus and the panel
     std::vector<Subscription> m_observations;
     Lifeline m_lifeline;

@@ -127,16 +127,12 @@ void PanelSetUp::addGroupStrips()
         if (!m_navigation.shows(access.type))
             continue;
         access.forEach(registry, [&](const std::string& id, const std::string& label) {
-            StripRecord record = StripRecord::of(id, label, access.summary(summaries, id));
-            record.condition = StripCondition::of(access.lamps(registry, id));
-            add(record, access.type, m_nextTag++);
+            add(StripRecord::of(id, label, access.summary(summaries, id)), access.type,
+                m_nextTag++);
         });
     }
-    if (m_navigation.model().all.state()) {
-        StripRecord all = StripRecord::ofAll(summaries.settingsForGroup(kAllLampsId));
-        all.condition = StripCondition::of(registry.distinctLamps());
-        add(all, StripType::Group, 0);
-    }
+    if (m_navigation.model().all.state())
+        add(StripRecord::ofAll(summaries.settingsForGroup(kAllLampsId)), StripType::Group, 0);
 }
 
 std::shared_ptr<Lamp> PanelSetUp::lampOfZones() const
@@ -204,10 +200,8 @@ void PanelSetUp::refreshSetUpUsingRecycling(bool recycling)
     }
     m_factory.forgetUnknown();
     m_environment.panel.keepFocus();
-    // Rows of another layout go before the new ones are made, which then take their memory. No
-    // control in a row asks for another layout, so none of them is at work now.
     if (!recycling)
-        m_former.clear();
+        dropFormerRows();
     setUp();
 }
 
@@ -226,6 +220,15 @@ void PanelSetUp::hideFormerRows()
             view->setShown(false);
     }
     m_letFormerGo.request(); // not now: a button in one of the rows may be what led here
+}
+
+/// Rows of another layout go before the new ones are made, which then take their memory. No control
+/// in a row asks for another layout, so none of them is at work now.
+void PanelSetUp::dropFormerRows()
+{
+    for (const auto& strip : m_former)
+        strip->forgetUnsentColour();
+    m_former.clear();
 }
 
 void PanelSetUp::deferRefresh(Seconds delay, bool recycling)
@@ -276,10 +279,7 @@ void PanelSetUp::recalculateControlStripPositions()
     if (!m_find.isOn()) // a window fits all its rows, and not those that were found for a moment
         fitWindow();
     fitContainer();
-    // A window may be too narrow for a single column.
-    const float room = panel.contentSize().width - LayoutManager::kBesideTheStrips;
-    const bool cut = m_layoutManager.getViewSize().width > room;
-    panel.setScrollers(m_layoutManager.shouldScrollHorizontally() || cut,
+    panel.setScrollers(m_layoutManager.shouldScrollHorizontally() || m_layoutManager.isCut(),
         m_layoutManager.shouldScrollVertically());
     m_find.wasPlaced(views.size());
     m_environment.companions.placed();
@@ -288,9 +288,10 @@ void PanelSetUp::recalculateControlStripPositions()
 void PanelSetUp::fitWindow()
 {
     PanelView& panel = m_environment.panel;
+    constexpr Size kAnySize{1, 1};
     if (m_collection.strips().empty()) { // it keeps its size, but not the limits of former rows
         panel.setContentMaxSize(panel.screenSize());
-        panel.setContentMinSize({1, 1});
+        panel.setContentMinSize(kAnySize);
         return;
     }
     panel.setContentSize(m_layoutManager.getWindowSize());

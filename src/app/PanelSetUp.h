@@ -91,6 +91,7 @@ private:
     void revealWhatIsNew();
     void fitWindow();
     void hideFormerRows();
+    void dropFormerRows();
     void addStrip(const StripRecord& record, StripType type, int tag);
 
     Environment m_environment;

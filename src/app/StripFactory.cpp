@@ -33,7 +33,7 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     for (auto* value : {&shown.brightness, &shown.colour, &shown.saturation, &shown.warmth})
         *value = value->value_or(0);
     strip->setCapabilities(record.capabilities.value_or(kCapabilitiesColourLamp));
-    strip->setCondition(record.condition);
+    strip->setCondition(StripCondition::of(strip->target(), m_environment.engineRoom.registry()));
     // To the last fraction, which a report does not care for.
     strip->brightnessSlider().setValue(static_cast<float>(*shown.brightness));
     if (strip->showsUnsentColour())
@@ -48,6 +48,7 @@ std::shared_ptr<LampControlStrip> StripFactory::makeControlStripForLamp(
     strip->showSelectedButton(false);
     if (type == StripType::Lamp && record.zones > 0) {
         showZones(*strip, record.zones);
+        strip->kindBadge().setToolTip("Light strip");
     } else {
         setUpBadge(*strip);
         setUpNavigationButton(*strip);
@@ -104,7 +105,7 @@ void StripFactory::showZones(LampControlStrip& strip, std::size_t zones) const
 {
     const std::string count = fmt::format("View {} zones", zones);
     strip.kindBadge().setImage(BadgeModel::Image::LightStrip);
-    strip.kindBadge().setToolTip("Light strip");
+    strip.kindBadge().setToolTip(count);
     strip.kindBadge().setHidden(false);
     ButtonModel& button = strip.navigationButton();
     button.setToolTip(count);

@@ -18,6 +18,12 @@ StripReports::StripReports(const Summaries& summaries, const StripCollection& co
 {
 }
 
+void StripReports::updateConditions(const LampRegistry& registry) const
+{
+    for (const auto& strip : m_collection.strips())
+        strip->setCondition(StripCondition::of(strip->target(), registry));
+}
+
 void StripReports::updateLamps(const Lamps& lamps) const
 {
     for (const auto& lamp : lamps) {
@@ -27,7 +33,6 @@ void StripReports::updateLamps(const Lamps& lamps) const
         if (lamp->capabilities)
             strip->setCapabilities(*lamp->capabilities);
         const StripRecord record = StripRecord::of(*lamp);
-        strip->setCondition(record.condition);
         strip->label().setStandIn(record.isNew ? kNameOfNewLamp : "");
         if (!lamp->onoff || !lamp->brightness)
             continue;
@@ -42,10 +47,8 @@ void StripReports::updateZones(const Lamp& lamp) const
     for (const Zone& zone : lamp.zonesInOrder()) {
         const StripRecord record = StripRecord::of(zone, lamp);
         const auto strip = m_collection.getStripWithID(record.id);
-        if (!strip)
-            continue;
-        strip->setCondition(record.condition);
-        strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
+        if (strip)
+            strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
     }
 }
 
@@ -53,28 +56,17 @@ void StripReports::updateGroupings(const GroupingAccess& access, const LampRegis
 {
     access.forEach(registry, [&](const std::string& id, const std::string&) {
         const auto strip = m_collection.getGroupStripWithID(id);
-        if (!strip)
-            return;
-        strip->setCondition(StripCondition::of(access.lamps(registry, id)));
-        showSummary(*strip, access.summary(m_summaries, id));
+        if (strip)
+            showSummary(*strip, access.summary(m_summaries, id));
     });
 }
 
-void StripReports::updateGroupAll(const Lamps& lamps) const
+void StripReports::updateGroupAll() const
 {
     if (const auto strip = m_collection.getGroupStripWithID(kAllLampsId)) {
-        strip->setCondition(StripCondition::of(lamps));
         showSummary(*strip, m_summaries.settingsForGroup(kAllLampsId));
     } else if (m_log.shows(1)) {
         m_log.line("can't find all group");
-    }
-}
-
-void StripReports::updateGroupConditions(const LampRegistry& registry) const
-{
-    for (const auto& strip : m_collection.strips()) {
-        if (strip->isGroup())
-            strip->setCondition(StripCondition::of(lampsOf(strip->target(), registry)));
     }
 }
 

@@ -18,14 +18,12 @@ public:
     StripReports(const Summaries& summaries, const StripCollection& collection,
         const StripFactory& factory, Log& log);
 
+    /// What the captions say of the lamps, which may only have been sent something.
+    void updateConditions(const LampRegistry& registry) const;
     void updateLamps(const Lamps& lamps) const;
     void updateZones(const Lamp& lamp) const;
     void updateGroupings(const GroupingAccess& access, const LampRegistry& registry) const;
-    /// `lamps` are all that are known.
-    void updateGroupAll(const Lamps& lamps) const;
-
-    /// What the captions of groups say of their lamps, which may have been sent something.
-    void updateGroupConditions(const LampRegistry& registry) const;
+    void updateGroupAll() const;
 
 private:
     void showSummary(LampControlStrip& strip, const Settings& summary) const;

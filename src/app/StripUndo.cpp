@@ -22,17 +22,8 @@ void StripUndo::stripSends(
     const StripTarget& target = strip.target();
     const std::string name
         = fmt::format("{} {} {}", static_cast<int>(target.type), target.id, control.tag());
-    m_undo.change({name, control.stroke()}, strip.label().shownText(), lampsOf(target), send);
-}
-
-Lamps StripUndo::lampsOf(const StripTarget& target) const
-{
-    if (target.isGroup()) {
-        const auto thing = m_surroundings.known.find(target);
-        return thing ? thing->lamps : Lamps{};
-    }
-    auto lamp = m_surroundings.engineRoom.registry().lampWithID(target.lampID());
-    return lamp ? Lamps{std::move(lamp)} : Lamps{};
+    m_undo.change({name, control.stroke()}, strip.label().shownText(),
+        target.lamps(m_surroundings.engineRoom.registry()), send);
 }
 
 void StripUndo::colourIsUnsent(const LampControlStrip& strip, bool unsent)
@@ -60,7 +51,7 @@ void StripUndo::userHasCancelled(LampControlStrip& strip, const ControlModel& co
 void StripUndo::showRestored(const LampChange& step) const
 {
     for (const auto& strip : m_surroundings.collection.strips()) {
-        const Lamps lamps = lampsOf(strip->target());
+        const Lamps lamps = strip->target().lamps(m_surroundings.engineRoom.registry());
         if (std::any_of(lamps.begin(), lamps.end(),
                 [&](const auto& lamp) { return step.contains(lamp->id); }))
             show(*strip);

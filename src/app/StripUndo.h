@@ -25,7 +25,6 @@ public:
     void userHasCancelled(LampControlStrip& strip, const ControlModel& control);
 
 private:
-    Lamps lampsOf(const StripTarget& target) const;
     void show(LampControlStrip& strip) const;
     void showRestored(const LampChange& step) const;
 

@@ -58,24 +58,44 @@ void Undo::undo()
     if (m_takeBackFirst) {
         std::exchange(m_takeBackFirst, nullptr)();
         m_listeners.tell();
-    } else if (canUndo()) {
-        m_step.takeBack(m_engineRoom.registry(), m_engineRoom.commands());
-        restored(true);
+    } else {
+        takeStepBack();
     }
+}
+
+void Undo::takeStepBack()
+{
+    if (m_step.isEmpty() || m_undone)
+        return;
+    if (m_step.takeBack(m_engineRoom.registry(), m_engineRoom.commands()))
+        restored(true);
+    else
+        drop();
 }
 
 void Undo::redo()
 {
     if (!canRedo())
         return;
-    m_step.makeAgain(m_engineRoom.registry(), m_engineRoom.commands());
-    restored(false);
+    if (m_step.makeAgain(m_engineRoom.registry(), m_engineRoom.commands()))
+        restored(false);
+    else
+        drop();
 }
 
 void Undo::takeBack(const Stroke& stroke)
 {
     if (stroke && m_gesture && m_gesture->stroke == stroke)
-        undo();
+        takeStepBack();
+}
+
+/// Its lamps are gone, or all that it did has been changed since.
+void Undo::drop()
+{
+    m_step = {};
+    m_undone = false;
+    m_gesture.reset();
+    m_listeners.tell();
 }
 
 void Undo::restored(bool undone)

@@ -31,8 +31,10 @@ public:
 
     bool canUndo() const { return m_takeBackFirst || (!m_step.isEmpty() && !m_undone); }
     bool canRedo() const { return m_undone; }
-    /// Of what can be taken back or made again: "All off", "Desk lamp".
-    const std::string& title() const { return m_takeBackFirst ? m_firstTitle : m_title; }
+    // Of what can be taken back, and of what can be made again: "All off", "Desk lamp"
+    const std::string& undoTitle() const { return m_takeBackFirst ? m_firstTitle : m_title; }
+    const std::string& redoTitle() const { return m_title; }
+    // A step of which nothing is left to restore is dropped instead
     void undo();
     void redo();
     /// Takes the step back if it is what this stroke has done.
@@ -44,7 +46,9 @@ public:
 
 private:
     bool goesOn(const Gesture& gesture) const;
+    void takeStepBack();
     void restored(bool undone);
+    void drop();
 
     EngineRoom& m_engineRoom;
     RunLoop& m_runLoop;

@@ -11,8 +11,6 @@ namespace lumeroom {
 
 namespace {
 
-constexpr std::int64_t kWhitest = 255; // of a lamp's inverted saturation
-
 /// Writes a number as text. One that is not known yet counts as 0.
 template <typename F> void rewrite(Value::Dictionary& lamp, std::string_view key, F text)
 {
@@ -79,7 +77,7 @@ Value::Dictionary readableLamp(Value::Dictionary lamp)
     rewrite(lamp, keys::kColour, plain);
     rewrite(lamp, keys::kBrightness, plain);
     rewrite(lamp, keys::kSaturation,
-        [](std::int64_t inverted) { return fmt::format("{}", kWhitest - inverted); });
+        [](std::int64_t inverted) { return fmt::format("{}", kMostLevel - inverted); });
     rewrite(lamp, keys::kWarmth,
         [](std::int64_t warmth) { return fmt::format("{} kelvin", kCoolestKelvin - warmth); });
     for (const auto key : {keys::kMac, keys::kCapabilities, keys::kService, keys::kSocket}) {

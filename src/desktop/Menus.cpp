@@ -121,11 +121,12 @@ void addUndo(QMenu& menu, Undo& undo)
     QAction* back = addStep(QKeySequence::Undo, &Undo::undo);
     QAction* again = addStep(QKeySequence::Redo, &Undo::redo);
     const auto show = [back, again, &undo] {
-        const QString title = menuTitle(undo.title());
         back->setEnabled(undo.canUndo());
-        back->setText(undo.canUndo() ? QObject::tr("&Undo %1").arg(title) : QObject::tr("&Undo"));
+        back->setText(undo.canUndo() ? QObject::tr("&Undo %1").arg(menuTitle(undo.undoTitle()))
+                                     : QObject::tr("&Undo"));
         again->setEnabled(undo.canRedo());
-        again->setText(undo.canRedo() ? QObject::tr("&Redo %1").arg(title) : QObject::tr("&Redo"));
+        again->setText(undo.canRedo() ? QObject::tr("&Redo %1").arg(menuTitle(undo.redoTitle()))
+                                      : QObject::tr("&Redo"));
     };
     auto subscription = undo.listen(show);
     // The connection holds it, and goes with the menu.

@@ -2,12 +2,13 @@
 
 #include "desktop/Table.h"
 #include "engine/LampRegistry.h"
+#include "engine/LampUnits.h"
+#include "strips/LightWords.h"
 
 #include <QPixmap>
 #include <QWidget>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 
 namespace lumeroom {
@@ -24,7 +25,7 @@ QString percentText(const Lamp& lamp)
 {
     if (!lamp.brightness)
         return QStringLiteral("-");
-    return QStringLiteral("%1%").arg(std::lround(*lamp.brightness / 2.55));
+    return QStringLiteral("%1%").arg(percentOf(static_cast<float>(*lamp.brightness), kMostLevel));
 }
 
 } // namespace

@@ -7,8 +7,6 @@ namespace lumeroom {
 
 namespace {
 
-constexpr int kByteRange = 255;
-
 // Nearly 1/257. Reading is not the inverse of writing, which multiplies by 255.
 constexpr double kByteFromWire = 0.003891050583658;
 
@@ -24,9 +22,9 @@ int byteFromWire(std::uint16_t value)
 
 int levelReportedAs(std::int64_t reported)
 {
-    int level = static_cast<int>(std::clamp<std::int64_t>(reported, 0, kByteRange));
-    while (level < kByteRange
-        && byteFromWire(static_cast<std::uint16_t>(level * kByteRange)) < reported)
+    int level = static_cast<int>(std::clamp<std::int64_t>(reported, 0, kMostLevel));
+    while (level < kMostLevel
+        && byteFromWire(static_cast<std::uint16_t>(level * kMostLevel)) < reported)
         ++level;
     return level;
 }
@@ -47,8 +45,8 @@ WireColour toWire(const LampColour& colour)
     return {
         .hue = lowBits(integerPart(colour.colour.value_or(0))),
         .saturation
-        = lowBits((kByteRange - integerPart(colour.saturation.value_or(0))) * kByteRange),
-        .brightness = lowBits(integerPart(colour.brightness.value_or(0)) * kByteRange),
+        = lowBits((kMostLevel - integerPart(colour.saturation.value_or(0))) * kMostLevel),
+        .brightness = lowBits(integerPart(colour.brightness.value_or(0)) * kMostLevel),
         .kelvin = lowBits(kCoolestKelvin - integerPart(colour.warmth.value_or(0))),
     };
 }
@@ -57,7 +55,7 @@ LampColour fromWire(const WireColour& colour)
 {
     return {
         .colour = colour.hue,
-        .saturation = kByteRange - byteFromWire(colour.saturation),
+        .saturation = kMostLevel - byteFromWire(colour.saturation),
         .brightness = byteFromWire(colour.brightness),
         .warmth = lowBits(kCoolestKelvin - static_cast<std::int64_t>(colour.kelvin)),
     };
@@ -69,7 +67,7 @@ LampColour sentWhenReported(const LampColour& reported)
     if (sent.brightness)
         sent.brightness = levelReportedAs(integerPart(*sent.brightness));
     if (sent.saturation)
-        sent.saturation = kByteRange - levelReportedAs(kByteRange - integerPart(*sent.saturation));
+        sent.saturation = kMostLevel - levelReportedAs(kMostLevel - integerPart(*sent.saturation));
     return sent;
 }
 

@@ -22,6 +22,9 @@ inline constexpr int kCoolestKelvin = 9000;
 inline constexpr int kWarmestKelvin = 2500;
 inline constexpr int kMostWarmth = kCoolestKelvin - kWarmestKelvin;
 
+inline constexpr int kMostLevel = 255; ///< of brightness and of saturation
+inline constexpr int kMostColour = 65535;
+
 /// From lamp units; absent members count as 0. Brightness and saturation are multiplied by 255, so
 /// a full 255 goes out as 65025 and is read back as 253.
 WireColour toWire(const LampColour& colour);

@@ -8,8 +8,8 @@ namespace lumeroom {
 
 namespace {
 
-constexpr float kHueRange = 65535.0F;
-constexpr float kByteRange = 255.0F;
+constexpr float kHueRange = kMostColour;
+constexpr float kByteRange = kMostLevel;
 
 } // namespace
 

@@ -3,7 +3,7 @@
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
 #include "base/UserDefaults.h"
-#include "engine/Records.h"
+#include "engine/LampUnits.h"
 #include "strips/ColourArchive.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace lumeroom {
 
 namespace {
 
-constexpr float kLevels = 255;
+constexpr float kLevels = kMostLevel;
 constexpr int kLogLevelOfDrops = 2;
 
 } // namespace
@@ -51,7 +51,7 @@ void ColourWellModel::userHasCancelled()
 
 void ColourWellModel::act()
 {
-    m_stroke = std::make_shared<int>();
+    m_stroke = newStroke();
     fireFilteredAction();
 }
 
@@ -79,8 +79,10 @@ void ColourWellModel::showThePopover()
         m_picker->switchToWhitesMode();
     m_popover->showAtWell(ColourWellPopover::Edge::Right);
     m_picker->setDelegate(this);
-    m_session = std::make_shared<int>();
+    m_session = newStroke();
     m_picked = false;
+    if (m_opened)
+        m_opened();
 }
 
 void ColourWellModel::mouseUp()

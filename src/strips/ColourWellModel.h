@@ -56,6 +56,8 @@ public:
     void act();
     /// From opening the picker to opening it again; null of the wheel.
     Stroke stroke() const override { return m_stroke; }
+    /// The picker was opened for it.
+    void setOpened(std::function<void()> opened) { m_opened = std::move(opened); }
     /// The user takes back what was picked since the picker was opened.
     void setCancelled(std::function<void()> cancelled) { m_cancelled = std::move(cancelled); }
 
@@ -87,6 +89,7 @@ private:
     Stroke m_session; ///< of the picker
     Stroke m_stroke;
     bool m_picked = false; ///< in this session
+    std::function<void()> m_opened;
     std::function<void()> m_cancelled;
     int m_capabilities = 7;
     int m_clickstep = 0; ///< 1 between press and release

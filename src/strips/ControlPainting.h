@@ -53,8 +53,7 @@ struct OnOffButtonLook {
 
 OnOffButtonPaint onOffButtonPaint(const Rectangle& bounds, const OnOffButtonLook& look);
 
-/// The swatch: its light, with the brightness as alpha, so that a dim colour is
-/// pale.
+/// The swatch: its light, with the brightness as alpha, so that a dim colour is pale.
 Rgba swatchFill(const Colour& colour);
 
 /// The square picture of a target in the status menu: an oval, clear while the target is off.

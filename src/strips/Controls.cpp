@@ -43,8 +43,8 @@ void SliderModel::moveTo(float value)
 void SliderModel::setHeld(bool held)
 {
     if (held && !m_held)
-        m_stroke = std::make_shared<int>();
-    assign(m_held, held);
+        m_stroke = newStroke();
+    m_held = held;
 }
 
 bool SliderModel::confirm()

@@ -29,6 +29,10 @@ inline constexpr int kStatusMenuItem = -27;
 
 /// What the user does to a control in one go. Null: what follows shortly belongs to it.
 using Stroke = std::shared_ptr<const void>;
+inline Stroke newStroke()
+{
+    return std::make_shared<int>();
+}
 
 class ControlModel;
 
@@ -56,7 +60,7 @@ public:
     bool isHidden() const { return m_hidden; }
     const std::string& toolTip() const { return m_toolTip; }
     /// That the last action belongs to. A press is one of its own.
-    virtual Stroke stroke() const { return std::make_shared<int>(); }
+    virtual Stroke stroke() const { return newStroke(); }
     void setEnabled(bool enabled) { assign(m_enabled, enabled); }
     void setHidden(bool hidden) { assign(m_hidden, hidden); }
     void setToolTip(const std::string& text) { assign(m_toolTip, text); }
@@ -161,8 +165,10 @@ public:
     /// The user moved it.
     void moveTo(float value);
     /// The user has its knob in hand.
-    bool isHeld() const { return m_held; }
     void setHeld(bool held);
+    /// The user has it in hand, or has just moved it by keys.
+    bool showsValue() const { return m_showsValue; }
+    void setShowsValue(bool shows) { assign(m_showsValue, shows); }
     /// From grasping the knob to letting it go; null of the wheel and of keys.
     Stroke stroke() const override { return m_stroke; }
     /// The user pressed Return on it.
@@ -176,6 +182,7 @@ private:
     float m_maximum;
     float m_value = 0;
     bool m_held = false;
+    bool m_showsValue = false;
     Stroke m_stroke;
     ControlTarget* m_target = nullptr;
     std::function<bool()> m_confirmed;

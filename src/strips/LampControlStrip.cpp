@@ -16,26 +16,21 @@ LampControlStrip::LampControlStrip(
     , m_owner(surroundings.owner)
     , m_controls(surroundings, *this)
     , m_caption(m_controls, m_target.isGroup(), surroundings.runLoop)
+    , m_unsentColour(m_controls, [this](bool shown) { m_owner.colourIsUnsent(*this, shown); })
     , m_colourFilter(surroundings.runLoop, [this] { sendColourAlone(); })
     , m_embargo(surroundings.runLoop, [this] { embargoHasLifted(); })
+    , m_player(m_owner, m_caption)
+    , m_menuEntry(m_controls, *this)
 {
     setUpNamesAndPower();
-    m_controls.sendButton.setToolTip("Send this colour to the lamp");
-    m_controls.sendButton.setAction([this] { sendUnsentColour(); });
-    m_controls.colourSlider.setConfirmation([this] {
-        if (!showsUnsentColour())
-            return false;
-        sendUnsentColour();
-        return true;
+    m_controls.colourWell.setOpened([this] { m_unsentColour.pickerWasOpened(); });
+    m_controls.colourWell.setCancelled([this] {
+        m_owner.userHasCancelled(*this, m_controls.colourWell);
+        m_unsentColour.putBack();
     });
-    m_controls.colourWell.setCancelled(
-        [this] { m_owner.userHasCancelled(*this, m_controls.colourWell); });
 }
 
-LampControlStrip::~LampControlStrip()
-{
-    releaseStatusBarMenuItem();
-}
+LampControlStrip::~LampControlStrip() = default;
 
 /// Not every target has a name and a power of its own.
 void LampControlStrip::setUpNamesAndPower()
@@ -48,11 +43,6 @@ void LampControlStrip::setUpNamesAndPower()
     m_controls.onOffButton.setToolTip("A zone goes on and off with its lamp");
     m_controls.renameButton.setEnabled(false);
     m_controls.renameButton.setToolTip("A zone is named by its number");
-}
-
-void LampControlStrip::setControlStripView(std::unique_ptr<LampControlStripView> view)
-{
-    m_view = std::move(view);
 }
 
 void LampControlStrip::setCondition(const StripCondition& condition)
@@ -135,31 +125,17 @@ void LampControlStrip::sendSettingsToStripsInGroup(const StripSettings& settings
 
 void LampControlStrip::actForLamp(const ControlModel& sender, const Settings& full)
 {
-    const auto sendOnly
-        = [this](std::optional<double> LampColour::*member, const SliderModel& slider) {
-              Settings settings;
-              settings.*member = slider.integerValue();
-              sendToLamp(settings, slider);
-          };
     if (&sender == &m_controls.onOffButton)
         sendByHand(sender, [&] { actForLampOnOff(full); });
-    else if (&sender == &m_controls.brightnessSlider)
-        sendOnly(&LampColour::brightness, m_controls.brightnessSlider);
-    else if (&sender == &m_controls.satSlider)
-        sendOnly(&LampColour::saturation, m_controls.satSlider);
-    else if (&sender == &m_controls.warmthSlider)
-        sendOnly(&LampColour::warmth, m_controls.warmthSlider);
-    else if (&sender == &m_controls.colourWell)
-        sendToLamp(full, sender);
     else if (&sender == &m_controls.colourSlider)
         actForColourSlider();
+    else if (m_controls.isColourControl(sender))
+        sendToLamp(m_controls.settingsOf(sender), sender);
 }
 
 void LampControlStrip::sendColourAlone()
 {
-    Settings settings;
-    settings.colour = m_controls.colourSlider.integerValue();
-    sendToLamp(settings, m_controls.colourSlider);
+    sendToLamp(m_controls.settingsOf(m_controls.colourSlider), m_controls.colourSlider);
 }
 
 /// It moves the well alone, unless the user wants it otherwise; its colour goes out with the well
@@ -174,8 +150,7 @@ void LampControlStrip::actForColourSlider()
         return;
     }
     const auto lamp = m_engineRoom->registry().lampWithID(m_target.id);
-    const int shown = m_controls.colourSlider.integerValue();
-    setUnsent(lamp && lamp->colour && integerPart(*lamp->colour) != shown);
+    m_unsentColour.sliderWasMoved(lamp ? lamp->colour : std::nullopt, !m_followsSettings);
 }
 
 void LampControlStrip::sendByHand(const ControlModel& sender, const std::function<void()>& send)
@@ -197,20 +172,7 @@ void LampControlStrip::sendNow(const Settings& settings)
 {
     m_engineRoom->commands().sendSettingsToLamp(settings, m_target.id);
     if (settings.colour)
-        setUnsent(false);
-}
-
-void LampControlStrip::setUnsent(bool unsent)
-{
-    const bool was = showsUnsentColour();
-    m_caption.setUnsent(unsent);
-    m_controls.sendButton.setHidden(!unsent);
-    m_controls.colourWell.setToolTip(unsent
-            ? "The lamp has not been sent this colour. Press the ring, or Return on the colour "
-              "slider, to send it."
-            : "");
-    if (unsent ? !m_followsSettings : was)
-        m_owner.colourIsUnsent(*this, unsent);
+        forgetUnsentColour();
 }
 
 void LampControlStrip::actForLampOnOff(const Settings& full)
@@ -234,17 +196,10 @@ void LampControlStrip::turn(bool on)
     handleControl(m_controls.onOffButton);
 }
 
-void LampControlStrip::switchOn()
+void LampControlStrip::switchTo(bool on)
 {
     const bool before = std::exchange(m_followsSettings, true);
-    turn(true);
-    m_followsSettings = before;
-}
-
-void LampControlStrip::switchOff()
-{
-    const bool before = std::exchange(m_followsSettings, true);
-    turn(false);
+    turn(on);
     m_followsSettings = before;
 }
 
@@ -261,7 +216,7 @@ void LampControlStrip::implementSettingsFromDictionary(const StripSettings& sett
     if (settings.brightness && !isReadBackLoss(*settings.brightness))
         showInSlider(m_controls.brightnessSlider, settings.brightness);
     if (settings.colour && onlyShows)
-        setUnsent(false);
+        forgetUnsentColour();
     showInSlider(m_controls.colourSlider, settings.colour);
     showInSlider(m_controls.satSlider, settings.saturation);
     showInSlider(m_controls.warmthSlider, settings.warmth);
@@ -301,29 +256,13 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmba
 {
     // A report in the tenth of a second before the user's change is sent would undo the change.
     const bool refused = embargo() || hasPendingAction();
-    // Nothing is missed when another lamp spoke and this one has not answered yet. Its record may
-    // have changed without a report, by what it was sent.
-    const bool isNews
-        = settings.reports ? settings.reports != m_lastReport.reports : settings != m_lastReport;
-    m_missedReport = refused && (m_missedReport || isNews);
-    m_lastReport = settings;
-    if (!refused)
-        showReport(settings);
-}
-
-/// Until the lamp has news of its own, the user may go on choosing a colour for it.
-void LampControlStrip::showReport(StripSettings settings)
-{
-    const bool isOld = settings.reports && settings.reports == m_reportsShown;
-    m_reportsShown = settings.reports;
-    if (isOld && showsUnsentColour())
-        settings.colour.reset();
-    implementSettingsFromDictionaryWithoutActing(settings);
+    if (const auto shown = m_reportIntake.take(settings, refused, showsUnsentColour()))
+        implementSettingsFromDictionaryWithoutActing(*shown);
 }
 
 void LampControlStrip::embargoHasLifted()
 {
-    if (std::exchange(m_missedReport, false))
+    if (m_reportIntake.takeMissed())
         m_owner.stripHasMissedReports();
 }
 
@@ -339,7 +278,7 @@ void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
     if (m_engineRoom)
         m_target.sendSettings(m_engineRoom->commands(), sent);
     if (sent.colour)
-        setUnsent(false);
+        forgetUnsentColour();
     // With a long one the lamp's reports move the controls along as it fades.
     if (settings.transition.value_or(0) < kLongTransitionSeconds)
         implementSettingsFromDictionaryWithoutActing(settings);
@@ -355,11 +294,6 @@ Value::Dictionary LampControlStrip::getDictionary() const
         dictionary.emplace(key, objectForKey(key));
     dictionary.emplace(keys::kId, m_target.id);
     return dictionary;
-}
-
-void LampControlStrip::setObjectForKey(const Value& value, std::string_view key)
-{
-    m_controls.setObjectForKey(value, key);
 }
 
 void LampControlStrip::showReNamePopover()
@@ -395,8 +329,8 @@ void LampControlStrip::reName(const std::string& name)
 
 std::vector<EffectMenuItem> LampControlStrip::effectMenu() const
 {
-    const bool playing = m_runner && m_runner->isRunning();
-    return effectMenuOf(storedEffects(m_defaults), playing, m_owner.hasEffectsManager());
+    return effectMenuOf(
+        storedEffects(m_defaults), m_player.isPlaying(), m_owner.hasEffectsManager());
 }
 
 void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)
@@ -407,69 +341,6 @@ void LampControlStrip::chooseFromEffectMenu(const EffectMenuItem& item)
         implementEffect(item.title);
     else if (item.kind == EffectMenuItem::Kind::EditEffects)
         editEffects();
-}
-
-// A name that no effect has leaves the one that plays going.
-void LampControlStrip::implementEffect(const std::string& name)
-{
-    auto effect = m_owner.makeEffect(name, *this);
-    if (!effect)
-        return;
-    stopEffect();
-    m_runner = std::move(effect);
-    m_runner->start();
-    m_caption.setEffect(name);
-}
-
-void LampControlStrip::stopEffect()
-{
-    if (m_runner)
-        m_runner->stop();
-    m_caption.setEffect({});
-}
-
-void LampControlStrip::editEffects()
-{
-    m_owner.showEffectsManager();
-}
-
-void LampControlStrip::setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item)
-{
-    releaseStatusBarMenuItem();
-    m_statusBarMenuItem = std::move(item);
-    if (!m_statusBarMenuItem)
-        return;
-    m_statusBarMenuItem->setTarget(this);
-    m_statusBarMenuItem->setImage([this] {
-        return menuImage(m_controls.onOffButton.state(), m_controls.colourWell.colour());
-    });
-    m_statusBarMenuItem->setCheck([this] { return m_controls.onOffButton.state(); });
-}
-
-// A menu may outlive the strip: the item is left without target, picture and check mark.
-void LampControlStrip::releaseStatusBarMenuItem()
-{
-    if (!m_statusBarMenuItem)
-        return;
-    m_statusBarMenuItem->setTarget(nullptr);
-    m_statusBarMenuItem->setImage(nullptr);
-    m_statusBarMenuItem->setCheck(nullptr);
-    m_statusBarMenuItem.reset();
-}
-
-void LampControlStrip::viewDidBeginDragging()
-{
-    m_owner.viewDidBeginDragging();
-}
-
-void LampControlStrip::viewDidMoveTo(Point point)
-{
-    m_owner.changePositionOfStripBasedOnPoint(*this, point);
-}
-
-void LampControlStrip::viewDidFinishDragging()
-{
-    m_owner.viewDidFinishDragging();
 }
 
 } // namespace lumeroom

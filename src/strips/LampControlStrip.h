@@ -2,12 +2,17 @@
 
 #include "engine/LampReference.h"
 #include "strips/LampControlStripOwner.h"
-#include "strips/MenuModel.h"
 #include "strips/StripCaption.h"
 #include "strips/StripControls.h"
 #include "strips/StripEmbargo.h"
+#include "strips/StripMenuEntry.h"
+#include "strips/StripPlayer.h"
+#include "strips/StripReportIntake.h"
 #include "strips/StripSurroundings.h"
 #include "strips/StripTarget.h"
+#include "strips/UnsentColour.h"
+
+#include <utility>
 
 namespace lumeroom {
 
@@ -22,7 +27,10 @@ public:
     LampControlStrip& operator=(const LampControlStrip&) = delete;
 
     /// A strip that is not shown has none, and what a view would show does not show.
-    void setControlStripView(std::unique_ptr<LampControlStripView> view);
+    void setControlStripView(std::unique_ptr<LampControlStripView> view)
+    {
+        m_view = std::move(view);
+    }
     LampControlStripView* getControlStripView() const { return m_view.get(); }
 
     // The controls
@@ -70,13 +78,11 @@ public:
     void handleControl(const ControlModel& sender) override;
     void unfilteredAction(const ControlModel& sender) override;
     // By nobody's hand, as scripts do
-    void switchOn();
-    void switchOff();
+    void switchOn() { switchTo(true); }
+    void switchOff() { switchTo(false); }
     /// The colour slider has moved the well, and the lamp knows nothing of it.
-    bool showsUnsentColour() const { return m_caption.isUnsent(); }
-    void forgetUnsentColour() { setUnsent(false); }
-    /// What the well would send.
-    void sendUnsentColour() { m_controls.colourWell.act(); }
+    bool showsUnsentColour() const { return m_unsentColour.isShown(); }
+    void forgetUnsentColour() { m_unsentColour.forget(); }
 
     /// Shows the settings and acts on them as if the user had moved the controls.
     void implementSettingsFromDictionary(const StripSettings& settings);
@@ -102,7 +108,10 @@ public:
     /// One of these from the controls, apart from "id"; the empty text for any other key.
     Value objectForKey(std::string_view key) const { return m_controls.objectForKey(key); }
     /// Writes it to the control and does nothing else.
-    void setObjectForKey(const Value& value, std::string_view key);
+    void setObjectForKey(const Value& value, std::string_view key)
+    {
+        m_controls.setObjectForKey(value, key);
+    }
 
     /// Opens the rename popover; for a tag, says instead why tags keep their names.
     void showReNamePopover();
@@ -120,18 +129,21 @@ public:
     // Effects
     std::vector<EffectMenuItem> effectMenu() const;
     void chooseFromEffectMenu(const EffectMenuItem& item);
-    void implementEffect(const std::string& name);
-    void stopEffect();
-    void editEffects();
+    void implementEffect(const std::string& name) { m_player.play(name, *this); }
+    void stopEffect() { m_player.stop(); }
+    void editEffects() { m_owner.showEffectsManager(); }
 
     /// Choosing the item switches the target over; its picture follows the strip.
-    void setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item);
-    const std::shared_ptr<MenuItemModel>& statusBarMenuItem() const { return m_statusBarMenuItem; }
+    void setStatusBarMenuItem(std::shared_ptr<MenuItemModel> item)
+    {
+        m_menuEntry.setItem(std::move(item));
+    }
+    const std::shared_ptr<MenuItemModel>& statusBarMenuItem() const { return m_menuEntry.item(); }
 
     // The view is dragged to another place
-    void viewDidBeginDragging();
-    void viewDidMoveTo(Point point);
-    void viewDidFinishDragging();
+    void viewDidBeginDragging() { m_owner.viewDidBeginDragging(); }
+    void viewDidMoveTo(Point point) { m_owner.changePositionOfStripBasedOnPoint(*this, point); }
+    void viewDidFinishDragging() { m_owner.viewDidFinishDragging(); }
 
 private:
     void setUpNamesAndPower();
@@ -145,10 +157,8 @@ private:
     void sendNow(const Settings& settings);
     void sendColourAlone();
     void turn(bool on);
-    void setUnsent(bool unsent);
-    void showReport(StripSettings settings);
+    void switchTo(bool on);
     void showInSlider(SliderModel& slider, const std::optional<double>& value);
-    void releaseStatusBarMenuItem();
     void embargoHasLifted();
 
     StripTarget m_target;
@@ -158,14 +168,13 @@ private:
     EngineRoom* m_engineRoom = nullptr;
     StripControls m_controls;
     StripCaption m_caption;
+    UnsentColour m_unsentColour;
     ActionFilter m_colourFilter; ///< of a colour slider that acts at once
     StripEmbargo m_embargo;
-    StripSettings m_lastReport; ///< shown or not
-    std::optional<std::uint64_t> m_reportsShown; ///< the count of the last that was
-    bool m_missedReport = false;
+    StripReportIntake m_reportIntake;
     bool m_followsSettings = false; ///< and not the user's hand
-    std::unique_ptr<StripEffect> m_runner;
-    std::shared_ptr<MenuItemModel> m_statusBarMenuItem;
+    StripPlayer m_player;
+    StripMenuEntry m_menuEntry;
     std::unique_ptr<LampControlStripView> m_view; ///< looks at the controls, so it goes first
 };
 

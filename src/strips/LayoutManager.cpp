@@ -81,14 +81,23 @@ void LayoutManager::reset()
     m_matrixMaxCols = 0;
 }
 
+float LayoutManager::room() const
+{
+    return m_panel.contentSize().width - kBesideTheStrips;
+}
+
+bool LayoutManager::isCut() const
+{
+    return getViewSize().width > room();
+}
+
 float LayoutManager::widthFor(Size natural) const
 {
     constexpr float kMostGrowth = 1.35F;
     if (m_theme != theme::kSquareControl || natural.width < 1)
         return natural.width;
-    const float room = m_panel.contentSize().width - kBesideTheStrips;
-    const float columns = std::max(1.0F, std::floor(room / natural.width));
-    return std::floor(std::clamp(room / columns, natural.width, natural.width * kMostGrowth));
+    const float columns = std::max(1.0F, std::floor(room() / natural.width));
+    return std::floor(std::clamp(room() / columns, natural.width, natural.width * kMostGrowth));
 }
 
 Point LayoutManager::getNextPointFor(Size stripView)
@@ -108,8 +117,7 @@ Point LayoutManager::getNextPointFor(Size stripView)
         break;
     case theme::kSquareControl:
         point = {m_w * static_cast<float>(m_columns), m_h * static_cast<float>(m_rows)};
-        if (static_cast<float>(m_columns + 2) * m_w
-            <= m_panel.contentSize().width - kBesideTheStrips) {
+        if (static_cast<float>(m_columns + 2) * m_w <= room()) {
             ++m_columns;
         } else {
             ++m_rows;

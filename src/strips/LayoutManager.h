@@ -61,6 +61,8 @@ public:
     bool isFlipped() const { return m_theme != theme::kSingleControl; }
     bool shouldScrollHorizontally() const;
     bool shouldScrollVertically() const;
+    /// A window may be too narrow for what was placed, if only for a single column.
+    bool isCut() const;
     static bool allowsRotating() { return false; }
 
     // For a theme that does not exist, 0 by 0
@@ -80,6 +82,8 @@ public:
 
 private:
     std::string_view windowStateKey() const;
+    /// For the strips, in the window's width.
+    float room() const;
     float storedLength(std::string_view key, float computed) const;
 
     UserDefaults& m_defaults;

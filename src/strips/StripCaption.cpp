@@ -28,7 +28,8 @@ StripCaption::StripCaption(StripControls& controls, bool isGroup, RunLoop& runLo
     , m_runLoop(runLoop)
 {
     for (ControlModel* control : {static_cast<ControlModel*>(&controls.onOffButton),
-             static_cast<ControlModel*>(&controls.colourWell)})
+             static_cast<ControlModel*>(&controls.colourWell),
+             static_cast<ControlModel*>(&controls.sendButton)})
         m_subscriptions.push_back(control->listen([this] { update(); }));
     for (SliderModel* slider : controls.sliders())
         m_subscriptions.push_back(slider->listen([this] { update(); }));
@@ -56,12 +57,6 @@ void StripCaption::setCondition(const StripCondition& condition)
 void StripCaption::setEffect(const std::string& name)
 {
     m_effect = name;
-    update();
-}
-
-void StripCaption::setUnsent(bool unsent)
-{
-    m_unsent = unsent;
     update();
 }
 
@@ -93,9 +88,9 @@ Caption StripCaption::captionOfNow() const
     }
     if (m_isGroup && m_condition.lamps == 0)
         caption.text = "No lamps";
-    if (const std::string held = heldSliderText(); !held.empty())
-        caption.text = held;
-    if (m_unsent)
+    if (const std::string moved = movedSliderText(); !moved.empty())
+        caption.text = moved;
+    if (!m_controls.sendButton.isHidden())
         caption.hint = "not sent";
     return caption;
 }
@@ -112,10 +107,10 @@ std::string StripCaption::textWhileOn() const
         percent, colourText(m_controls.sliderValues(), m_controls.colourWell.capabilities()));
 }
 
-std::string StripCaption::heldSliderText() const
+std::string StripCaption::movedSliderText() const
 {
     for (const SliderModel* slider : m_controls.sliders()) {
-        if (slider->isHeld())
+        if (slider->showsValue())
             return sliderNameAndText(*slider);
     }
     return {};

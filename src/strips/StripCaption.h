@@ -43,15 +43,12 @@ public:
     void setCondition(const StripCondition& condition);
     /// The name of the one that plays; empty for none.
     void setEffect(const std::string& name);
-    /// The well shows a colour that the lamp has not been sent.
-    void setUnsent(bool unsent);
-    bool isUnsent() const { return m_unsent; }
 
 private:
     void update();
     Caption captionOfNow() const;
     std::string textWhileOn() const;
-    std::string heldSliderText() const;
+    std::string movedSliderText() const;
     std::string lampsText() const;
     std::string adviceForSilence() const;
 
@@ -60,7 +57,6 @@ private:
     RunLoop& m_runLoop;
     StripCondition m_condition;
     std::string m_effect;
-    bool m_unsent = false;
     CaptionModel m_model;
     std::vector<Subscription> m_subscriptions;
 };

@@ -16,6 +16,14 @@ Colour colourOf(const Lamp& lamp)
 
 } // namespace
 
+StripCondition StripCondition::of(const StripTarget& target, const LampRegistry& registry)
+{
+    const Lamps lamps = target.lamps(registry);
+    if (target.isGroup())
+        return of(lamps);
+    return lamps.empty() ? StripCondition() : of(*lamps.front());
+}
+
 StripCondition StripCondition::of(const Lamp& lamp)
 {
     StripCondition condition;

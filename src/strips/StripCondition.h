@@ -3,6 +3,7 @@
 #include "base/RunLoop.h"
 #include "engine/Records.h"
 #include "strips/Colour.h"
+#include "strips/StripTarget.h"
 
 #include <vector>
 
@@ -25,6 +26,7 @@ struct StripCondition {
     std::vector<Colour> lights; ///< of those that are on, at most `kMostLights`
     bool stateIsKnown = true; ///< of any of them, if only from before it fell silent
 
+    static StripCondition of(const StripTarget& target, const LampRegistry& registry);
     static StripCondition of(const Lamp& lamp);
     /// Of a group, a location, a tag or all lamps.
     static StripCondition of(const Lamps& lamps);

@@ -6,18 +6,10 @@
 
 namespace lumeroom {
 
-namespace {
-
-constexpr float kMostBrightness = 255;
-constexpr float kMostColour = 65535;
-constexpr float kMostSaturation = 255;
-
-} // namespace
-
 StripControls::StripControls(const StripSurroundings& surroundings, ControlTarget& target)
-    : brightnessSlider(controltag::kBrightnessSlider, kMostBrightness, surroundings.runLoop)
+    : brightnessSlider(controltag::kBrightnessSlider, kMostLevel, surroundings.runLoop)
     , colourSlider(controltag::kColourSlider, kMostColour)
-    , satSlider(controltag::kSaturationSlider, kMostSaturation, surroundings.runLoop)
+    , satSlider(controltag::kSaturationSlider, kMostLevel, surroundings.runLoop)
     , warmthSlider(controltag::kWarmthSlider, kMostWarmth, surroundings.runLoop)
     , colourWell(surroundings.runLoop, surroundings.defaults, surroundings.log)
 {
@@ -114,6 +106,22 @@ Settings StripControls::settings() const
     settings.colour = colourSlider.value();
     settings.warmth = warmthSlider.integerValue();
     return settings;
+}
+
+Settings StripControls::settingsOf(const ControlModel& control) const
+{
+    Settings own;
+    if (&control == &brightnessSlider)
+        own.brightness = brightnessSlider.integerValue();
+    else if (&control == &colourSlider)
+        own.colour = colourSlider.integerValue();
+    else if (&control == &satSlider)
+        own.saturation = satSlider.integerValue();
+    else if (&control == &warmthSlider)
+        own.warmth = warmthSlider.integerValue();
+    else
+        return settings();
+    return own;
 }
 
 void StripControls::showColourOfSlidersInWell()

@@ -50,6 +50,9 @@ struct StripControls {
     SliderValues sliderValues() const;
     /// What the sliders say, as settings with all four colour members.
     Settings settings() const;
+    /// What one control of a lamp sends: a slider its own member alone, as a whole number, the
+    /// well all four.
+    Settings settingsOf(const ControlModel& control) const;
 
     void showColourOfSlidersInWell();
     /// The same, with the hue passed on to the saturation slider, and a redraw where one is due.

@@ -3,6 +3,8 @@
 #include "engine/EngineRoom.h"
 #include "strips/GroupingAccess.h"
 
+#include <utility>
+
 namespace lumeroom {
 
 bool StripTarget::isGroup() const
@@ -21,6 +23,14 @@ std::string_view StripTarget::lampID() const
 {
     const std::string_view whole = id;
     return type == StripType::Zone ? whole.substr(0, whole.rfind('-')) : whole;
+}
+
+Lamps StripTarget::lamps(const LampRegistry& registry) const
+{
+    if (const auto* access = groupingAccess(type))
+        return id == kAllLampsId ? registry.distinctLamps() : access->lamps(registry, id);
+    auto lamp = registry.lampWithID(lampID());
+    return lamp ? Lamps{std::move(lamp)} : Lamps{};
 }
 
 void StripTarget::sendSettingsToGroup(LampCommands& commands, const Settings& settings) const

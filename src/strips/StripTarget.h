@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/Records.h"
+
 #include <string>
 #include <tuple>
 
@@ -8,7 +10,6 @@ namespace lumeroom {
 class EngineRoom;
 class LampCommands;
 class LampRegistry;
-struct Settings;
 
 /// The kinds of target.
 enum class StripType { None = 0, Lamp = 1, Group = 2, Location = 3, Tag = 4, Zone = 5 };
@@ -23,6 +24,8 @@ struct StripTarget {
     bool isKnown(const LampRegistry& registry) const;
     /// The lamp's own ID, or that of a zone's lamp.
     std::string_view lampID() const;
+    /// Those of the group, or the one.
+    Lamps lamps(const LampRegistry& registry) const;
     bool operator==(const StripTarget&) const = default;
     bool operator<(const StripTarget& other) const
     {

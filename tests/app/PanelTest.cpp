@@ -196,6 +196,7 @@ TEST_F(Panel, theButtonsChooseAnyMixOfKinds)
     EXPECT_FALSE(row("Study").strip.renameButton().isHidden());
     EXPECT_TRUE(row("Desk").strip.kindBadge().isHidden());
     EXPECT_EQ(row("Shelf").strip.navigationButton().toolTip(), "View 8 zones");
+    EXPECT_EQ(row("Shelf").strip.kindBadge().toolTip(), "Light strip");
 
     const int made = panel.rowsMade;
     navigation().lights.press();
@@ -350,6 +351,7 @@ TEST_F(Panel, zonesComeAsTheyBecomeKnownAndNoneAreWaitedFor)
     loop.runPosted();
     EXPECT_FALSE(row("Desk").strip.navigationButton().isHidden());
     EXPECT_EQ(row("Desk").strip.navigationButton().toolTip(), "View 8 zones");
+    EXPECT_EQ(row("Desk").strip.kindBadge().toolTip(), "View 8 zones");
 }
 
 TEST_F(Panel, rowsFollowALightStrip)

@@ -137,6 +137,13 @@ TEST_F(UndoInPanel, leavesAloneWhatOthersDid)
     const std::string dimmed = state();
     undo.undo();
     EXPECT_EQ(state(), dimmed);
+    EXPECT_FALSE(undo.canUndo() || undo.canRedo()); // nothing is left of the step
+    drag(2, {150});
+    undo.undo();
+    dim.brightness = 40;
+    engine().commands().sendSettingsToLamp(dim, lampID(2));
+    undo.redo();
+    EXPECT_FALSE(undo.canUndo() || undo.canRedo());
 
     addLamp(4, {.brightness = 30000}); // which turns out to be a light strip
     loop.advance(Seconds(3));
@@ -153,7 +160,7 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
 {
     drag(2, {30});
     controller.allOff();
-    EXPECT_EQ(undo.title(), "All off");
+    EXPECT_EQ(undo.undoTitle(), "All off");
     controller.allOff();
     EXPECT_TRUE(undo.canUndo());
     strip(2)->switchOn();
@@ -165,8 +172,12 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
     loop.advance(Seconds(1));
     EXPECT_EQ(*lamp(2)->colour, 7000);
     controller.scripting().allOn();
-    EXPECT_EQ(undo.title(), "All off");
+    EXPECT_EQ(undo.undoTitle(), "All off");
     defaults.setObject(keys::kColourSliderActsAtOnce, false);
+    loop.advance(Seconds(10));
+    hue.colour = 9000;
+    strip(2)->implementSettingsFromDictionary(hue);
+    EXPECT_TRUE(strip(2)->showsUnsentColour() && undo.undoTitle() == "All off");
 
     drag(2, {60});
     strip(2)->brightnessSlider().moveTo(80);
@@ -174,12 +185,42 @@ TEST_F(UndoInPanel, noStepIsWhatChangesNothingOrIsAScripts)
     loop.advance(Seconds(1));
     EXPECT_TRUE(undo.canRedo());
 
+    controller.allOff();
+    undo.undo();
     const double colour = *lamp(2)->colour;
     strip(2)->colourSlider().moveTo(20000);
     EXPECT_TRUE(undo.canUndo());
+    EXPECT_TRUE(undo.undoTitle() != "All off" && undo.redoTitle() == "All off");
     undo.undo();
     EXPECT_EQ(strip(2)->colourSlider().value(), colour);
     EXPECT_TRUE(!strip(2)->showsUnsentColour() && !undo.canUndo() && undo.canRedo());
+
+    strip(2)->colourSlider().moveTo(20000);
+    controller.switchTheme(1); // the strip goes, and its colour with it
+    EXPECT_FALSE(undo.canUndo());
+}
+
+TEST_F(UndoInPanel, tellsGesturesAndStripsApart)
+{
+    const double saturation = *lamp(2)->saturation;
+    drag(2, {30});
+    strip(2)->satSlider().moveTo(90);
+    loop.advance(Seconds(10));
+    undo.undo();
+    EXPECT_TRUE(strip(2)->embargo()); // for reports of before
+    state();
+    EXPECT_NEAR(*lamp(2)->saturation, saturation, 2);
+    EXPECT_NEAR(*lamp(2)->brightness, 30, 2);
+
+    strip(1)->colourSlider().moveTo(20000);
+    strip(2)->colourSlider().moveTo(20000);
+    strip(1)->forgetUnsentColour();
+    undo.undo();
+    EXPECT_FALSE(strip(2)->showsUnsentColour());
+    strip(2)->colourSlider().moveTo(20000);
+    strip(1)->onOffButton().press();
+    undo.undo();
+    EXPECT_TRUE(strip(2)->showsUnsentColour());
 }
 
 TEST_F(UndoInPanel, escapeInThePickerTakesBackWhatWasPickedInIt)
@@ -214,6 +255,34 @@ TEST_F(UndoInPanel, escapeInThePickerTakesBackWhatWasPickedInIt)
         EXPECT_EQ(state(), scrolled);
         well.setColourPicker(nullptr);
     }
+
+    // A colour that had not been sent when the picker was opened is not sent again.
+    const auto desk = strip(2);
+    desk->colourWell().setPopover(&popover);
+    desk->colourWell().setColourPicker(picker);
+    const std::string before = state();
+    desk->colourSlider().moveTo(20000);
+    const Colour unsent = desk->colourWell().colour();
+    desk->colourWell().showThePopover();
+    picker->cancel(); // nothing was picked
+    EXPECT_EQ(desk->colourWell().colour(), unsent);
+    for (const double seconds : {0.0, 5.0}) { // not yet sent, and sent
+        picker->moveBrightnessTo(0.2F);
+        loop.advance(Seconds(seconds));
+        EXPECT_EQ(desk->showsUnsentColour(), seconds == 0);
+        picker->cancel();
+        EXPECT_EQ(state(), before);
+        EXPECT_EQ(desk->colourWell().colour().hue, unsent.hue);
+        EXPECT_NEAR(desk->colourWell().colour().brightness, unsent.brightness, 0.01);
+        EXPECT_TRUE(desk->showsUnsentColour() && undo.canUndo());
+    }
+    undo.undo();
+    EXPECT_NE(desk->colourWell().colour().hue, unsent.hue);
+    desk->colourWell().showThePopover();
+    picker->moveBrightnessTo(0.2F);
+    picker->cancel();
+    EXPECT_FALSE(desk->showsUnsentColour());
+    desk->colourWell().setColourPicker(nullptr);
 }
 
 } // namespace lumeroom::test

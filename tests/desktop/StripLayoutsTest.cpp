@@ -122,6 +122,7 @@ TEST_F(StripRows, anUprightSliderFollowsTheHandTheKeysAndReports)
     EXPECT_NEAR(slider->value(), 128, 3);
     EXPECT_EQ(strip.caption().caption().text, "Brightness 50 %");
     EXPECT_TRUE(container.findChild<ValueBubble*>());
+    EXPECT_TRUE(strip.brightnessSlider().stroke());
     mouseAt(*slider, QEvent::MouseMove, {centre, 0});
     EXPECT_EQ(strip.brightnessSlider().value(), 255);
     mouseAt(*slider, QEvent::MouseButtonRelease, {centre, slider->height() + 10.0});
@@ -129,6 +130,10 @@ TEST_F(StripRows, anUprightSliderFollowsTheHandTheKeysAndReports)
     EXPECT_EQ(strip.caption().caption().text, "Off");
     key(*slider, Qt::Key_Up);
     EXPECT_EQ(strip.brightnessSlider().value(), 5);
+    key(*slider, Qt::Key_Down);
+    key(*slider, Qt::Key_Up);
+    EXPECT_FALSE(strip.brightnessSlider().stroke()); // its value shows, and yet no hand is on it
+    EXPECT_EQ(strip.caption().caption().text, "Brightness 2 %");
     EXPECT_EQ(slider->accessibleDescription(), "2 %");
 
     // To touch the knob does nothing; it goes with the hand from where it was.

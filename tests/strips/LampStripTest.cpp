@@ -237,6 +237,22 @@ TEST_F(LampStrip, reportsWaitUntilTheHandHasRested)
     }
 }
 
+TEST_F(LampStrip, aReportDoesNotUndoAMovementAndOnlyNewsIsMissed)
+{
+    const auto strip = makeLampStrip();
+    StripSettings told = StripSettings::fromDictionary({{"brightness", 50}});
+    told.reports = 7;
+    for (const bool isNews : {false, true}) {
+        strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told);
+        strip->brightnessSlider().moveTo(200);
+        *told.reports += isNews ? 1 : 0;
+        strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told);
+        loop.advance(Seconds(10));
+        EXPECT_EQ(strip->brightnessSlider().value(), 200);
+        EXPECT_EQ(owner.takeCalls(), isNews ? Lines{"missed"} : Lines{});
+    }
+}
+
 TEST_F(LampStrip, theFirstDifferenceActsAndItsEmbargoSilencesTheOthers)
 {
     const auto strip = makeLampStrip({.hue = 1000, .saturation = 65535});

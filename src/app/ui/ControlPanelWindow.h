@@ -83,7 +83,7 @@ private:
 
     FocusRingWatch m_focusRingWatch;
     QHBoxLayout* m_row;
-    QVBoxLayout* m_column; ///< of the strips and what is above them
+    QVBoxLayout* m_column; ///< of the strips and what is above and below them
     QWidget* m_navigation = nullptr;
     QWidget* m_contentView; ///< of the cards
     QScrollArea* m_scrollView;

@@ -1,5 +1,6 @@
 #include "strips/ui/ColourPickerPopover.h"
 
+#include "engine/LampUnits.h"
 #include "strips/ColourConversions.h"
 #include "strips/ui/CircularSliderView.h"
 #include "strips/ui/FadeIn.h"
@@ -20,7 +21,7 @@ namespace lumeroom {
 
 namespace {
 
-constexpr float kLevels = 255;
+constexpr float kLevels = kMostLevel;
 constexpr int kGap = 6; // between well and popover
 
 /// The top left corner of a popover of this size.

@@ -54,6 +54,7 @@ ControlStripView::ControlStripView(
     , m_strip(strip)
     , m_widgets(strip, picker, this)
     , m_drag(strip, *this, *m_widgets.handle)
+    , m_cornerRadius(theme == theme::kThinControl ? 8 : 12)
     , m_glide(this, "pos")
 {
     layOut(theme, *this, m_widgets);
@@ -252,11 +253,8 @@ void ControlStripView::showReNamePopover(const std::string& name)
 void ControlStripView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    constexpr int kRadius = 12;
-    constexpr int kSlimRadius = 8;
-    constexpr int kSlim = 50; // high
     const bool picked = m_pickVeil && m_strip.isSelected();
-    paintCard(painter, *this, height() < kSlim ? kSlimRadius : kRadius,
+    paintCard(painter, *this, m_cornerRadius,
         isBeingDragged() || picked); // a dragged one lies over other rows
 }
 

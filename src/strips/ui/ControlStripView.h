@@ -59,6 +59,7 @@ private:
     LampControlStrip& m_strip;
     StripWidgets m_widgets;
     StripDrag m_drag;
+    int m_cornerRadius;
     QSize m_naturalSize;
     PickVeil* m_pickVeil = nullptr; ///< made when lamps are picked
     QPropertyAnimation m_glide;

@@ -6,8 +6,8 @@
 
 namespace lumeroom {
 
-/// The name of a target on one line. What does not fit is cut in the
-/// middle, and shown whole in the tool tip.
+/// The name of a target on one line. What does not fit is cut in the middle, and shown whole in the
+/// tool tip.
 class ElidedLabel : public QWidget {
     Q_OBJECT
     Q_CLASSINFO("role", "StaticText")

@@ -25,14 +25,6 @@ QString fileOf(Icon which)
         return QStringLiteral("group");
     case Icon::RoomGroup:
         return QStringLiteral("room");
-    case Icon::Lightbulb:
-        return QStringLiteral("lightbulb");
-    case Icon::NavLocations:
-        return QStringLiteral("location");
-    case Icon::NavTags:
-        return QStringLiteral("tag");
-    case Icon::NavAll:
-        return QStringLiteral("all");
     case Icon::NavBack:
         return QStringLiteral("back");
     case Icon::NavForward:

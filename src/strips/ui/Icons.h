@@ -11,10 +11,6 @@ enum class Icon {
     LightStrip,
     LightGroup,
     RoomGroup,
-    Lightbulb,
-    NavLocations,
-    NavTags,
-    NavAll,
     NavBack,
     NavForward, ///< from a strip to those behind it
     AllOn,
@@ -36,8 +32,6 @@ enum class Icon {
     LayoutRows,
     LayoutGrid,
     LayoutSlimRows,
-    NavLights = Lightbulb,
-    NavGroups = LightGroup,
 };
 
 /// The picture in the palette's text colour, sharp at every size and scale.

@@ -197,7 +197,7 @@ bool SliderView::event(QEvent* event)
 
 void SliderView::showValue()
 {
-    m_model.setHeld(true);
+    m_model.setShowsValue(true);
     if (!m_bubble)
         m_bubble = new ValueBubble(*this);
     m_bubble->showAt(mapTo(window(), knobCentre().toPoint()), static_cast<int>(kKnobRadius),
@@ -206,7 +206,7 @@ void SliderView::showValue()
 
 void SliderView::hideValue()
 {
-    m_model.setHeld(false);
+    m_model.setShowsValue(false);
     if (m_bubble)
         m_bubble->deleteLater();
     m_bubble = nullptr;
@@ -228,6 +228,7 @@ void SliderView::hideValueSoon()
 void SliderView::letGo()
 {
     setSliderDown(false);
+    m_model.setHeld(false);
     hideValue();
 }
 
@@ -236,6 +237,7 @@ void SliderView::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton || signRoom().contains(event->position().toPoint()))
         return;
     setSliderDown(true);
+    m_model.setHeld(true);
     const QPointF mouse = event->position();
     const bool onKnob = QLineF(mouse, knobCentre()).length() <= kKnobRadius;
     m_grip = onKnob ? placeOf(mouse) - placeOf(knobCentre()) : 0;
