@@ -5,6 +5,7 @@
 #include "base/UserDefaults.h"
 #include "engine/Discovery.h"
 #include "engine/EngineNotifier.h"
+#include "engine/Fades.h"
 #include "engine/Heartbeat.h"
 #include "engine/LampSockets.h"
 #include "engine/Liveness.h"
@@ -31,9 +32,11 @@ struct EngineRoom::Machinery {
         , polls(registry, notifier, sockets, queue, with.runLoop, with.log)
         , discovery(with.defaults, with.log, notifier, polls, with.arpTable)
         , liveness(registry, notifier, discovery, queue, with.runLoop)
-        , commands(registry, sockets, with.defaults, with.log)
+        , fades(registry, polls, with.runLoop)
+        , commands(registry, sockets, fades, with.defaults, with.log)
         , intake(registry, notifier, liveness, polls, commands, catalogue, with.log)
-        , dispatcher({with.runLoop, with.log, notifier, registry, liveness, intake, polls, embargo})
+        , dispatcher(
+              {with.runLoop, with.log, notifier, registry, liveness, intake, fades, polls, embargo})
         , summaries(registry, with.defaults)
         , groupings({with.runLoop, with.log, notifier, registry, intake, polls, embargo})
         , tags({with.log, notifier, registry, intake, sockets, embargo})
@@ -59,6 +62,7 @@ struct EngineRoom::Machinery {
     Polls polls;
     Discovery discovery;
     Liveness liveness;
+    Fades fades;
     LampCommands commands;
     RecordIntake intake;
     ReceiveDispatcher dispatcher;

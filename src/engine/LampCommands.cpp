@@ -3,6 +3,7 @@
 #include "base/DefaultsKeys.h"
 #include "base/Log.h"
 #include "base/UserDefaults.h"
+#include "engine/Fades.h"
 #include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
 #include "engine/LampSockets.h"
@@ -21,10 +22,11 @@ constexpr Settings kFallbacks
 
 } // namespace
 
-LampCommands::LampCommands(
-    LampRegistry& registry, LampSockets& sockets, const UserDefaults& defaults, Log& log)
+LampCommands::LampCommands(LampRegistry& registry, LampSockets& sockets, Fades& fades,
+    const UserDefaults& defaults, Log& log)
     : m_registry(registry)
     , m_sockets(sockets)
+    , m_fades(fades)
     , m_defaults(defaults)
     , m_log(log)
 {
@@ -118,6 +120,7 @@ void LampCommands::sendPowerToLamp(bool on, Lamp& lamp)
     const std::uint32_t duration = millisecondsFromSeconds(seconds);
     sendDirect("LIGHT_SETPOWER", lamp, wire::lightSetPower(lamp.mac, on, duration));
     lamp.powerSent = on;
+    m_fades.begin(lamp, duration);
 }
 
 void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
@@ -131,9 +134,9 @@ void LampCommands::sendColourToLamp(const Settings& settings, Lamp& lamp)
         return;
     }
     const Settings working = merged(settings, lamp);
-    sendDirect("LIGHT_SETCOLOR", lamp,
-        wire::lightSetColor(
-            lamp.mac, toWire(working), colourDurationMilliseconds(*working.duration)));
+    const std::uint32_t duration = colourDurationMilliseconds(*working.duration);
+    sendDirect("LIGHT_SETCOLOR", lamp, wire::lightSetColor(lamp.mac, toWire(working), duration));
+    m_fades.begin(lamp, duration);
     lamp.adopt(settings); // the next partial command builds on this one
     lamp.forZonesToCome = {};
     if (lamp.zones) {

@@ -5,6 +5,7 @@
 
 namespace lumeroom {
 
+class Fades;
 class LampRegistry;
 class LampSockets;
 class Log;
@@ -15,8 +16,8 @@ class UserDefaults;
 /// nothing.
 class LampCommands {
 public:
-    LampCommands(
-        LampRegistry& registry, LampSockets& sockets, const UserDefaults& defaults, Log& log);
+    LampCommands(LampRegistry& registry, LampSockets& sockets, Fades& fades,
+        const UserDefaults& defaults, Log& log);
 
     void allOn(bool on);
     void lampOn(std::string_view id, bool on);
@@ -57,6 +58,7 @@ private:
 
     LampRegistry& m_registry;
     LampSockets& m_sockets;
+    Fades& m_fades;
     const UserDefaults& m_defaults;
     Log& m_log;
 };

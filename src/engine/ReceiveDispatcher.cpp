@@ -5,6 +5,7 @@
 #include "base/Utf8.h"
 #include "engine/AsyncUdpSocket.h"
 #include "engine/EngineNotifier.h"
+#include "engine/Fades.h"
 #include "engine/LabelText.h"
 #include "engine/LampRegistry.h"
 #include "engine/Liveness.h"
@@ -211,6 +212,7 @@ void ReceiveDispatcher::didReceiveLightState(const Target& target, const ByteRea
 {
     constexpr std::size_t kLabelOffset = 12;
     m_environment.intake.addHuePowerToLamp(colourAt(payload, 0), payload.u16(10), target);
+    m_environment.fades.lampHasReported(target);
     const auto bytes = payload.bytes(kLabelOffset, wire::kLabelSize);
     if (bytes.size() < wire::kLabelSize) // a report cut short: colour and power are good
         return;

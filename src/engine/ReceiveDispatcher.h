@@ -8,6 +8,7 @@
 namespace lumeroom {
 
 class EngineNotifier;
+class Fades;
 class LampRegistry;
 class Liveness;
 class Log;
@@ -28,6 +29,7 @@ public:
         LampRegistry& registry;
         Liveness& liveness;
         RecordIntake& intake;
+        Fades& fades;
         Polls& polls;
         const PollingEmbargo& embargo;
     };

@@ -162,6 +162,7 @@ struct Lamp : LampColour {
     std::optional<bool> onoff;
     /// What was sent last, until the lamp reports its power. It may not have heard of it.
     std::optional<bool> powerSent;
+    Seconds settles{}; ///< when its latest short fade is over, on the steady clock
     std::uint64_t reports = 0; ///< of colour and power that were news, counted
     std::shared_ptr<Group> group;
     std::shared_ptr<Location> location;

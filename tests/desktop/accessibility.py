@@ -4,6 +4,7 @@ import sys
 import time
 
 import pyatspi
+from gi.repository import GLib
 
 CLIENT = sys.argv[1]
 LAYOUTS = ("Rows", "Slim rows", "Grid", "Upright strips")  # it begins with the last
@@ -25,7 +26,7 @@ def until(wish, what):
         try:
             if got := wish():
                 return got
-        except Exception:  # what was asked is not there, or went away meanwhile
+        except (StopIteration, LookupError, GLib.Error):  # is not there yet, or went meanwhile
             pass
         time.sleep(0.1)
     sys.exit(f"FAILED: {what}")
@@ -96,15 +97,22 @@ def check_control(node):
     check(node.name, f"a {role} without a name in '{node.parent.name}'")
     check("<" not in node.description, f"{about} is read as markup: {node.description}")
     actions = node.queryAction()
-    names = {actions.getName(i) for i in range(actions.nActions)} if is_(node, pyatspi.STATE_ENABLED) else {}
+    names = {actions.getName(i) for i in range(actions.nActions)}
     wanted = {"push button": {"Press", "Increase"}, "check box": {"Toggle"}, "slider": {"Increase"},
               "radio button": {"Toggle"}, "text": {"SetFocus"}, "toggle button": {"Toggle"}}
     check(role in wanted, f"{about} is of no role that one knows")
-    check(not names or names & wanted[role], f"{about} does only {names}")
+    check(names & wanted[role] or not is_(node, pyatspi.STATE_ENABLED), f"{about} does only {names}")
     if role == "slider":
         value = node.queryValue()
         check(value.minimumValue <= value.currentValue <= value.maximumValue, f"{about} is off its scale")
         check(node.description, f"{about} does not say its value")
+
+
+def check_page(root):
+    controls = [node for node in walk(root) if is_(node, pyatspi.STATE_FOCUSABLE)]
+    for node in controls:
+        check_control(node)
+    return controls
 
 
 def check_strip(card):
@@ -133,10 +141,8 @@ for layout in LAYOUTS:
     until(lambda: len(strips()) == 8, f"{layout} shows {len(strips())} strips")
     captions = {name: check_strip(card) for name, card in strips().items()}
     check(captions["Desk lamp"] == "79 % · orange" and captions["Bedside"] == "Off", f"{captions}")
-    controls = [node for node in walk(panel) if is_(node, pyatspi.STATE_FOCUSABLE)]
-    for node in controls:
-        check_control(node)
-    check(controls[0].name == "Lamps", f"{controls[0].name} is read before the navigation")
+    first = check_page(panel)[0]
+    check(first.name == "Lamps", f"{first.name} is read before the navigation")
 
 # What is done through a control reaches the lamp, and the panel says so.
 desk = strips()["Desk lamp"]
@@ -171,6 +177,18 @@ until(lambda: abs(brightness() - 103) <= 2, "a key does not dim the lamp")
 focus(find(panel, "Groups"))
 subprocess.run(["xdotool", "keydown", "ctrl", "key", "space", "keyup", "ctrl"], check=True)
 until(lambda: "Study" in strips() and "Desk lamp" not in strips(), "there are not only groups")
+check_page(panel)
+
+# What else the panel shows, and what that is opened by.
+act(find(strips()["Study"], "Study, view contents"), "Press")
+until(lambda: find(panel, "Back") and "Desk lamp" in strips(), "a group shows none of its lamps")
+check_page(panel)
+act(find(panel, "Back"), "Press")
+act(until(lambda: find(panel, "Make group"), "there is no way back"), "Press")
+until(lambda: find(panel, "name"), "no group can be made")
+check_page(panel)
+act(find(panel, "Cancel"), "Press")
+until(lambda: "Study" in strips(), "making a group does not end")
 
 # Where the menus need the whole bar, the layouts are in View alone.
 act(find(find(panel, "layout"), "Grid"), "Toggle")

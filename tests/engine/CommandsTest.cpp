@@ -251,4 +251,31 @@ TEST_F(Commands, summariesAreRunningMeansAndALocationIsSwitched)
     EXPECT_EQ(sent(), (std::vector<std::string>{"117 127.0.9.2", "117 127.0.9.3"}));
 }
 
+TEST_F(Commands, aLampThatReportsWithinItsFadeIsAskedAgainOnceItIsOver)
+{
+    addLamp(1);
+    addLamp(2);
+    drainQueue();
+    for (const auto& change : {settings({{"onoff", false}}), settings({{"brightness", 100}})}) {
+        engine().commands().sendSettingsToLamp(change, lampID(1));
+        sockets.take();
+        receive(lightState(1, {.brightness = 40000}));
+        receive(lightState(2, {}));
+        loop.advance(Seconds(0.5));
+        EXPECT_EQ(sent(), std::vector<std::string>{});
+        loop.advance(Seconds(0.2));
+        EXPECT_EQ(sent(), std::vector<std::string>{"101 127.0.9.1"});
+    }
+    // A long one is followed by the heartbeat's reports, and one that is over tells what is.
+    engine().commands().sendSettingsToLamp(
+        settings({{"brightness", 50}, {"duration", 60}}), lampID(1));
+    receive(lightState(1, {.brightness = 30000}));
+    engine().commands().lampOn(lampID(2), true);
+    loop.advance(Seconds(0.5));
+    receive(lightState(2, {}));
+    sockets.take();
+    loop.advance(Seconds(2));
+    EXPECT_EQ(sent(), std::vector<std::string>{});
+}
+
 } // namespace lumeroom::test

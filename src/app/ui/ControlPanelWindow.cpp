@@ -59,6 +59,7 @@ int heightOf(const QWidget* bar)
 
 ControlPanelWindow::ControlPanelWindow()
     : m_contentView(new QWidget)
+    , m_keyboard(*m_contentView)
     , m_scrollView(new StripScroller(m_contentView, this))
     , m_mainWindowThrobber(new Throbber(m_scrollView))
     , m_resizeRest(new QTimer(this))
@@ -90,7 +91,7 @@ void ControlPanelWindow::setTitle(const std::string& title)
 
 void ControlPanelWindow::startThrobber()
 {
-    settleFocus();
+    m_keyboard.settle();
     placeThrobber();
     m_mainWindowThrobber->start();
 }
@@ -112,7 +113,7 @@ void ControlPanelWindow::showNotice(const std::optional<PanelNotice>& notice)
         before->hide();
         before->deleteLater();
     }
-    settleFocus();
+    m_keyboard.settle();
 }
 
 void ControlPanelWindow::placeThrobber()
@@ -164,7 +165,7 @@ void ControlPanelWindow::setNavigation(NavigationModel& navigation, NavigationAc
         LayoutManager::kBesideTheStrips - style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     m_row->insertWidget(0, view);
     view->stackUnder(m_scrollView); // the order in which it is read out
-    m_navigation = view;
+    m_keyboard.addBefore(view);
     view->setFocus();
 }
 
@@ -173,6 +174,7 @@ void ControlPanelWindow::setFind(FindActions actions)
     m_findBar = new FindBar(std::move(actions), centralWidget());
     m_column->insertWidget(0, m_findBar);
     m_findBar->stackUnder(m_scrollView);
+    m_keyboard.addBefore(m_findBar);
 }
 
 void ControlPanelWindow::openFind()
@@ -195,7 +197,7 @@ void ControlPanelWindow::showFind(const std::optional<FoundCount>& count)
         return;
     setContentSize(content);
     keepLimits();
-    settleFocus();
+    m_keyboard.settle();
 }
 
 /// Escape closes the field for a name before it ends a workflow.
@@ -220,7 +222,7 @@ std::unique_ptr<LampControlStripView> ControlPanelWindow::newControlStripView(
 {
     if (theme < 0 || theme >= theme::kCount)
         return nullptr;
-    m_keyboardOrder.clear(); // it may name a row that is gone, whose address this one can have
+    m_keyboard.forgetOrder(); // it may name a row that is gone, whose address this one can have
     return std::make_unique<ControlStripView>(strip, theme, *m_colourPicker, m_contentView);
 }
 
@@ -316,56 +318,6 @@ void ControlPanelWindow::reveal(const LampControlStripView& row)
     scrollIntoSight(row, *m_scrollView);
 }
 
-void ControlPanelWindow::keepFocus()
-{
-    const QWidget* focus = focusWidget();
-    if (focus && m_contentView->isAncestorOf(focus))
-        m_focusedControl = focus->accessibleName();
-}
-
-void ControlPanelWindow::settleFocus()
-{
-    const auto isUsable = [](const QWidget* widget) {
-        return widget && widget->isEnabled() && !widget->isHidden();
-    };
-    if (isUsable(focusWidget()))
-        return;
-    QWidget* place = m_navigation;
-    for (QWidget* control : m_contentView->findChildren<QWidget*>()) {
-        if (!m_focusedControl.isEmpty() && control->accessibleName() == m_focusedControl
-            && isUsable(control) && !control->parentWidget()->isHidden()) {
-            place = control;
-            break;
-        }
-    }
-    if (place)
-        place->setFocus();
-}
-
-// The keyboard goes through the rows as the eye does.
-void ControlPanelWindow::setKeyboardOrder(const std::vector<LampControlStripView*>& rows)
-{
-    settleFocus();
-    if (std::exchange(m_keyboardOrder, rows) == rows)
-        return;
-    QWidget* last = nullptr;
-    const auto append = [&last](const QWidget* part) {
-        if (!part)
-            return;
-        for (QWidget* control : part->findChildren<QWidget*>()) {
-            if (control->focusPolicy() == Qt::NoFocus)
-                continue;
-            if (last)
-                setTabOrder(last, control);
-            last = control;
-        }
-    };
-    append(m_navigation);
-    append(m_findBar);
-    for (LampControlStripView* row : rows)
-        append(dynamic_cast<QWidget*>(row));
-}
-
 void ControlPanelWindow::popUpMenu(MenuModel& menu, Point at)
 {
     auto* shown = new QMenu(this);
@@ -406,9 +358,9 @@ void ControlPanelWindow::bringWorkflowPopoverToFront()
     if (!m_workflowPopover)
         return;
     QWidget* place = m_workflowPopover->nameField();
-    if (!place && !m_keyboardOrder.empty()) {
-        place = dynamic_cast<QWidget*>(m_keyboardOrder.front());
-        reveal(*m_keyboardOrder.front());
+    if (auto* first = place ? nullptr : m_keyboard.firstRow()) {
+        place = dynamic_cast<QWidget*>(first);
+        reveal(*first);
     }
     if (place)
         place->setFocus(Qt::PopupFocusReason);
@@ -425,7 +377,7 @@ void ControlPanelWindow::closeWorkflowPopover()
     popover->hide();
     popover->deleteLater();
     shareRoomWithWorkflow();
-    settleFocus();
+    m_keyboard.settle();
 }
 
 void ControlPanelWindow::makeKeyAndFront()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/PanelView.h"
+#include "app/ui/KeyboardPlace.h"
 #include "strips/ui/FocusRing.h"
 
 #include <QMainWindow>
@@ -51,8 +52,11 @@ public:
     void setContentMaxSize(Size size) override;
     void setScrollers(bool horizontal, bool vertical) override;
     void reveal(const LampControlStripView& row) override;
-    void keepFocus() override;
-    void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) override;
+    void keepFocus() override { m_keyboard.keep(); }
+    void setKeyboardOrder(const std::vector<LampControlStripView*>& rows) override
+    {
+        m_keyboard.setOrder(rows);
+    }
 
     void popUpMenu(MenuModel& menu, Point at) override;
     void showWorkflowPopover(const WorkflowPopover& popover) override;
@@ -77,15 +81,12 @@ private:
     QSize around() const;
     void keepLimits();
     void keepOnScreen();
-    /// A keyboard whose place is gone comes back to the control it was on in the rows, or to the
-    /// navigation.
-    void settleFocus();
 
     FocusRingWatch m_focusRingWatch;
     QHBoxLayout* m_row;
     QVBoxLayout* m_column; ///< of the strips and what is above and below them
-    QWidget* m_navigation = nullptr;
     QWidget* m_contentView; ///< of the cards
+    KeyboardPlace m_keyboard;
     QScrollArea* m_scrollView;
     Throbber* m_mainWindowThrobber;
     NoticeView* m_notice = nullptr;
@@ -99,8 +100,6 @@ private:
     QSize m_mostSize;
     std::unique_ptr<ColourPickerPopover> m_colourPicker; ///< of all wells
     bool m_shownBefore = false;
-    QString m_focusedControl; ///< in a row, by its accessible name
-    std::vector<LampControlStripView*> m_keyboardOrder;
     WorkflowPopoverView* m_workflowPopover = nullptr;
     std::pair<bool, bool> m_scrollers; ///< horizontal and vertical, as far as the layout needs them
 };
