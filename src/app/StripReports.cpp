@@ -33,6 +33,10 @@ void StripReports::updateLamps(const Lamps& lamps) const
         if (lamp->capabilities)
             strip->setCapabilities(*lamp->capabilities);
         const StripRecord record = StripRecord::of(*lamp);
+        // Its name comes at once in the place of the stand-in, also while other reports are held
+        // off.
+        if (strip->label().hasStandIn() && !record.isNew)
+            strip->label().setText(record.settings.label.value_or(strip->label().text()));
         strip->label().setStandIn(record.isNew ? kNameOfNewLamp : "");
         if (!lamp->onoff || !lamp->brightness)
             continue;

@@ -110,7 +110,10 @@ void ColourWellModel::scrollWheel(float deltaY)
 
 Value::Data ColourWellModel::archivedColour()
 {
-    return lumeroom::archivedColour(m_colour);
+    Colour archived = m_colour;
+    Value::Data data = lumeroom::archivedColour(archived);
+    assign(m_colour, archived);
+    return data;
 }
 
 bool ColourWellModel::performDragOperation(const ColourDrop& drop)

@@ -9,9 +9,9 @@ namespace {
 
 constexpr Rgba kWhite{1, 1, 1, 1};
 
-Rgba white(float level, float alpha = 1)
+Rgba white(float level)
 {
-    return {level, level, level, alpha};
+    return {level, level, level, 1};
 }
 
 SliderBar bar(const Rectangle& inside, bool dark, std::vector<Rgba> colours)
@@ -82,7 +82,7 @@ bool isPale(const Rgba& ground)
 
 SliderBar whitenessSliderBar(const Rectangle& inside, float saturatedHueComponent, bool dark)
 {
-    return bar(inside, dark, {pureHue(saturatedHueComponent), white(1)});
+    return bar(inside, dark, {pureHue(saturatedHueComponent), kWhite});
 }
 
 SliderBar brightnessSliderBar(const Rectangle& inside, const Rgba& light, bool dark)
@@ -97,8 +97,7 @@ SliderBar brightnessSliderBar(const Rectangle& inside, const Rgba& light, bool d
 
 SliderBar warmthSliderBar(const Rectangle& inside, bool dark)
 {
-    return bar(
-        inside, dark, {{0.717F, 0.921F, 0.996F, 1}, {1, 1, 1, 1}, {0.996F, 0.808F, 0.565F, 1}});
+    return bar(inside, dark, {{0.717F, 0.921F, 0.996F, 1}, kWhite, {0.996F, 0.808F, 0.565F, 1}});
 }
 
 SliderBar colourSliderBar(const Rectangle& inside, bool dark)

@@ -249,6 +249,7 @@ void LampControlStrip::implementSettingsFromDictionaryWithoutActing(const StripS
 {
     const StripEmbargo::Hold hold(m_embargo);
     implementSettingsFromDictionary(settings);
+    m_reportIntake.hasShown(settings);
 }
 
 void LampControlStrip::implementSettingsFromDictionaryWithoutActingObservingEmbargo(
@@ -277,11 +278,14 @@ void LampControlStrip::implementSettingsFromDictionaryWithTransitionTime(
         sent.saturation = static_cast<double>(integerPart(*sent.saturation));
     if (m_engineRoom)
         m_target.sendSettings(m_engineRoom->commands(), sent);
-    if (sent.colour)
-        forgetUnsentColour();
     // With a long one the lamp's reports move the controls along as it fades.
-    if (settings.transition.value_or(0) < kLongTransitionSeconds)
+    if (settings.transition.value_or(0) < kLongTransitionSeconds) {
         implementSettingsFromDictionaryWithoutActing(settings);
+    } else if (showsUnsentColour()) {
+        StripSettings colour;
+        colour.colour = settings.colour;
+        implementSettingsFromDictionaryWithoutActing(colour);
+    }
     m_controls.onOffButton.setNeedsDisplay();
     m_owner.stripHasChanged();
 }

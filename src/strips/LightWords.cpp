@@ -1,11 +1,22 @@
 #include "strips/LightWords.h"
 
-#include "strips/HueNames.h"
-
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace lumeroom {
+
+namespace {
+
+struct HueName {
+    float upTo; ///< degrees
+    std::string_view name;
+};
+constexpr std::array<HueName, 9> kHueNames{
+    {{15, "red"}, {45, "orange"}, {70, "yellow"}, {160, "green"}, {200, "turquoise"}, {250, "blue"},
+        {300, "violet"}, {345, "pink"}, {360, "red"}}};
+
+} // namespace
 
 int percentOf(float value, float maximum)
 {
@@ -23,11 +34,18 @@ bool isWhite(const Colour& colour)
     return colour.saturation < kWhitest;
 }
 
+std::string_view hueName(float hue)
+{
+    const float degrees = hue * 360;
+    const auto* found = std::find_if(kHueNames.begin(), kHueNames.end(),
+        [degrees](const HueName& entry) { return degrees < entry.upTo; });
+    return found == kHueNames.end() ? kHueNames.back().name : found->name;
+}
+
 std::string colourName(const Colour& colour)
 {
     constexpr float kPalest = 0.35F;
-    constexpr float kDegrees = 360;
-    const std::string name(hueName(colour.hue * kDegrees));
+    const std::string name(hueName(colour.hue));
     return colour.saturation < kPalest ? "pale " + name : name;
 }
 

@@ -3,6 +3,7 @@
 #include "strips/Colour.h"
 
 #include <string>
+#include <string_view>
 
 /// What a light is like, in words and numbers for people.
 namespace lumeroom {
@@ -11,6 +12,8 @@ namespace lumeroom {
 int percentOf(float value, float maximum);
 /// Whether the eye hardly tells it from white.
 bool isWhite(const Colour& colour);
+/// "orange". Takes 0 to 1, once round the circle.
+std::string_view hueName(float hue);
 /// "orange" or "pale orange".
 std::string colourName(const Colour& colour);
 

@@ -90,8 +90,10 @@ Caption StripCaption::captionOfNow() const
         caption.text = "No lamps";
     if (const std::string moved = movedSliderText(); !moved.empty())
         caption.text = moved;
-    if (!m_controls.sendButton.isHidden())
+    if (!m_controls.sendButton.isHidden()) {
         caption.hint = "not sent";
+        caption.toolTip = kHowToSend;
+    }
     return caption;
 }
 

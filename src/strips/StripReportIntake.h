@@ -13,12 +13,15 @@ public:
     /// has news of its own.
     std::optional<StripSettings> take(
         const StripSettings& report, bool refused, bool colourIsUnsent);
+    /// The strip shows what a record has of the lamp's reports, taken here or not.
+    void hasShown(const StripSettings& settings);
     /// Whether there was news in what was refused; once.
     bool takeMissed() { return std::exchange(m_missed, false); }
 
 private:
-    StripSettings m_last; ///< shown or not
-    std::optional<std::uint64_t> m_reportsShown; ///< the count of the last that was
+    // The count of the last
+    std::optional<std::uint64_t> m_reportsHeard;
+    std::optional<std::uint64_t> m_reportsShown;
     bool m_missed = false;
 };
 

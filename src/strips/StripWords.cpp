@@ -2,16 +2,11 @@
 
 #include "engine/LampUnits.h"
 #include "strips/Controls.h"
-#include "strips/HueNames.h"
 #include "strips/LightWords.h"
 
 #include <fmt/core.h>
 
 namespace lumeroom {
-
-namespace {
-constexpr float kDegrees = 360;
-} // namespace
 
 std::string percentText(float value, float maximum)
 {
@@ -52,7 +47,7 @@ std::string sliderText(const SliderModel& slider)
 {
     switch (slider.tag()) {
     case controltag::kColourSlider:
-        return std::string(hueName(slider.value() / slider.maximum() * kDegrees));
+        return std::string(hueName(slider.value() / slider.maximum()));
     case controltag::kWarmthSlider:
         return kelvinText(kCoolestKelvin - slider.integerValue());
     default:

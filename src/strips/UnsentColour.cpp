@@ -1,6 +1,7 @@
 #include "strips/UnsentColour.h"
 
 #include "engine/LampUnits.h"
+#include "strips/StripWords.h"
 
 #include <utility>
 
@@ -29,10 +30,7 @@ void UnsentColour::set(bool shown, bool byHand)
 {
     const bool was = std::exchange(m_isShown, shown);
     m_controls.sendButton.setHidden(!shown);
-    m_controls.colourWell.setToolTip(shown
-            ? "The lamp has not been sent this colour. Press the ring, or Return on the colour "
-              "slider, to send it."
-            : "");
+    m_controls.colourWell.setToolTip(std::string(shown ? kHowToSend : ""));
     if (shown ? byHand : was)
         m_changed(shown);
 }

@@ -51,8 +51,7 @@ FindBar::FindBar(FindActions actions, QWidget* parent)
     row->addStretch(1);
     connect(m_field, &QLineEdit::textChanged, this,
         [this](const QString& text) { m_actions.look(text.toStdString()); });
-    connect(static_cast<IconButton*>(m_cross), &QAbstractButton::clicked, this,
-        [this] { m_actions.close(); });
+    connect(m_cross, &QAbstractButton::clicked, this, [this] { m_actions.close(); });
     hide();
 }
 

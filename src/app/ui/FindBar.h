@@ -12,6 +12,8 @@ class QLineEdit;
 
 namespace lumeroom {
 
+class IconButton;
+
 /// Above the strips: a field for the name of a lamp, how many there are, and a cross.
 class FindBar : public QWidget {
     Q_OBJECT
@@ -37,7 +39,7 @@ private:
     QLineEdit* m_field;
     QAction* m_sign;
     QLabel* m_count;
-    QWidget* m_cross;
+    IconButton* m_cross;
     QPointer<QWidget> m_focusBefore;
 };
 

@@ -43,13 +43,16 @@ void NavigationSwitch::act()
 // A third quick click would take back what the two before it asked for.
 void NavigationSwitch::mousePressEvent(QMouseEvent* event)
 {
-    if (m_sameClicks.hasExpired())
-        NavigationButton::mousePressEvent(event);
+    if (!m_sameClicks.hasExpired())
+        return;
+    m_secondClick.setRemainingTime(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    NavigationButton::mousePressEvent(event);
 }
 
+/// The first of the two clicks may have been on what stood here before.
 void NavigationSwitch::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton || m_secondClick.hasExpired())
         return;
     m_sameClicks.setRemainingTime(QGuiApplication::styleHints()->mouseDoubleClickInterval());
     m_navigation.showOnly(m_kind);

@@ -33,6 +33,7 @@ private:
 
     NavigationModel& m_navigation;
     ButtonModel& m_kind;
+    QDeadlineTimer m_secondClick{0}; ///< until then one can follow on a press here
     QDeadlineTimer m_sameClicks{0}; ///< until then a click belongs to the two before it
 };
 

@@ -4,7 +4,6 @@
 
 class QColor;
 class QPainter;
-class QRect;
 class QSize;
 class QWidget;
 

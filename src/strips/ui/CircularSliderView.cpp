@@ -127,6 +127,13 @@ void CircularSliderView::mouseReleaseEvent(QMouseEvent* event)
     update();
 }
 
+/// Nobody tells of a release after that.
+void CircularSliderView::hideEvent(QHideEvent* event)
+{
+    m_slider.mouseUp();
+    QWidget::hideEvent(event);
+}
+
 /// The arrows push the knob their way.
 void CircularSliderView::keyPressEvent(QKeyEvent* event)
 {

@@ -137,6 +137,7 @@ void ColourPickerPopover::describeWheel()
 
 void ColourPickerPopover::showAt(QWidget& well, ColourWellPopover::Edge preferredEdge)
 {
+    m_well = &well;
     m_wellOnScreen = QRect(well.mapToGlobal(QPoint(0, 0)), well.size());
     adjustSize();
     const QRect screen = well.screen()->availableGeometry();

@@ -3,6 +3,8 @@
 #include "strips/ColourWellModel.h"
 #include "strips/ui/PopoverFrame.h"
 
+#include <QPointer>
+
 class QAbstractButton;
 
 namespace lumeroom {
@@ -23,6 +25,7 @@ public:
     const std::shared_ptr<ZTColourPicker>& picker() const { return m_picker; }
     /// On the screen as a whole: beside the well, or below or above it if there is no room.
     void showAt(QWidget& well, ColourWellPopover::Edge preferredEdge);
+    bool isShownAt(const QWidget& well) const { return isVisible() && m_well == &well; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -43,6 +46,7 @@ private:
     QAbstractButton* m_colours = nullptr;
     CircularSliderView* m_wheel = nullptr;
     SliderView* m_brightnessView = nullptr;
+    QPointer<QWidget> m_well;
     QRect m_wellOnScreen;
     QMetaObject::Connection m_wellGone;
 };

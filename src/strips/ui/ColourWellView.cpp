@@ -1,5 +1,6 @@
 #include "strips/ui/ColourWellView.h"
 
+#include "strips/LightWords.h"
 #include "strips/ui/ColourPickerPopover.h"
 #include "strips/ui/ColourWellDrag.h"
 #include "strips/ui/FocusRing.h"
@@ -59,13 +60,16 @@ void ColourWellView::mirror()
 {
     mirrorControl(*this, m_model);
     const Colour& colour = m_model.colour();
-    setAccessibleDescription(tr("hue %1 degrees, saturation %2 percent, brightness %3 percent")
-                                 .arg(std::lround(colour.hue * 360))
-                                 .arg(std::lround(colour.saturation * 100))
-                                 .arg(std::lround(colour.brightness * 100)));
-    const std::string& toolTip = m_model.toolTip();
-    setToolTip(
-        toolTip.empty() ? tr("Choose a colour; scroll to dim") : QString::fromStdString(toolTip));
+    const auto kelvin = usableKelvin(colour);
+    const QString shade = isWhite(colour) && kelvin
+        ? tr("white, %1 kelvin").arg(*kelvin)
+        : tr("hue %1 degrees, saturation %2 percent")
+              .arg(std::lround(colour.hue * 360) % 360)
+              .arg(std::lround(colour.saturation * 100));
+    setAccessibleDescription(
+        tr("%1, brightness %2 percent").arg(shade).arg(std::lround(colour.brightness * 100)));
+    if (m_model.toolTip().empty())
+        setToolTip(tr("Choose a colour; scroll to dim"));
     update();
 }
 
@@ -78,6 +82,11 @@ void ColourWellView::setProminence(double prominence)
 {
     m_prominence = prominence;
     update();
+}
+
+bool ColourWellView::isInUse() const
+{
+    return m_dragged || m_picker.isShownAt(*this);
 }
 
 void ColourWellView::showAtWell(Edge preferredEdge)
@@ -95,9 +104,10 @@ void ColourWellView::mousePressEvent(QMouseEvent* event)
 
 void ColourWellView::mouseMoveEvent(QMouseEvent* event)
 {
-    m_pointedAt = mapToGlobal(QPoint(0, 0));
     const QPoint place = event->position().toPoint();
-    if (!rect().contains(place))
+    if (rect().contains(place))
+        m_pointedAt = mapToGlobal(QPoint(0, 0));
+    else
         m_model.mouseExited();
     if (!m_press || (place - *m_press).manhattanLength() < QApplication::startDragDistance())
         return;
@@ -119,6 +129,7 @@ void ColourWellView::mouseReleaseEvent(QMouseEvent* event)
 
 void ColourWellView::leaveEvent(QEvent*)
 {
+    m_pointedAt.reset();
     m_model.mouseExited();
 }
 

@@ -20,8 +20,8 @@ public:
     QSize sizeHint() const override;
     /// Of the whole, 0 to 1.
     void setProminence(double prominence);
-    /// Its colour is being dragged to somewhere.
-    bool isInUse() const { return m_dragged; }
+    /// Its colour is being dragged to somewhere, or picked.
+    bool isInUse() const;
 
 protected:
     /// Waits until the drag is over. The well may be gone then.

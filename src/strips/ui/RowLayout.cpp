@@ -21,6 +21,7 @@ namespace {
 /// The name and its caption, one over the other or side by side.
 QLayout* nameAndCaption(const StripWidgets& widgets, const RowMeasures& measures)
 {
+    widgets.label->setFixedWidth(measures.name);
     if (measures.caption == 0) {
         auto* block = new QVBoxLayout;
         block->setSpacing(0);
@@ -28,14 +29,12 @@ QLayout* nameAndCaption(const StripWidgets& widgets, const RowMeasures& measures
         block->addWidget(widgets.label);
         block->addWidget(widgets.caption);
         block->addStretch(1);
-        widgets.label->setFixedWidth(measures.name);
         return block;
     }
     auto* block = new QHBoxLayout;
     block->setSpacing(measures.gap);
     block->addWidget(widgets.label);
     block->addWidget(widgets.caption);
-    widgets.label->setFixedWidth(measures.name);
     return block;
 }
 

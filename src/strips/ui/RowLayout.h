@@ -5,7 +5,6 @@
 #include <QSize>
 
 class QLayout;
-class QVBoxLayout;
 
 namespace lumeroom {
 
