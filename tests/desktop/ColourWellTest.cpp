@@ -188,6 +188,10 @@ TEST_F(ColourWell, theWheelAndTheArrowsDim)
     }
     well->move(well->pos() + QPoint(0, 10)); // the panel has been scrolled under the mouse
     EXPECT_FALSE(wheel(*well, {}, {0, 120}));
+    mouse(*well, QEvent::MouseMove, 14);
+    QEvent leaves(QEvent::Leave);
+    QCoreApplication::sendEvent(well, &leaves);
+    EXPECT_FALSE(wheel(*well, {}, {0, 120}));
     key(*well, Qt::Key_Down);
     EXPECT_NEAR(model.colour().brightness * 255, 92, 1e-3);
 }

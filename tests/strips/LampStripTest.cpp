@@ -251,6 +251,21 @@ TEST_F(LampStrip, aReportDoesNotUndoAMovementAndOnlyNewsIsMissed)
         EXPECT_EQ(strip->brightnessSlider().value(), 200);
         EXPECT_EQ(owner.takeCalls(), isNews ? Lines{"missed"} : Lines{});
     }
+    // A zone does not count: what it was before may be what it is again.
+    told.reports.reset();
+    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told);
+    strip->brightnessSlider().moveTo(210);
+    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told);
+    loop.advance(Seconds(10));
+    EXPECT_EQ(owner.takeCalls(), Lines{"missed"});
+    // What a rebuild has shown is not news to an unsent colour.
+    told = StripSettings::fromDictionary({{"colour", 50}});
+    told.reports = 20;
+    strip->implementSettingsFromDictionaryWithoutActing(told);
+    strip->colourSlider().moveTo(3000);
+    loop.advance(Seconds(10));
+    strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(told);
+    EXPECT_TRUE(strip->showsUnsentColour());
 }
 
 TEST_F(LampStrip, theFirstDifferenceActsAndItsEmbargoSilencesTheOthers)
