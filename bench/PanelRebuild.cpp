@@ -41,23 +41,25 @@ void cold(benchmark::State& state)
     rebuild(state, false);
 }
 
-/// Without layouts, pictures, names and meaning.
+/// Without layouts, pictures, names and meaning. In a window of the panel's first size, as rows of
+/// the second layout's.
 void plainWidgets(benchmark::State& state)
 {
     constexpr int kChildren = 16; // what a strip has
+    constexpr QSize kRow(920, 64);
     const auto rows = static_cast<int>(state.range(0));
     QScrollArea window;
-    window.resize(915, 540);
+    window.resize(1065, 560);
     window.show();
     for (auto _ : state) {
         auto* content = new QWidget;
         for (int row = 0; row < rows; ++row) {
             auto* parent = new QWidget(content);
-            parent->setGeometry(0, 40 * row, 780, 40);
+            parent->setGeometry({{0, kRow.height() * row}, kRow});
             for (int child = 0; child < kChildren; ++child)
-                (new QWidget(parent))->setGeometry(60 * child, 0, 50, 30);
+                (new QWidget(parent))->setGeometry(57 * child, 0, 50, 40);
         }
-        content->resize(780, 40 * rows);
+        content->resize(kRow.width(), kRow.height() * rows);
         window.setWidget(content);
         QCoreApplication::processEvents();
     }
