@@ -128,7 +128,8 @@ void GroupWorkflows::edit(StripType type, const std::string& name)
                 },
             .close = [this, type](
                          int tag, const std::string& text) { editPopoverClose(type, tag, text); }},
-        [this, target, name] { selectMembers(target, name); });
+        [this, target, name] { selectMembers(target, name); },
+        [this, target] { tickNewMembers(target); });
 }
 
 void GroupWorkflows::selectMembers(const StripTarget& target, const std::string& name)
@@ -139,7 +140,18 @@ void GroupWorkflows::selectMembers(const StripTarget& target, const std::string&
         for (const auto& lamp : lamps)
             m_log.line("{}, {}", lamp->id, lamp->label);
     }
-    m_stage.selection().setSelectedLampStripsAndShow(m_stage.stripsOfLamps(lamps));
+    m_stage.selection().setSelectedLampStripsAndShow({});
+    m_ticked.clear();
+    tickNewMembers(target);
+}
+
+/// Lamps tell one after the other what they are in, and none is to be put out that is not done yet.
+void GroupWorkflows::tickNewMembers(const StripTarget& target)
+{
+    for (const auto& strip : m_stage.stripsOfLamps(lampsOf(target, m_engineRoom.registry()))) {
+        if (m_ticked.insert(strip->getID()).second)
+            strip->setSelected(true);
+    }
 }
 
 // The name is a key, by which the group is found again: where it has another by now, the edit is
@@ -159,6 +171,7 @@ void GroupWorkflows::editPopoverClose(StripType type, int tag, const std::string
 
 void GroupWorkflows::save(const StripTarget& edited)
 {
+    tickNewMembers(edited); // of a moment ago
     auto references = referencesTo(m_stage.selection().getSelectedLampStrips());
     const Lamps rowless = membersWithoutRow(edited);
     std::vector<LampWithoutRow> more(rowless.begin(), rowless.end());
