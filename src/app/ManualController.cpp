@@ -280,6 +280,7 @@ void ManualController::updateStrips()
         m_reports.updateGroupAll();
     if (std::exchange(m_groupingIsNew, false))
         showNewGroupings();
+    m_panelSetUp.followMembers();
     m_stage.lampsHaveChanged();
     m_statusMenu.updateDockIcon();
     m_scripting.invalidate();
