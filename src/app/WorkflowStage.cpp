@@ -119,8 +119,8 @@ bool WorkflowStage::cancelWorkflow()
 {
     if (!m_popover)
         return false;
-    const auto close = m_popover->close; // it goes with the popover
-    close(WorkflowPopover::kCancelTag, m_popover->name);
+    const WorkflowPopover popover = *m_popover; // which goes as it closes
+    popover.close(WorkflowPopover::kCancelTag, popover.name);
     return true;
 }
 
