@@ -147,29 +147,30 @@ PanelNotice EmptyPanel::emptyPage() const
 
 PanelNotice EmptyPanel::emptyFilter() const
 {
-    PanelNotice notice{"No lamps here any more",
-        "The last of them has left, or has not been heard of since the program was started.", {}};
     const NavigationFilter& filter = *m_environment.panelSetUp.navigation().filter();
-    if (filter.type == StripType::Zone) {
-        notice.title = "No zones yet";
-        notice.text = "The lamp has not told of its zones. They show as soon as it does.";
-    } else {
-        offerToEdit(notice, {filter.id, filter.type});
-    }
+    PanelNotice notice = filter.type == StripType::Zone
+        ? PanelNotice{"No zones yet",
+            "The lamp has not told of its zones. They show as soon as it does.", {}}
+        : emptyGrouping({filter.id, filter.type});
     offer(notice, "Back", m_offers.back);
     return notice;
 }
 
-/// If it is the one that its name leads to.
-void EmptyPanel::offerToEdit(PanelNotice& notice, const StripTarget& grouping) const
+/// To be edited only if it is the one that its name leads to.
+PanelNotice EmptyPanel::emptyGrouping(const StripTarget& grouping) const
 {
     const LampRegistry& registry = m_environment.engineRoom.registry();
     const GroupingFamily& family = groupingFamily(grouping.type);
     const auto name = groupingAccess(grouping.type)->label(registry, grouping.id);
-    if (name && m_offers.edit && family.idForName(registry, *name) == grouping.id) {
+    if (!name)
+        return {fmt::format("This {} is gone", family.noun), {}, {}};
+    PanelNotice notice{"No lamps here any more",
+        "The last of them has left, or has not been heard of since the program was started.", {}};
+    if (m_offers.edit && family.idForName(registry, *name) == grouping.id) {
         offer(notice, fmt::format("Edit {}...", family.noun),
             [this, type = grouping.type, name = *name] { m_offers.edit(type, name); });
     }
+    return notice;
 }
 
 PanelNotice EmptyPanel::foundNothing(const std::string& sought) const

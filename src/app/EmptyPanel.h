@@ -53,7 +53,7 @@ private:
     PanelNotice noLamps();
     PanelNotice emptyPage() const;
     PanelNotice emptyFilter() const;
-    void offerToEdit(PanelNotice& notice, const StripTarget& grouping) const;
+    PanelNotice emptyGrouping(const StripTarget& grouping) const;
     PanelNotice foundNothing(const std::string& sought) const;
     void show(std::optional<PanelNotice> notice);
 

@@ -153,6 +153,11 @@ TEST_F(EmptyPanelNotice, anEmptyPageTellsAtOnceHowToFillIt)
     choose("Back");
     EXPECT_FALSE(navigation().filter);
     EXPECT_EQ(panel.names(), (Names{"Study", "Study"}));
+    panel.strip(0).navigationButton().press();
+    controller.workflows().removeGroup("Study");
+    EXPECT_EQ(title(), "This group is gone");
+    EXPECT_EQ(panel.notice->text, "");
+    EXPECT_EQ(offers(), Names{"Back"});
 }
 
 } // namespace lumeroom::test
