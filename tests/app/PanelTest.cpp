@@ -163,6 +163,10 @@ TEST_F(Panel, aGroupThatBecomesKnownIsInTheMenusAndOnThePanel)
     EXPECT_EQ(titles(controller.workflows().editGroupMenu()), (Names{"Study", "Hall"}));
     loop.advance(Seconds(2));
     EXPECT_EQ(row("Hall").strip.navigationButton().toolTip(), "View 1 lamps");
+    receive(stateGrouping(kStateGroup, 2, 8, "Hall"));
+    controller.lampStatesChanged();
+    loop.runPosted();
+    EXPECT_EQ(row("Hall").strip.navigationButton().toolTip(), "View 2 lamps");
     receive(stateGrouping(kStateLocation, 3, 10, "Yard"));
     loop.advance(Seconds(2));
     EXPECT_EQ(titles(controller.workflows().editLocationMenu()).back(), "Yard");
