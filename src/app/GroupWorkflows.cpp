@@ -116,7 +116,8 @@ void GroupWorkflows::edit(StripType type, const std::string& name)
     }
     const StripTarget target{*id, type};
     // The popover of a tag stays open when the panel goes back by itself.
-    m_stage.begin(std::string(family.editDescription) + name,
+    m_stage.begin(
+        std::string(family.editDescription) + name,
         {.title = std::string(family.editTitle),
             .name = name,
             .asksForName = false,
@@ -134,7 +135,7 @@ void GroupWorkflows::edit(StripType type, const std::string& name)
 
 void GroupWorkflows::selectMembers(const StripTarget& target, const std::string& name)
 {
-    const Lamps lamps = lampsOf(target, m_engineRoom.registry());
+    const Lamps lamps = target.lamps(m_engineRoom.registry());
     if (m_log.shows(2)) {
         m_log.line("lamps inclued in {}:", name);
         for (const auto& lamp : lamps)
@@ -148,7 +149,7 @@ void GroupWorkflows::selectMembers(const StripTarget& target, const std::string&
 /// Lamps tell one after the other what they are in, and none is to be put out that is not done yet.
 void GroupWorkflows::tickNewMembers(const StripTarget& target)
 {
-    for (const auto& strip : m_stage.stripsOfLamps(lampsOf(target, m_engineRoom.registry()))) {
+    for (const auto& strip : m_stage.stripsOfLamps(target.lamps(m_engineRoom.registry()))) {
         if (m_ticked.insert(strip->getID()).second)
             strip->setSelected(true);
     }
@@ -183,7 +184,7 @@ void GroupWorkflows::save(const StripTarget& edited)
 /// They came since the panel was built, and nobody could leave them out.
 Lamps GroupWorkflows::membersWithoutRow(const StripTarget& edited) const
 {
-    Lamps lamps = lampsOf(edited, m_engineRoom.registry());
+    Lamps lamps = edited.lamps(m_engineRoom.registry());
     std::erase_if(lamps, [this](const auto& lamp) { return m_stage.hasRow(*lamp); });
     return lamps;
 }

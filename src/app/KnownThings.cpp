@@ -85,7 +85,7 @@ std::optional<KnownThing> KnownThings::find(const StripTarget& target) const
     const auto label = access ? access->label(m_registry, id) : std::nullopt;
     if (!label)
         return {};
-    return collection(target, *label, lampsOf(target, m_registry));
+    return collection(target, *label, target.lamps(m_registry));
 }
 
 std::vector<KnownThing> KnownThings::all() const

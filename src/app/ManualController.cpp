@@ -321,7 +321,7 @@ int ManualController::runModal(const Alert& alert)
 void ManualController::sendSettingsToStripsInGroup(
     const StripSettings& settings, const StripTarget& group)
 {
-    for (const auto& strip : m_stripFinder.stripsInUse(lampsOf(group, m_engineRoom.registry()))) {
+    for (const auto& strip : m_stripFinder.stripsInUse(group.lamps(m_engineRoom.registry()))) {
         strip->implementSettingsFromDictionaryWithoutActing(settings);
         strip->imposeTemporaryEmbargo();
     }
