@@ -114,23 +114,28 @@ PanelNotice EmptyPanel::noLamps()
     return notice;
 }
 
+std::string EmptyPanel::titleWithout(StripType type) const
+{
+    const auto noun = groupingFamily(type).noun;
+    return m_environment.asksForGroupings() ? fmt::format("Asking the lamps for their {}s", noun)
+                                            : fmt::format("No {}s yet", noun);
+}
+
 /// The lamps are known, but not what the switches that are on stand for.
 PanelNotice EmptyPanel::emptyPage() const
 {
     const struct {
         StripType type;
-        const char* title;
         const char* text;
         const char* make;
         const std::function<void()>& act;
     } kinds[] = {
-        {StripType::Group, "No groups yet",
-            "The lamps of a group are switched, dimmed and coloured together.", "Make group...",
-            m_offers.makeGroup},
-        {StripType::Location, "No locations yet",
+        {StripType::Group, "The lamps of a group are switched, dimmed and coloured together.",
+            "Make group...", m_offers.makeGroup},
+        {StripType::Location,
             "A location holds the lamps of one place: a home, a floor, an office.",
             "Make location...", m_offers.makeLocation},
-        {StripType::Tag, "No tags yet",
+        {StripType::Tag,
             "Tags are an older kind of group that lamps still carry. A lamp can have several.",
             "Make tag...", m_offers.makeTag},
     };
@@ -138,7 +143,9 @@ PanelNotice EmptyPanel::emptyPage() const
     for (const auto& kind : kinds) {
         if (!m_environment.panelSetUp.navigation().shows(kind.type))
             continue;
-        notice.title = notice.title.empty() ? kind.title : "Nothing here yet";
+        notice.title = notice.title.empty()    ? titleWithout(kind.type)
+            : m_environment.asksForGroupings() ? "Asking the lamps"
+                                               : "Nothing here yet";
         notice.text += (notice.text.empty() ? "" : "\n") + std::string(kind.text);
         offer(notice, kind.make, kind.act);
     }

@@ -32,10 +32,15 @@ public:
         PanelView& panel;
         PanelSetUp& panelSetUp;
         std::function<bool()> popoverIsOpen;
+        /// The lamps have not had the time yet to tell what they are in.
+        std::function<bool()> asksForGroupings;
     };
     explicit EmptyPanel(Environment environment);
 
     Offers& offers() { return m_offers; }
+
+    /// What a page begins with while none of this kind, a group, a location or a tag, is known.
+    std::string titleWithout(StripType type) const;
 
     /// A pass over the lamps has found none; the next is to come.
     void foundNoLamps();
