@@ -114,23 +114,28 @@ PanelNotice EmptyPanel::noLamps()
     return notice;
 }
 
+std::string EmptyPanel::titleWithout(StripType type) const
+{
+    const auto noun = groupingFamily(type).noun;
+    return m_environment.asksForGroupings() ? fmt::format("Asking the lamps for their {}s", noun)
+                                            : fmt::format("No {}s yet", noun);
+}
+
 /// The lamps are known, but not what the switches that are on stand for.
 PanelNotice EmptyPanel::emptyPage() const
 {
     const struct {
         StripType type;
-        const char* title;
         const char* text;
         const char* make;
         const std::function<void()>& act;
     } kinds[] = {
-        {StripType::Group, "No groups yet",
-            "The lamps of a group are switched, dimmed and coloured together.", "Make group...",
-            m_offers.makeGroup},
-        {StripType::Location, "No locations yet",
+        {StripType::Group, "The lamps of a group are switched, dimmed and coloured together.",
+            "Make group...", m_offers.makeGroup},
+        {StripType::Location,
             "A location holds the lamps of one place: a home, a floor, an office.",
             "Make location...", m_offers.makeLocation},
-        {StripType::Tag, "No tags yet",
+        {StripType::Tag,
             "Tags are an older kind of group that lamps still carry. A lamp can have several.",
             "Make tag...", m_offers.makeTag},
     };
@@ -138,7 +143,9 @@ PanelNotice EmptyPanel::emptyPage() const
     for (const auto& kind : kinds) {
         if (!m_environment.panelSetUp.navigation().shows(kind.type))
             continue;
-        notice.title = notice.title.empty() ? kind.title : "Nothing here yet";
+        notice.title = notice.title.empty()    ? titleWithout(kind.type)
+            : m_environment.asksForGroupings() ? "Asking the lamps"
+                                               : "Nothing here yet";
         notice.text += (notice.text.empty() ? "" : "\n") + std::string(kind.text);
         offer(notice, kind.make, kind.act);
     }
@@ -147,29 +154,30 @@ PanelNotice EmptyPanel::emptyPage() const
 
 PanelNotice EmptyPanel::emptyFilter() const
 {
-    PanelNotice notice{"No lamps here any more",
-        "The last of them has left, or has not been heard of since the program was started.", {}};
     const NavigationFilter& filter = *m_environment.panelSetUp.navigation().filter();
-    if (filter.type == StripType::Zone) {
-        notice.title = "No zones yet";
-        notice.text = "The lamp has not told of its zones. They show as soon as it does.";
-    } else {
-        offerToEdit(notice, {filter.id, filter.type});
-    }
+    PanelNotice notice = filter.type == StripType::Zone
+        ? PanelNotice{"No zones yet",
+            "The lamp has not told of its zones. They show as soon as it does.", {}}
+        : emptyGrouping({filter.id, filter.type});
     offer(notice, "Back", m_offers.back);
     return notice;
 }
 
-/// If it is the one that its name leads to.
-void EmptyPanel::offerToEdit(PanelNotice& notice, const StripTarget& grouping) const
+/// To be edited only if it is the one that its name leads to.
+PanelNotice EmptyPanel::emptyGrouping(const StripTarget& grouping) const
 {
     const LampRegistry& registry = m_environment.engineRoom.registry();
     const GroupingFamily& family = groupingFamily(grouping.type);
     const auto name = groupingAccess(grouping.type)->label(registry, grouping.id);
-    if (name && m_offers.edit && family.idForName(registry, *name) == grouping.id) {
+    if (!name)
+        return {fmt::format("This {} is gone", family.noun), {}, {}};
+    PanelNotice notice{"No lamps here any more",
+        "The last of them has left, or has not been heard of since the program was started.", {}};
+    if (m_offers.edit && family.idForName(registry, *name) == grouping.id) {
         offer(notice, fmt::format("Edit {}...", family.noun),
             [this, type = grouping.type, name = *name] { m_offers.edit(type, name); });
     }
+    return notice;
 }
 
 PanelNotice EmptyPanel::foundNothing(const std::string& sought) const

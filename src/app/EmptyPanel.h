@@ -32,10 +32,15 @@ public:
         PanelView& panel;
         PanelSetUp& panelSetUp;
         std::function<bool()> popoverIsOpen;
+        /// The lamps have not had the time yet to tell what they are in.
+        std::function<bool()> asksForGroupings;
     };
     explicit EmptyPanel(Environment environment);
 
     Offers& offers() { return m_offers; }
+
+    /// What a page begins with while none of this kind, a group, a location or a tag, is known.
+    std::string titleWithout(StripType type) const;
 
     /// A pass over the lamps has found none; the next is to come.
     void foundNoLamps();
@@ -53,7 +58,7 @@ private:
     PanelNotice noLamps();
     PanelNotice emptyPage() const;
     PanelNotice emptyFilter() const;
-    void offerToEdit(PanelNotice& notice, const StripTarget& grouping) const;
+    PanelNotice emptyGrouping(const StripTarget& grouping) const;
     PanelNotice foundNothing(const std::string& sought) const;
     void show(std::optional<PanelNotice> notice);
 

@@ -116,7 +116,8 @@ void GroupWorkflows::edit(StripType type, const std::string& name)
     }
     const StripTarget target{*id, type};
     // The popover of a tag stays open when the panel goes back by itself.
-    m_stage.begin(std::string(family.editDescription) + name,
+    m_stage.begin(
+        std::string(family.editDescription) + name,
         {.title = std::string(family.editTitle),
             .name = name,
             .asksForName = false,
@@ -128,18 +129,30 @@ void GroupWorkflows::edit(StripType type, const std::string& name)
                 },
             .close = [this, type](
                          int tag, const std::string& text) { editPopoverClose(type, tag, text); }},
-        [this, target, name] { selectMembers(target, name); });
+        [this, target, name] { selectMembers(target, name); },
+        [this, target] { tickNewMembers(target); });
 }
 
 void GroupWorkflows::selectMembers(const StripTarget& target, const std::string& name)
 {
-    const Lamps lamps = lampsOf(target, m_engineRoom.registry());
+    const Lamps lamps = target.lamps(m_engineRoom.registry());
     if (m_log.shows(2)) {
         m_log.line("lamps inclued in {}:", name);
         for (const auto& lamp : lamps)
             m_log.line("{}, {}", lamp->id, lamp->label);
     }
-    m_stage.selection().setSelectedLampStripsAndShow(m_stage.stripsOfLamps(lamps));
+    m_stage.selection().setSelectedLampStripsAndShow({});
+    m_ticked.clear();
+    tickNewMembers(target);
+}
+
+/// Lamps tell one after the other what they are in, and none is to be put out that is not done yet.
+void GroupWorkflows::tickNewMembers(const StripTarget& target)
+{
+    for (const auto& strip : m_stage.stripsOfLamps(target.lamps(m_engineRoom.registry()))) {
+        if (m_ticked.insert(strip->getID()).second)
+            strip->setSelected(true);
+    }
 }
 
 // The name is a key, by which the group is found again: where it has another by now, the edit is
@@ -159,6 +172,7 @@ void GroupWorkflows::editPopoverClose(StripType type, int tag, const std::string
 
 void GroupWorkflows::save(const StripTarget& edited)
 {
+    tickNewMembers(edited); // of a moment ago
     auto references = referencesTo(m_stage.selection().getSelectedLampStrips());
     const Lamps rowless = membersWithoutRow(edited);
     std::vector<LampWithoutRow> more(rowless.begin(), rowless.end());
@@ -170,7 +184,7 @@ void GroupWorkflows::save(const StripTarget& edited)
 /// They came since the panel was built, and nobody could leave them out.
 Lamps GroupWorkflows::membersWithoutRow(const StripTarget& edited) const
 {
-    Lamps lamps = lampsOf(edited, m_engineRoom.registry());
+    Lamps lamps = edited.lamps(m_engineRoom.registry());
     std::erase_if(lamps, [this](const auto& lamp) { return m_stage.hasRow(*lamp); });
     return lamps;
 }

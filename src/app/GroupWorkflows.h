@@ -5,6 +5,7 @@
 #include "strips/MenuModel.h"
 
 #include <map>
+#include <set>
 
 namespace lumeroom {
 
@@ -66,6 +67,7 @@ private:
     Lamps membersWithoutRow(const StripTarget& edited) const;
     Lamps lampsToStay(const StripTarget& edited) const;
     void selectMembers(const StripTarget& target, const std::string& name);
+    void tickNewMembers(const StripTarget& target);
     void popUpOver(const Rectangle& button, MenuModel& menu);
     Menus& menus(StripType type) { return m_menus[type]; }
 
@@ -73,6 +75,7 @@ private:
     Log& m_log;
     WorkflowStage& m_stage;
     std::map<StripType, Menus> m_menus;
+    std::set<std::string> m_ticked; ///< members of what is edited: a later no is the user's
 };
 
 } // namespace lumeroom

@@ -16,7 +16,8 @@ const StripTarget kAllLamps{std::string(kAllLampsId), StripType::Group};
 
 KnownThing thingOf(const Lamp& lamp)
 {
-    KnownThing thing{{lamp.id, StripType::Lamp}, StripRecord::of(lamp), {}};
+    KnownThing thing{
+        {lamp.id, StripType::Lamp}, StripRecord::of(lamp), StripCondition::of(lamp), {}};
     if (lamp.label.empty())
         thing.record.settings.label = lamp.id;
     return thing;
@@ -25,7 +26,7 @@ KnownThing thingOf(const Lamp& lamp)
 KnownThing thingOf(const Zone& zone, const Lamp& lamp)
 {
     StripRecord record = StripRecord::of(zone, lamp);
-    return {{record.id, StripType::Zone}, std::move(record), {}};
+    return {{record.id, StripType::Zone}, std::move(record), StripCondition::of(lamp), {}};
 }
 
 /// The lamps of each group, location and tag, by type and ID, found in one walk over the lamps.
@@ -54,8 +55,7 @@ KnownThing KnownThings::collection(
         ? m_summaries.settingsForLampsOfGroup(lamps)
         : settingsForLamps(lamps);
     StripRecord record = StripRecord::of(target.id, label.empty() ? target.id : label, summary);
-    record.condition = StripCondition::of(lamps);
-    return {target, std::move(record), std::move(lamps)};
+    return {target, std::move(record), StripCondition::of(lamps), std::move(lamps)};
 }
 
 std::optional<KnownThing> KnownThings::findZone(const StripTarget& target) const
@@ -85,7 +85,7 @@ std::optional<KnownThing> KnownThings::find(const StripTarget& target) const
     const auto label = access ? access->label(m_registry, id) : std::nullopt;
     if (!label)
         return {};
-    return collection(target, *label, lampsOf(target, m_registry));
+    return collection(target, *label, target.lamps(m_registry));
 }
 
 std::vector<KnownThing> KnownThings::all() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/StripRecord.h"
+#include "strips/StripCondition.h"
 #include "strips/StripTarget.h"
 
 namespace lumeroom {
@@ -12,6 +13,7 @@ class Summaries;
 struct KnownThing {
     StripTarget target;
     StripRecord record; ///< its label is never empty
+    StripCondition condition;
     Lamps lamps; ///< of a group, a location, a tag or of all lamps
 };
 

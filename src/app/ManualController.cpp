@@ -15,7 +15,8 @@ namespace lumeroom {
 
 namespace {
 constexpr std::string_view kBundleName = "Lumeroom";
-}
+constexpr Seconds kFirstAsking(15.0); // several rounds, of which some get lost
+} // namespace
 
 ManualController::ManualController(
     RunLoop& runLoop, UserDefaults& defaults, Log& log, EngineRoom& engineRoom, PanelView& panel)
@@ -33,8 +34,8 @@ ManualController::ManualController(
     , m_reports(engineRoom.summaries(), m_panelSetUp.collection(), m_panelSetUp.factory(), log)
     , m_stage(m_panelSetUp, panel)
     , m_workflows(engineRoom, log, m_stage)
-    , m_emptyPanel(
-          {runLoop, engineRoom, panel, m_panelSetUp, [this] { return m_stage.popoverIsOpen(); }})
+    , m_emptyPanel({runLoop, engineRoom, panel, m_panelSetUp,
+          [this] { return m_stage.popoverIsOpen(); }, [this] { return asksForGroupings(); }})
     , m_known(engineRoom.registry(), engineRoom.summaries())
     , m_stripFinder({runLoop, defaults, log, *this}, engineRoom, m_known, m_panelSetUp.collection())
     , m_scripting(m_known, m_panelSetUp.collection(), m_stripFinder, log, scriptingActions())
@@ -121,8 +122,14 @@ void ManualController::noteWhatIsMissing()
         bool isMissing = true;
         groupingAccess(type)->forEach(m_engineRoom.registry(),
             [&](const std::string&, const std::string&) { isMissing = false; });
-        kind.setToolTip(isMissing ? fmt::format("No {}s yet", groupingFamily(type).noun) : "");
+        kind.setToolTip(isMissing ? m_emptyPanel.titleWithout(type) : "");
     }
+}
+
+/// That none is known may be because no lamp has answered yet.
+bool ManualController::asksForGroupings() const
+{
+    return m_firstAsking && m_firstAsking->isPending();
 }
 
 Scripting::Actions ManualController::scriptingActions()
@@ -247,6 +254,12 @@ Strips ManualController::getStripsInGroup(std::string_view id) const
 // A burst of lamps makes one rebuild, 1.5 seconds after the first.
 void ManualController::newLampsAdded()
 {
+    if (!m_firstAsking) {
+        m_firstAsking = m_runLoop.after(kFirstAsking, [this] {
+            noteWhatIsMissing();
+            m_emptyPanel.wasPlaced();
+        });
+    }
     m_panelSetUp.refreshSoon();
     m_statusMenu.updateDockIcon();
     m_scripting.changed(); // which knows what the panel does not show too
@@ -280,6 +293,7 @@ void ManualController::updateStrips()
         m_reports.updateGroupAll();
     if (std::exchange(m_groupingIsNew, false))
         showNewGroupings();
+    m_panelSetUp.followMembers();
     m_stage.lampsHaveChanged();
     m_statusMenu.updateDockIcon();
     m_scripting.invalidate();
@@ -320,7 +334,7 @@ int ManualController::runModal(const Alert& alert)
 void ManualController::sendSettingsToStripsInGroup(
     const StripSettings& settings, const StripTarget& group)
 {
-    for (const auto& strip : m_stripFinder.stripsInUse(lampsOf(group, m_engineRoom.registry()))) {
+    for (const auto& strip : m_stripFinder.stripsInUse(group.lamps(m_engineRoom.registry()))) {
         strip->implementSettingsFromDictionaryWithoutActing(settings);
         strip->imposeTemporaryEmbargo();
     }

@@ -88,6 +88,7 @@ private:
     NavigationActions navigationActions();
     void fillEditMenus(bool withTags);
     void noteWhatIsMissing();
+    bool asksForGroupings() const;
     void showNewGroupings();
     void observeSettings();
     void updateStrips();
@@ -115,6 +116,7 @@ private:
     CallSoon m_updateStrips;
     CallSoon m_updateConditions;
     bool m_groupingIsNew = false; ///< to the menus and the panel
+    std::optional<Timer> m_firstAsking; ///< the lamps for their groups; from the first lamp on
     std::vector<Subscription> m_observations;
     Lifeline m_lifeline;
 };

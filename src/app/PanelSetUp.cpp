@@ -249,6 +249,20 @@ void PanelSetUp::refreshSoon()
         = m_environment.runLoop.after(kSetUpBuffer, [this] { refreshSetUpUsingRecycling(true); });
 }
 
+void PanelSetUp::followMembers()
+{
+    if (!groupingAccess(m_navigation.filterType()))
+        return;
+    std::set<std::string> members;
+    for (const auto& lamp : lampsToShow().value_or(Lamps()))
+        members.insert(lamp->id);
+    std::set<std::string> shown;
+    for (const auto& strip : m_collection.strips())
+        shown.insert(strip->getID());
+    if (members != shown)
+        refreshSoon();
+}
+
 void PanelSetUp::fitContainer()
 {
     PanelView& panel = m_environment.panel;

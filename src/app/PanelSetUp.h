@@ -65,6 +65,8 @@ public:
     void refreshSetUpUsingRecycling(bool recycling);
     /// The same, with all that becomes known in the next 1.5 seconds.
     void refreshSoon();
+    /// That, if it is narrowed down to a group, location or tag that has other lamps by now.
+    void followMembers();
     /// The lamp whose zones are on the panel; null in other views.
     std::shared_ptr<Lamp> lampOfZones() const;
     /// The container of the strips fills what it scrolls in, whose size has changed.

@@ -84,10 +84,7 @@ void StripFactory::setUpNavigationButton(LampControlStrip& strip) const
     button.setHidden(!leadsOn);
     if (!leadsOn)
         return;
-    // Locations and tags are counted as groups: of two things with one ID, the group counts.
-    const LampRegistry& registry = m_environment.engineRoom.registry();
-    button.setToolTip(
-        fmt::format("View {} lamps", registry.lightsArrayForGroup(strip.getID()).size()));
+    showLampCount(strip);
     switch (strip.type()) {
     case StripType::Location:
         button.setAction([&navigation, target] { navigation.navigateToLocation(*target); });
@@ -99,6 +96,14 @@ void StripFactory::setUpNavigationButton(LampControlStrip& strip) const
         button.setAction([&navigation, target] { navigation.navigateToGroup(*target); });
         break;
     }
+}
+
+// Locations and tags are counted as groups: of two things with one ID, the group counts.
+void StripFactory::showLampCount(LampControlStrip& strip) const
+{
+    const LampRegistry& registry = m_environment.engineRoom.registry();
+    strip.navigationButton().setToolTip(
+        fmt::format("View {} lamps", registry.lightsArrayForGroup(strip.getID()).size()));
 }
 
 void StripFactory::showZones(LampControlStrip& strip, std::size_t zones) const

@@ -30,6 +30,8 @@ public:
         const StripRecord& record, StripType type);
     /// What a lamp that turns out to have zones shows of them.
     void showZones(LampControlStrip& strip, std::size_t zones) const;
+    /// Where the button of a group leads.
+    void showLampCount(LampControlStrip& strip) const;
 
     void recycleStrip(const std::shared_ptr<LampControlStrip>& strip);
     void forgetRecycled() { m_recycler.clear(); }

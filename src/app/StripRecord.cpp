@@ -21,7 +21,6 @@ StripRecord StripRecord::of(const Lamp& lamp)
     record.settings.onoff = lamp.expectedPower();
     record.settings.label = nameFrom(lamp.label);
     record.settings.reports = lamp.reports;
-    record.condition = StripCondition::of(lamp);
     record.isNew = lamp.label.empty() && !lamp.labelIsKnown;
     return record;
 }
@@ -42,7 +41,6 @@ StripRecord StripRecord::of(const Zone& zone, const Lamp& lamp)
     record.settings.adopt(zone.expectedColour());
     record.settings.onoff = lamp.expectedPower();
     record.settings.label = fmt::format("zone {}", zone.zone);
-    record.condition = StripCondition::of(lamp);
     return record;
 }
 

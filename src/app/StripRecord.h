@@ -1,7 +1,6 @@
 #pragma once
 
 #include "engine/Records.h"
-#include "strips/StripCondition.h"
 #include "strips/StripSettings.h"
 
 namespace lumeroom {
@@ -13,11 +12,10 @@ struct StripRecord {
     StripSettings settings; ///< with the label
     std::optional<int> capabilities;
     std::size_t zones = 0; ///< of a multizone lamp
-    StripCondition condition = {};
     bool isNew = false; ///< a lamp that has not told its name yet
 
     static StripRecord of(const Lamp& lamp);
-    /// A group, location or tag, without its condition; the summary's members win.
+    /// A group, location or tag; the summary's members win.
     static StripRecord of(const std::string& id, const std::string& label, const Settings& summary);
     static StripRecord of(const Zone& zone, const Lamp& lamp);
     /// All lamps.

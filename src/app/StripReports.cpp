@@ -60,8 +60,10 @@ void StripReports::updateGroupings(const GroupingAccess& access, const LampRegis
 {
     access.forEach(registry, [&](const std::string& id, const std::string&) {
         const auto strip = m_collection.getGroupStripWithID(id);
-        if (strip)
-            showSummary(*strip, access.summary(m_summaries, id));
+        if (!strip)
+            return;
+        m_factory.showLampCount(*strip);
+        showSummary(*strip, access.summary(m_summaries, id));
     });
 }
 

@@ -33,7 +33,7 @@ void StripUndo::colourIsUnsent(const LampControlStrip& strip, bool unsent)
         m_unsent = target;
         m_undo.offerFirst(strip.label().shownText(), [this, target] {
             if (const auto shown = m_surroundings.finder.stripInUse(target))
-                show(*shown);
+                show(*shown, Unsent::Goes);
         });
     } else if (m_unsent == target) {
         m_unsent.reset();
@@ -44,7 +44,7 @@ void StripUndo::colourIsUnsent(const LampControlStrip& strip, bool unsent)
 void StripUndo::userHasCancelled(LampControlStrip& strip, const ControlModel& control)
 {
     m_undo.takeBack(control.stroke());
-    show(strip); // also what was not sent yet
+    show(strip, Unsent::Goes);
 }
 
 /// At once, like what a group shows in its lamps' strips.
@@ -54,18 +54,20 @@ void StripUndo::showRestored(const LampChange& step) const
         const Lamps lamps = strip->target().lamps(m_surroundings.engineRoom.registry());
         if (std::any_of(lamps.begin(), lamps.end(),
                 [&](const auto& lamp) { return step.contains(lamp->id); }))
-            show(*strip);
+            show(*strip, Unsent::Stays);
     }
 }
 
 /// What the lamps are. A movement that is still to be sent is not any more.
-void StripUndo::show(LampControlStrip& strip) const
+void StripUndo::show(LampControlStrip& strip, Unsent colour) const
 {
     const auto thing = m_surroundings.known.find(strip.target());
     if (!thing)
         return;
     StripSettings settings = thing->record.settings;
     settings.label.reset(); // the strip may know a better one
+    if (colour == Unsent::Stays && strip.showsUnsentColour())
+        settings.colour.reset(); // the user is still choosing it
     strip.cancelPendingActions();
     strip.implementSettingsFromDictionaryWithoutActing(settings);
     strip.imposeTemporaryEmbargo();

@@ -25,7 +25,8 @@ public:
     void userHasCancelled(LampControlStrip& strip, const ControlModel& control);
 
 private:
-    void show(LampControlStrip& strip) const;
+    enum class Unsent { Goes, Stays };
+    void show(LampControlStrip& strip, Unsent colour) const;
     void showRestored(const LampChange& step) const;
 
     Surroundings m_surroundings;

@@ -34,7 +34,7 @@ void Undo::change(const Gesture& gesture, const std::string& title, const Lamps&
     m_gesture = gesture;
     m_lastChange = m_runLoop.elapsed();
     m_title = title;
-    m_takeBackFirst = nullptr;
+    m_offerIsLatest = false;
     m_listeners.tell();
 }
 
@@ -48,15 +48,16 @@ bool Undo::goesOn(const Gesture& gesture) const
 
 void Undo::offerFirst(const std::string& title, std::function<void()> takeBack)
 {
-    m_firstTitle = title;
-    m_takeBackFirst = std::move(takeBack);
+    m_offeredTitle = title;
+    m_takeBackOffered = std::move(takeBack);
+    m_offerIsLatest = true;
     m_listeners.tell();
 }
 
 void Undo::undo()
 {
-    if (m_takeBackFirst) {
-        std::exchange(m_takeBackFirst, nullptr)();
+    if (offerIsFirst()) {
+        std::exchange(m_takeBackOffered, nullptr)();
         m_listeners.tell();
     } else {
         takeStepBack();
@@ -65,7 +66,7 @@ void Undo::undo()
 
 void Undo::takeStepBack()
 {
-    if (m_step.isEmpty() || m_undone)
+    if (!hasStep())
         return;
     if (m_step.takeBack(m_engineRoom.registry(), m_engineRoom.commands()))
         restored(true);

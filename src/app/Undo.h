@@ -26,13 +26,14 @@ public:
     /// were is no step. `title` is for the menu.
     void change(const Gesture& gesture, const std::string& title, const Lamps& lamps,
         const std::function<void()>& send);
-    /// Something that only the panel knows is to be taken back before the step; null for nothing.
+    /// Something that only the panel knows can be taken back, before the steps there were so far;
+    /// null for nothing.
     void offerFirst(const std::string& title, std::function<void()> takeBack);
 
-    bool canUndo() const { return m_takeBackFirst || (!m_step.isEmpty() && !m_undone); }
+    bool canUndo() const { return m_takeBackOffered || hasStep(); }
     bool canRedo() const { return m_undone; }
     // Of what can be taken back, and of what can be made again: "All off", "Desk lamp"
-    const std::string& undoTitle() const { return m_takeBackFirst ? m_firstTitle : m_title; }
+    const std::string& undoTitle() const { return offerIsFirst() ? m_offeredTitle : m_title; }
     const std::string& redoTitle() const { return m_title; }
     // A step of which nothing is left to restore is dropped instead
     void undo();
@@ -45,6 +46,8 @@ public:
     }
 
 private:
+    bool hasStep() const { return !m_step.isEmpty() && !m_undone; }
+    bool offerIsFirst() const { return m_takeBackOffered && (m_offerIsLatest || !hasStep()); }
     bool goesOn(const Gesture& gesture) const;
     void takeStepBack();
     void restored(bool undone);
@@ -58,8 +61,9 @@ private:
     std::optional<Gesture> m_gesture; ///< that the step may go on with
     Seconds m_lastChange{};
     std::string m_title;
-    std::string m_firstTitle;
-    std::function<void()> m_takeBackFirst;
+    std::string m_offeredTitle;
+    std::function<void()> m_takeBackOffered;
+    bool m_offerIsLatest = false; ///< it came after the step
     Listeners m_listeners;
 };
 

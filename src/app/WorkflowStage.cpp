@@ -14,14 +14,15 @@ WorkflowStage::WorkflowStage(PanelSetUp& panelSetUp, PanelView& panel)
 }
 
 // The panel may have to wait, for a row in the user's hand or for a movement that is to be sent.
-void WorkflowStage::begin(
-    const std::string& description, WorkflowPopover popover, std::function<void()> select)
+void WorkflowStage::begin(const std::string& description, WorkflowPopover popover,
+    std::function<void()> select, std::function<void()> follow)
 {
     popover.state = [this, state = std::move(popover.state)](const std::string& name) {
         return awaitsLamps() ? WorkflowState{false, "Waiting for the lamps"} : state(name);
     };
     m_popover = std::move(popover);
     m_select = std::move(select);
+    m_follow = std::move(follow);
     if (onPopover)
         onPopover(true);
     m_panelSetUp.navigation().navigateLampsInTypeID(
@@ -91,8 +92,11 @@ void WorkflowStage::panelWasBuilt()
 
 void WorkflowStage::lampsHaveChanged()
 {
-    if (m_popover)
-        m_panel.updateWorkflowPopover();
+    if (!m_popover)
+        return;
+    if (m_follow && !awaitsLamps())
+        m_follow();
+    m_panel.updateWorkflowPopover();
 }
 
 void WorkflowStage::bringWorkflowPopoverToFront()
@@ -115,8 +119,8 @@ bool WorkflowStage::cancelWorkflow()
 {
     if (!m_popover)
         return false;
-    const auto close = m_popover->close; // it goes with the popover
-    close(WorkflowPopover::kCancelTag, m_popover->name);
+    const WorkflowPopover popover = *m_popover; // which goes as it closes
+    popover.close(WorkflowPopover::kCancelTag, popover.name);
     return true;
 }
 

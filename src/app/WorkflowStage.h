@@ -19,9 +19,10 @@ public:
     StripSelection& selection() { return m_selection; }
 
     /// Narrows the panel down to all lamps, under a description, and opens the popover, which can
-    /// be confirmed from when the lamps are on the panel. Then `select` shows what is picked.
-    void begin(
-        const std::string& description, WorkflowPopover popover, std::function<void()> select);
+    /// be confirmed from when the lamps are on the panel. Then `select` shows what is picked, and
+    /// `follow`, if there is one, what is heard of the lamps from there on.
+    void begin(const std::string& description, WorkflowPopover popover,
+        std::function<void()> select, std::function<void()> follow = {});
     void unNavigate();
     /// Builds the panel anew, with the strips that there are.
     void rebuild();
@@ -61,6 +62,7 @@ private:
     StripSelection m_selection;
     std::optional<WorkflowPopover> m_popover;
     std::function<void()> m_select; ///< null once it is done
+    std::function<void()> m_follow;
     std::vector<Subscription> m_picks;
 };
 

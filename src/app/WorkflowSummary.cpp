@@ -80,7 +80,7 @@ WorkflowState stateOfEdit(const StripTarget& edited, const LampRegistry& registr
         return {true, fmt::format("No lamps: the {} {}", family.noun, family.afterTheLastLamp)};
     return {true,
         lampsText(picked.size()) + movedText(family, picked, edited.id)
-            + leavingText(lampsOf(edited, registry), picked)};
+            + leavingText(edited.lamps(registry), picked)};
 }
 
 } // namespace lumeroom

@@ -104,12 +104,4 @@ const GroupingAccess* groupingAccess(StripType type)
     return found == kAccesses.end() ? nullptr : found;
 }
 
-Lamps lampsOf(const StripTarget& target, const LampRegistry& registry)
-{
-    if (const auto* access = groupingAccess(target.type))
-        return access->lamps(registry, target.id);
-    auto lamp = registry.lampWithID(target.lampID());
-    return lamp ? Lamps{std::move(lamp)} : Lamps{};
-}
-
 } // namespace lumeroom

@@ -32,7 +32,4 @@ const std::array<GroupingAccess, 3>& groupingAccesses();
 /// Null for a type that is no grouping.
 const GroupingAccess* groupingAccess(StripType type);
 
-/// The lamps of a grouping, the lamp itself, or the one of a zone; none if nothing is known of it.
-Lamps lampsOf(const StripTarget& target, const LampRegistry& registry);
-
 } // namespace lumeroom

@@ -28,7 +28,7 @@ std::string_view StripTarget::lampID() const
 Lamps StripTarget::lamps(const LampRegistry& registry) const
 {
     if (const auto* access = groupingAccess(type))
-        return id == kAllLampsId ? registry.distinctLamps() : access->lamps(registry, id);
+        return access->lamps(registry, id);
     auto lamp = registry.lampWithID(lampID());
     return lamp ? Lamps{std::move(lamp)} : Lamps{};
 }

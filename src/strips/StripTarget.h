@@ -24,7 +24,8 @@ struct StripTarget {
     bool isKnown(const LampRegistry& registry) const;
     /// The lamp's own ID, or that of a zone's lamp.
     std::string_view lampID() const;
-    /// Those of the group, or the one.
+    /// The lamps of a grouping, the lamp itself, or the one of a zone; none if nothing is known of
+    /// it.
     Lamps lamps(const LampRegistry& registry) const;
     bool operator==(const StripTarget&) const = default;
     bool operator<(const StripTarget& other) const

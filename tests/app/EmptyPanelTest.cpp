@@ -104,6 +104,25 @@ TEST_F(EmptyPanelNotice, aWorkflowThatWasBegunTooEarlyOffersTheLampsThatCome)
     EXPECT_EQ(panel.workflowState.summary, "1 lamp\nGive it a name");
 }
 
+TEST_F(EmptyPanelNotice, aPageIsNotCalledEmptyBeforeTheLampsCouldTell)
+{
+    launch();
+    loop.advance(Seconds(20));
+    addNamed(1, "Desk");
+    loop.advance(Seconds(2));
+    leaveOn(navigation().groups);
+    EXPECT_EQ(title(), "Asking the lamps for their groups");
+    EXPECT_EQ(navigation().tags.toolTip(), "Asking the lamps for their tags");
+    navigation().tags.press();
+    EXPECT_EQ(title(), "Asking the lamps");
+    addNamed(2, "Shelf"); // which has just as long as the first
+    loop.advance(Seconds(12.9));
+    EXPECT_EQ(title(), "Asking the lamps");
+    loop.advance(Seconds(0.2));
+    EXPECT_EQ(title(), "Nothing here yet");
+    EXPECT_EQ(navigation().tags.toolTip(), "No tags yet");
+}
+
 TEST_F(EmptyPanelNotice, anEmptyPageTellsAtOnceHowToFillIt)
 {
     addNamed(1, "Desk");
@@ -153,6 +172,11 @@ TEST_F(EmptyPanelNotice, anEmptyPageTellsAtOnceHowToFillIt)
     choose("Back");
     EXPECT_FALSE(navigation().filter);
     EXPECT_EQ(panel.names(), (Names{"Study", "Study"}));
+    panel.strip(0).navigationButton().press();
+    controller.workflows().removeGroup("Study");
+    EXPECT_EQ(title(), "This group is gone");
+    EXPECT_EQ(panel.notice->text, "");
+    EXPECT_EQ(offers(), Names{"Back"});
 }
 
 } // namespace lumeroom::test

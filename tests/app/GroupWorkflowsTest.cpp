@@ -327,6 +327,28 @@ TEST_F(Workflows, nothingIsConfirmedBeforeTheLampsAreOnThePanel)
     EXPECT_EQ(members(StripType::Group, "Den"), (Names{"Lamp 3", "Late"}));
 }
 
+TEST_F(Workflows, whoTellsLateOfBeingInItIsNotPutOutUnlessTheUserSaysSo)
+{
+    addNamed(4, "Lamp 4");
+    loop.advance(Seconds(2));
+    workflows.editGroupStep1("Den");
+    panel.strip(0).getSelectedButton().press(); // leaves
+    receive(stateGrouping(53, 3, 0xA1, "Den"));
+    controller.lampStatesChanged();
+    loop.runPosted();
+    EXPECT_EQ(selected(), (Names{"Lamp 2", "Lamp 3"}));
+    EXPECT_EQ(panel.workflowState.summary, "2 lamps, 1 leaves");
+    panel.strip(2).getSelectedButton().press();
+    controller.lampStatesChanged();
+    loop.runPosted();
+    EXPECT_EQ(selected(), Names{"Lamp 2"});
+    receive(stateGrouping(53, 4, 0xA1, "Den"));
+    press(WorkflowPopover::kConfirmTag, "Den"); // at the same time
+    EXPECT_EQ(members(StripType::Group, "Den"), (Names{"Lamp 2", "Lamp 4"}));
+    workflows.editGroupStep1("Den"); // not as it was left the last time
+    EXPECT_EQ(selected(), (Names{"Lamp 2", "Lamp 4"}));
+}
+
 TEST_F(Workflows, oneAtATimeAndTheWayBackEndsIt)
 {
     receive(stateGrouping(53, 3, 0xC3, "Den"));

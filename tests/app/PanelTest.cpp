@@ -163,10 +163,41 @@ TEST_F(Panel, aGroupThatBecomesKnownIsInTheMenusAndOnThePanel)
     EXPECT_EQ(titles(controller.workflows().editGroupMenu()), (Names{"Study", "Hall"}));
     loop.advance(Seconds(2));
     EXPECT_EQ(row("Hall").strip.navigationButton().toolTip(), "View 1 lamps");
+    receive(stateGrouping(kStateGroup, 2, 8, "Hall"));
+    controller.lampStatesChanged();
+    loop.runPosted();
+    EXPECT_EQ(row("Hall").strip.navigationButton().toolTip(), "View 2 lamps");
     receive(stateGrouping(kStateLocation, 3, 10, "Yard"));
     loop.advance(Seconds(2));
     EXPECT_EQ(titles(controller.workflows().editLocationMenu()).back(), "Yard");
     EXPECT_EQ(row("Yard").strip.navigationButton().toolTip(), "View 1 lamps");
+}
+
+TEST_F(Panel, aPageFollowsWhoIsInIt)
+{
+    furnish();
+    navigation().groups.press();
+    row("Study").strip.navigationButton().press();
+    const int builds = panel.builds;
+    const auto joins = [this](unsigned n, unsigned group) {
+        receive(stateGrouping(kStateGroup, n, group, group == 7 ? "Study" : "Hall", 1));
+        controller.lampStatesChanged();
+        loop.advance(Seconds(5));
+        controller.lampStatesChanged();
+        loop.advance(Seconds(5));
+    };
+    joins(3, 7);
+    EXPECT_EQ(panel.names(), (Names{"Desk", "Ceiling", "Shelf"}));
+    joins(1, 8);
+    EXPECT_EQ(panel.names(), (Names{"Ceiling", "Shelf"}));
+    EXPECT_EQ(panel.builds, builds + 2);
+    joins(2, 8);
+    joins(3, 8);
+    EXPECT_EQ(panel.notice.value().title, "No lamps here any more");
+    EXPECT_EQ(panel.builds, builds + 4);
+    joins(1, 7);
+    EXPECT_EQ(panel.names(), Names{"Desk"});
+    EXPECT_FALSE(panel.notice);
 }
 
 TEST_F(Panel, aRowShowsThePowerThatWasSentUntilItsLampTellsItsOwn)

@@ -99,6 +99,7 @@ TEST_F(UndoInPanel, takesBackWhatTheLastGestureDidAndMakesItAgain)
             EXPECT_NE(after, before);
             EXPECT_TRUE(undo.canUndo() && !undo.canRedo());
             undo.undo();
+            EXPECT_EQ(strip(3)->colourSlider().integerValue(), integerPart(*lamp(3)->colour));
             EXPECT_EQ(state(), before);
             EXPECT_EQ(strip(1)->onOffButton().state(), *lamp(1)->expectedPower());
             EXPECT_TRUE(!undo.canUndo() && undo.canRedo());
@@ -212,15 +213,24 @@ TEST_F(UndoInPanel, tellsGesturesAndStripsApart)
     EXPECT_NEAR(*lamp(2)->saturation, saturation, 2);
     EXPECT_NEAR(*lamp(2)->brightness, 30, 2);
 
+    drag(1, {60});
     strip(1)->colourSlider().moveTo(20000);
     strip(2)->colourSlider().moveTo(20000);
     strip(1)->forgetUnsentColour();
     undo.undo();
     EXPECT_FALSE(strip(2)->showsUnsentColour());
     strip(2)->colourSlider().moveTo(20000);
-    strip(1)->onOffButton().press();
-    undo.undo();
-    EXPECT_TRUE(strip(2)->showsUnsentColour());
+    for (const auto& change : {std::function<void()>([&] { strip(1)->onOffButton().press(); }),
+             std::function<void()>([&] { drag(2, {90}); })}) {
+        change();
+        const Colour unsent = strip(2)->colourWell().colour();
+        undo.undo();
+        EXPECT_TRUE(strip(2)->showsUnsentColour());
+        EXPECT_EQ(strip(2)->colourWell().colour().hue, unsent.hue);
+    }
+    EXPECT_NEAR(strip(2)->brightnessSlider().value(), *lamp(2)->brightness, 1);
+    undo.undo(); // and then the colour
+    EXPECT_TRUE(!strip(2)->showsUnsentColour() && !undo.canUndo() && undo.canRedo());
 }
 
 TEST_F(UndoInPanel, escapeInThePickerTakesBackWhatWasPickedInIt)

@@ -65,7 +65,7 @@ QVariant lamps(const KnownThing& group)
 QVariant contact(const KnownThing& thing)
 {
     using Contact = StripCondition::Contact;
-    switch (thing.record.condition.contact) {
+    switch (thing.condition.contact) {
     case Contact::Waiting:
         return QStringLiteral("waiting");
     case Contact::Silent:
