@@ -143,9 +143,11 @@ PanelNotice EmptyPanel::emptyPage() const
     for (const auto& kind : kinds) {
         if (!m_environment.panelSetUp.navigation().shows(kind.type))
             continue;
-        notice.title = notice.title.empty()    ? titleWithout(kind.type)
-            : m_environment.asksForGroupings() ? "Asking the lamps"
-                                               : "Nothing here yet";
+        if (notice.title.empty())
+            notice.title = titleWithout(kind.type);
+        else
+            notice.title
+                = m_environment.asksForGroupings() ? "Asking the lamps" : "Nothing here yet";
         notice.text += (notice.text.empty() ? "" : "\n") + std::string(kind.text);
         offer(notice, kind.make, kind.act);
     }

@@ -33,7 +33,7 @@ bool isStill(const Member& member, const std::optional<double>& left, const Lamp
     return left && value && std::abs(*left - *value) <= kLoss / kMostLevel * member.range;
 }
 
-void dropUnchanged(LampColour& before, LampColour& after)
+void dropSame(LampColour& before, LampColour& after)
 {
     for (const Member& member : kMembers) {
         auto& was = before.*member.value;
@@ -49,12 +49,12 @@ void dropUnchanged(LampColour& before, LampColour& after)
 /// same.
 void keepWhatChanged(LampColour& before, LampColour& after)
 {
-    dropUnchanged(before, after);
+    dropSame(before, after);
     before = sentWhenReported(before);
-    dropUnchanged(before, after);
+    dropSame(before, after);
 }
 
-void extend(LampColour& before, LampColour& after, const LampColour& nextBefore,
+void extendColour(LampColour& before, LampColour& after, const LampColour& nextBefore,
     const LampColour& nextAfter)
 {
     after.adopt(nextAfter);
@@ -78,7 +78,7 @@ bool send(const LampColour& wanted, const LampColour& left, const LampColour& pr
     return true;
 }
 
-bool restore(
+bool restoreLamp(
     const LampState& wanted, const LampState& left, const Lamp& lamp, LampCommands& commands)
 {
     const LampState present(lamp);
@@ -136,9 +136,9 @@ void LampChange::dropUnchanged(Sides& lamp)
 {
     if (!lamp.before.power || !lamp.after.power || lamp.before.power == lamp.after.power)
         lamp.before.power = lamp.after.power = {};
-    lumeroom::dropUnchanged(lamp.before.colour, lamp.after.colour);
+    dropSame(lamp.before.colour, lamp.after.colour);
     for (auto& [number, colour] : lamp.before.zones)
-        lumeroom::dropUnchanged(colour, lamp.after.zones[number]);
+        dropSame(colour, lamp.after.zones[number]);
     const auto isUntouched = [](const auto& zone) { return !zone.second.hasAny(); };
     std::erase_if(lamp.before.zones, isUntouched);
     std::erase_if(lamp.after.zones,
@@ -153,10 +153,9 @@ void LampChange::extend(const LampChange& next)
             lamp.before.power = more.before.power;
         if (more.after.power)
             lamp.after.power = more.after.power;
-        lumeroom::extend(
-            lamp.before.colour, lamp.after.colour, more.before.colour, more.after.colour);
+        extendColour(lamp.before.colour, lamp.after.colour, more.before.colour, more.after.colour);
         for (const auto& [number, colour] : more.before.zones)
-            lumeroom::extend(lamp.before.zones[number], lamp.after.zones[number], colour,
+            extendColour(lamp.before.zones[number], lamp.after.zones[number], colour,
                 more.after.zones.at(number));
         dropUnchanged(lamp);
     }
@@ -179,7 +178,7 @@ bool LampChange::restore(
     bool restored = false;
     for (const auto& [id, sides] : m_lamps) {
         const auto lamp = registry.lampWithID(id);
-        if (lamp && lumeroom::restore(sides.*wanted, sides.*left, *lamp, commands))
+        if (lamp && restoreLamp(sides.*wanted, sides.*left, *lamp, commands))
             restored = true;
     }
     return restored;

@@ -50,8 +50,7 @@ void StripReports::updateZones(const Lamp& lamp) const
 {
     for (const Zone& zone : lamp.zonesInOrder()) {
         const StripRecord record = StripRecord::of(zone, lamp);
-        const auto strip = m_collection.getStripWithID(record.id);
-        if (strip)
+        if (const auto strip = m_collection.getStripWithID(record.id))
             strip->implementSettingsFromDictionaryWithoutActingObservingEmbargo(record.settings);
     }
 }
@@ -69,11 +68,10 @@ void StripReports::updateGroupings(const GroupingAccess& access, const LampRegis
 
 void StripReports::updateGroupAll() const
 {
-    if (const auto strip = m_collection.getGroupStripWithID(kAllLampsId)) {
+    if (const auto strip = m_collection.getGroupStripWithID(kAllLampsId))
         showSummary(*strip, m_summaries.settingsForGroup(kAllLampsId));
-    } else if (m_log.shows(1)) {
+    else if (m_log.shows(1))
         m_log.line("can't find all group");
-    }
 }
 
 void StripReports::showSummary(LampControlStrip& strip, const Settings& summary) const
